@@ -1,0 +1,75 @@
+#include "platform/controls.h"
+
+#include <algorithm>
+
+#include "platform/surface.h"
+
+namespace tabulon::platform {
+
+Control::Control(Surface& surface, Kind kind, std::string_view name, int index, const Control* container)
+    : surface_(surface),
+      name_(name),
+      container_(container),
+      index_(index),
+      id_(surface.add(*this)),
+      kind_(kind) {}
+
+void Control::mark(Property property) {
+  changes_.add(property);
+  surface_.mark_changed();
+}
+
+void Control::set_text(std::string_view text) {
+  if (change_text(text_, text, Property::Text) && kind_ == Kind::TextBox) surface_.on_change(*this);
+}
+
+bool Control::shown() const {
+  for (const Control* control = this; control; control = control->container_)
+    if (!control->visible_) return false;
+  if (container_) return true;
+  return bounds_.left + bounds_.width > 0 && bounds_.top + bounds_.height > 0 &&
+         bounds_.left < surface_.width() && bounds_.top < surface_.height();
+}
+
+bool Control::can_take_focus() const {
+  if (kind_ == Kind::Frame || kind_ == Kind::Label || kind_ == Kind::Line || kind_ == Kind::Image ||
+      kind_ == Kind::Menu)
+    return false;
+  for (const Control* control = this; control; control = control->container_)
+    if (!control->visible_ || !control->enabled_) return false;
+  return true;
+}
+
+void ScrollBar::set_range(int min, int max) {
+  Range range = range_;
+  range.min = min;
+  range.max = max;
+  change(range_, range, Property::Range);
+}
+
+void ScrollBar::set_steps(int small_change, int large_change) {
+  Range range = range_;
+  range.small_change = small_change;
+  range.large_change = large_change;
+  change(range_, range, Property::Range);
+}
+
+void ScrollBar::set_value(int value) {
+  Range range = range_;
+  range.value = std::clamp(value, std::min(range.min, range.max), std::max(range.min, range.max));
+  if (change(range_, range, Property::Range)) surface().on_change(*this);
+}
+
+int ScrollBar::stepped(int change) const {
+  const int towards_max = range_.max >= range_.min ? change : -change;
+  return std::clamp(range_.value + towards_max, std::min(range_.min, range_.max),
+                    std::max(range_.min, range_.max));
+}
+
+Menu::Menu(Surface& surface, std::string_view name, std::string_view caption, Menu* parent)
+    : Control(surface, Kind::Menu, name, 0, parent), parent_(parent) {
+  set_text(caption);
+  if (parent) parent->items_.push_back(this);
+}
+
+}  // namespace tabulon::platform

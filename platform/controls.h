@@ -1,0 +1,306 @@
+// The controls of a surface, as plain state that a host mirrors.
+//
+//   class frmMelding : public Form {
+//     Label lblMelding{*this, "lblMelding"};
+//     CommandButton cmdOK{*this, "cmdOK"};
+//     ...
+//   };
+//
+// Setting a property to what it already is does nothing; otherwise the property is marked, and the host
+// is handed the marked properties once, when the handler is done or waits.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "platform/display_list.h"
+#include "platform/geometry.h"
+
+namespace tabulon::platform {
+
+class Surface;
+
+enum class Kind : std::uint8_t {
+  Frame,
+  Label,
+  TextBox,
+  CommandButton,
+  HScrollBar,
+  VScrollBar,
+  Line,
+  Image,
+  PictureBox,
+  Menu,
+};
+
+// One bit for each group of properties that is mirrored together.
+enum class Property : std::uint32_t {
+  Visible = 1U << 0U,
+  Enabled = 1U << 1U,
+  Bounds = 1U << 2U,
+  Text = 1U << 3U,
+  Colours = 1U << 4U,
+  ToolTip = 1U << 5U,
+  SpokenName = 1U << 6U,
+  Letters = 1U << 7U,
+  Locked = 1U << 8U,
+  Selection = 1U << 9U,
+  Range = 1U << 10U,
+  Picture = 1U << 11U,
+  Ends = 1U << 12U,
+  Drawing = 1U << 13U,
+  Checked = 1U << 14U,
+};
+
+class Properties {
+ public:
+  constexpr Properties() = default;
+  static constexpr Properties all() { return Properties(0x7FFFU); }
+  constexpr bool has(Property property) const { return (bits_ & static_cast<std::uint32_t>(property)) != 0; }
+  constexpr void add(Property property) { bits_ |= static_cast<std::uint32_t>(property); }
+  constexpr bool none() const { return bits_ == 0; }
+  constexpr std::uint32_t bits() const { return bits_; }
+
+ private:
+  constexpr explicit Properties(std::uint32_t bits) : bits_(bits) {}
+  std::uint32_t bits_ = 0;
+};
+
+// What every control has. `text` is the caption of a label, button, frame or menu item and the content of
+// a text box; "&" in the caption of a button or menu item marks its access key.
+class Control {
+ public:
+  Control(const Control&) = delete;
+  Control& operator=(const Control&) = delete;
+  virtual ~Control() = default;
+
+  Kind kind() const { return kind_; }
+  std::string_view name() const { return name_; }
+  int index() const { return index_; }  // from 1 in a control array, else 0
+  int id() const { return id_; }        // its place among the surface's controls
+  Surface& surface() const { return surface_; }
+  const Control* container() const { return container_; }
+
+  const Bounds& bounds() const { return bounds_; }
+  const std::string& text() const { return text_; }
+  Colour back_colour() const { return back_colour_; }
+  Colour fore_colour() const { return fore_colour_; }
+  const std::string& tool_tip() const { return tool_tip_; }
+  const std::string& spoken_name() const { return spoken_name_; }
+  const Letters& letters() const { return letters_; }
+  bool visible() const { return visible_; }
+  bool enabled() const { return enabled_; }
+  // Visible, in visible containers, and with some part of it on the surface.
+  bool shown() const;
+
+  void set_bounds(const Bounds& bounds) { change(bounds_, bounds, Property::Bounds); }
+  void set_left(Twips left) { set_bounds({left, bounds_.top, bounds_.width, bounds_.height}); }
+  void set_text(std::string_view text);
+  void set_back_colour(Colour colour) { change(back_colour_, colour, Property::Colours); }
+  void set_fore_colour(Colour colour) { change(fore_colour_, colour, Property::Colours); }
+  void set_tool_tip(std::string_view tip) { change_text(tool_tip_, tip, Property::ToolTip); }
+  // What a screen reader says where the text alone does not tell.
+  void set_spoken_name(std::string_view name) { change_text(spoken_name_, name, Property::SpokenName); }
+  void set_letters(const Letters& letters) { change(letters_, letters, Property::Letters); }
+  void set_visible(bool visible) { change(visible_, visible, Property::Visible); }
+  void set_enabled(bool enabled) { change(enabled_, enabled, Property::Enabled); }
+
+  // The place in the tab order; controls with the same place follow in order of creation. Controls with
+  // tab_stop off are skipped by Tab, but their place counts: Tab goes on from there.
+  int tab_index() const { return tab_index_; }
+  bool tab_stop() const { return tab_stop_; }
+  void set_tab(int index, bool stop) { tab_index_ = index, tab_stop_ = stop; }
+  bool can_take_focus() const;
+
+  // The properties marked since the last call, for the host.
+  Properties take_changes() { return std::exchange(changes_, {}); }
+
+ protected:
+  Control(Surface& surface, Kind kind, std::string_view name, int index, const Control* container);
+
+  template <class T>
+  bool change(T& field, T value, Property property) {
+    if (field == value) return false;
+    field = std::move(value);
+    mark(property);
+    return true;
+  }
+  bool change_text(std::string& field, std::string_view value, Property property) {
+    if (field == value) return false;
+    field = value;
+    mark(property);
+    return true;
+  }
+  void mark(Property property);
+
+ private:
+  friend class Surface;
+
+  Surface& surface_;
+  std::string_view name_;
+  const Control* container_;
+  Bounds bounds_;
+  std::string text_, tool_tip_, spoken_name_;
+  Colour back_colour_ = system_colour::transparent;
+  Colour fore_colour_ = system_colour::button_text;
+  Properties changes_ = Properties::all();
+  int index_, id_, tab_index_ = 0;
+  Letters letters_;
+  Kind kind_;
+  bool visible_ = true, enabled_ = true, tab_stop_ = false;
+};
+
+class Frame : public Control {
+ public:
+  Frame(Surface& surface, std::string_view name, const Control* container = nullptr)
+      : Control(surface, Kind::Frame, name, 0, container) {}
+};
+
+class Label : public Control {
+ public:
+  Label(Surface& surface, std::string_view name, int index = 0, const Control* container = nullptr)
+      : Control(surface, Kind::Label, name, index, container) {}
+};
+
+class CommandButton : public Control {
+ public:
+  CommandButton(Surface& surface, std::string_view name, const Control* container = nullptr)
+      : Control(surface, Kind::CommandButton, name, 0, container) {}
+};
+
+class TextBox : public Control {
+ public:
+  TextBox(Surface& surface, std::string_view name, int index = 0, const Control* container = nullptr)
+      : Control(surface, Kind::TextBox, name, index, container) {
+    set_back_colour(system_colour::window);
+    set_fore_colour(system_colour::window_text);
+  }
+  bool locked() const { return locked_; }
+  void set_locked(bool locked) { change(locked_, locked, Property::Locked); }
+  // Asks for the whole text to be selected, each time anew.
+  void select_all() { mark(Property::Selection); }
+
+ private:
+  bool locked_ = false;
+};
+
+// `min` stands at the top (left) end and `max` at the bottom (right) end; `min` may be the larger one, so
+// that the up arrow raises the value.
+class ScrollBar : public Control {
+ public:
+  int min() const { return range_.min; }
+  int max() const { return range_.max; }
+  int value() const { return range_.value; }
+  int small_change() const { return range_.small_change; }
+  int large_change() const { return range_.large_change; }
+  void set_range(int min, int max);
+  void set_steps(int small_change, int large_change);
+  // Tells the surface of a change, whoever makes it. A value beyond an end stops at that end.
+  void set_value(int value);
+  // Moves by `steps` arrows towards `max` (or, negative, towards `min`).
+  int stepped(int change) const;
+
+ protected:
+  using Control::Control;
+
+ private:
+  struct Range {
+    int min = 0, max = 32767, value = 0, small_change = 1, large_change = 1;
+    friend bool operator==(const Range&, const Range&) = default;
+  };
+  Range range_;
+};
+
+class HScrollBar : public ScrollBar {
+ public:
+  HScrollBar(Surface& surface, std::string_view name, const Control* container = nullptr)
+      : ScrollBar(surface, Kind::HScrollBar, name, 0, container) {}
+};
+
+class VScrollBar : public ScrollBar {
+ public:
+  VScrollBar(Surface& surface, std::string_view name, const Control* container = nullptr)
+      : ScrollBar(surface, Kind::VScrollBar, name, 0, container) {}
+};
+
+class Line : public Control {
+ public:
+  Line(Surface& surface, std::string_view name, int index = 0, const Control* container = nullptr)
+      : Control(surface, Kind::Line, name, index, container) {}
+  Point from() const { return ends_.first; }
+  Point to() const { return ends_.second; }
+  void set_ends(Point from, Point to) { change(ends_, {from, to}, Property::Ends); }
+
+ private:
+  std::pair<Point, Point> ends_;
+};
+
+class Image : public Control {
+ public:
+  Image(Surface& surface, std::string_view name, int index = 0, const Control* container = nullptr)
+      : Control(surface, Kind::Image, name, index, container) {}
+  Picture picture() const { return picture_; }
+  void set_picture(Picture picture) { change(picture_, picture, Property::Picture); }
+
+ private:
+  Picture picture_ = Picture::None;
+};
+
+class PictureBox : public Control {
+ public:
+  PictureBox(Surface& surface, std::string_view name, const Control* container = nullptr)
+      : Control(surface, Kind::PictureBox, name, 0, container) {}
+  const Scale& scale() const { return scale_; }
+  const DisplayList& drawing() const { return drawing_; }
+  void set_scale(const Scale& scale) { change(scale_, scale, Property::Drawing); }
+  void set_drawing(DisplayList drawing) { change(drawing_, std::move(drawing), Property::Drawing); }
+
+ private:
+  Scale scale_;
+  DisplayList drawing_;
+};
+
+// A menu: a pop-up, an item in it, a submenu, or (with the caption "-") a separator line.
+class Menu : public Control {
+ public:
+  Menu(Surface& surface, std::string_view name, std::string_view caption, Menu* parent = nullptr);
+  Menu* parent() const { return parent_; }
+  const std::vector<Menu*>& items() const { return items_; }
+  bool is_separator() const { return text() == "-"; }
+  // Whether the item ever carries a check mark.
+  bool checkable() const { return checkable_; }
+  bool checked() const { return checked_; }
+  void set_checkable() { change(checkable_, true, Property::Checked); }
+  void set_checked(bool checked) { change(checked_, checked, Property::Checked); }
+
+ private:
+  Menu* parent_;
+  std::vector<Menu*> items_;
+  bool checkable_ = false, checked_ = false;
+};
+
+// A control array, indexed from 1:  ControlArray<TextBox, 35> txtTableau{*this, "txtTableau"};
+template <class C, int count>
+class ControlArray {
+ public:
+  explicit ControlArray(Surface& surface, std::string_view name, const Control* container = nullptr)
+      : ControlArray(surface, name, container, std::make_integer_sequence<int, count>{}) {}
+  static constexpr int size() { return count; }
+  C& operator()(int index) { return controls_[static_cast<std::size_t>(index - 1)]; }
+  const C& operator()(int index) const { return controls_[static_cast<std::size_t>(index - 1)]; }
+  auto begin() { return controls_.begin(); }
+  auto end() { return controls_.end(); }
+
+ private:
+  template <int... at>
+  ControlArray(Surface& surface, std::string_view name, const Control* container,
+               std::integer_sequence<int, at...>)
+      : controls_{C(surface, name, at + 1, container)...} {}
+  std::array<C, count> controls_;
+};
+
+}  // namespace tabulon::platform

@@ -1,0 +1,275 @@
+#include "platform/desk.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace tabulon::platform {
+
+// What lies on top of everything and takes every event until it is over: a form, a menu, or something of
+// the host's own (a file dialog). It lives in the task that opened it, and goes with it.
+struct Desk::Modal {
+  Modal(Surface& opener, Form* shown, MenuSession* opened)
+      : desk(opener.desk()), owner(opener), form(shown), menu(opened) {
+    desk.modals_.push_back(this);
+  }
+  Modal(const Modal&) = delete;
+  ~Modal() {
+    if (form) desk.host_.close_form(*form);
+    if (menu) desk.host_.close_menu();
+    std::erase(desk.modals_, this);
+  }
+  bool over() const { return (form && form->unloaded()) || (menu && menu->over()); }
+
+  Desk& desk;
+  Surface& owner;
+  Form* form;
+  MenuSession* menu;
+  Completion<bool> ended;
+};
+
+// A task that waits for an answer of the host.
+struct Desk::Waiting {
+  explicit Waiting(Desk& on) : desk(on), ticket(++on.last_ticket_) { desk.waiting_.push_back(this); }
+  Waiting(const Waiting&) = delete;
+  ~Waiting() { std::erase(desk.waiting_, this); }
+
+  Desk& desk;
+  Ticket ticket;
+  Completion<std::string> answer;
+};
+
+Desk::~Desk() {
+  running_.clear();
+}
+
+// ---- What handlers await
+
+Task<> Desk::show_modal(Form& form) {
+  Modal modal(form.owner(), &form, nullptr);
+  form.on_load();
+  host_.open_form(form);
+  co_await form.entered();
+  co_await form.on_activate();
+  Control* const first = form.tab_neighbour(nullptr, false);
+  if (first && !form.active()) co_await form.set_focus(*first);
+  co_await modal.ended;
+}
+
+Task<Menu*> Desk::show_menu(Menu& menu, Twips x, Twips y) {
+  MenuSession session(menu, x, y);
+  Modal modal(menu.surface(), nullptr, &session);
+  host_.open_menu(session);
+  co_await modal.ended;
+  co_return session.chosen();
+}
+
+Task<std::string> Desk::show_file_dialog(Surface& surface, FileDialog dialog) {
+  Modal modal(surface, nullptr, nullptr);
+  Waiting waiting(*this);
+  host_.show_file_dialog(dialog, waiting.ticket);
+  co_return co_await waiting.answer;
+}
+
+Task<> Desk::pending_events() {
+  Waiting waiting(*this);
+  show_changes();
+  host_.wake_after_repaint(waiting.ticket);
+  co_await waiting.answer;
+}
+
+Task<> Desk::breathe() {
+  if (!host_.breath_due()) co_return;
+  Waiting waiting(*this);
+  host_.wake_after_events(waiting.ticket);
+  co_await waiting.answer;
+}
+
+Task<> Desk::wait_milliseconds(double milliseconds) {
+  Waiting waiting(*this);
+  host_.wake_after(milliseconds, waiting.ticket);
+  co_await waiting.answer;
+}
+
+Task<bool> Desk::copy_picture(ClipboardPicture picture) {
+  Waiting waiting(*this);
+  host_.copy_picture(picture, waiting.ticket);
+  const std::string refusal = co_await waiting.answer;
+  co_return refusal.empty();
+}
+
+// ---- Events
+
+bool Desk::accepts(const Surface& surface) const {
+  const Modal* const top = level();
+  if (top ? top->form != &surface : surface.is_form()) return false;
+  return std::ranges::none_of(running_, [&](const Running& running) { return running.level == top; });
+}
+
+Desk::Outcome Desk::start_event(Surface& surface, Task<> task) {
+  return accepts(surface) ? start(surface, std::move(task)) : Outcome::Dropped;
+}
+
+Desk::Outcome Desk::start(Surface& surface, Task<> task, Ticket call) {
+  Running& running = running_.emplace_back(Running{&surface, level(), call, std::move(task)});
+  running.task.start();
+  const Outcome outcome = running.task.done() ? Outcome::Ended : Outcome::Waits;
+  settle();
+  return outcome;
+}
+
+bool Desk::click(Control& control) {
+  return start_event(control.surface(), control.surface().clicked(control)) != Outcome::Dropped;
+}
+
+bool Desk::click(Surface& surface) {
+  return start_event(surface, surface.on_surface_click()) != Outcome::Dropped;
+}
+
+bool Desk::type(TextBox& box, std::string text) {
+  return start_event(box.surface(), box.surface().typed(box, std::move(text))) != Outcome::Dropped;
+}
+
+bool Desk::focus(Control& control) {
+  return start_event(control.surface(), control.surface().focus_wanted(control)) != Outcome::Dropped;
+}
+
+bool Desk::scroll(ScrollBar& bar, int value, bool dragging) {
+  return start_event(bar.surface(), bar.surface().scrolled(bar, value, dragging)) != Outcome::Dropped;
+}
+
+bool Desk::pointer(Control& control, const Pointer& pointer) {
+  return start_event(control.surface(), control.surface().on_pointer(control, pointer)) != Outcome::Dropped;
+}
+
+// Entering and leaving are facts, not wishes: they are noted even while a handler runs.
+void Desk::enter(Surface& surface) {
+  start(surface, surface.entered());
+}
+void Desk::leave(Surface& surface) {
+  start(surface, surface.left());
+}
+
+bool Desk::key(Surface& surface, KeyPress press) {
+  if (menu_on_top()) {
+    menu_key(press);
+    return true;
+  }
+  // A key that makes the person answer something was used, whatever comes of it: the flag outlives this call.
+  const auto used = std::make_shared<bool>(false);
+  const auto gesture = [](Surface& on, KeyPress pressed, std::shared_ptr<bool> flag) -> Task<> {
+    co_await on.pressed_key(pressed, *flag);
+  };
+  return start_event(surface, gesture(surface, press, used)) != Outcome::Ended || *used;
+}
+
+// ---- Menus
+
+MenuSession* Desk::menu_on_top() {
+  return modals_.empty() ? nullptr : modals_.back()->menu;
+}
+const MenuSession* Desk::open_menu() const {
+  return modals_.empty() ? nullptr : modals_.back()->menu;
+}
+
+void Desk::menu_changed() {
+  if (!menu_on_top()->over()) host_.update_menu(*menu_on_top());
+  settle();
+}
+
+void Desk::menu_key(const KeyPress& press) {
+  if (!menu_on_top()) return;
+  menu_on_top()->key(press);
+  menu_changed();
+}
+
+void Desk::menu_point_at(Menu& item) {
+  if (!menu_on_top()) return;
+  menu_on_top()->point_at(item);
+  menu_changed();
+}
+
+void Desk::menu_choose(Menu& item) {
+  if (!menu_on_top()) return;
+  menu_on_top()->choose(item);
+  menu_changed();
+}
+
+void Desk::menu_dismiss() {
+  if (!menu_on_top()) return;
+  menu_on_top()->dismiss();
+  menu_changed();
+}
+
+// ---- Answers, calls, endings
+
+void Desk::answer(Ticket ticket, std::string text) {
+  const auto found = std::ranges::find(waiting_, ticket, &Waiting::ticket);
+  if (found == waiting_.end()) return;
+  (*found)->answer.complete(std::move(text));
+  settle();
+}
+
+Ticket Desk::call(Surface& surface, Task<> task) {
+  const Ticket ticket = ++last_ticket_;
+  start(surface, std::move(task), ticket);
+  return std::ranges::find(running_, ticket, &Running::call) != running_.end() ? ticket : 0;
+}
+
+bool Desk::remove_ended_tasks() {
+  std::vector<Ticket> calls;
+  const auto removed = std::erase_if(running_, [&](Running& running) {
+    if (!running.task.done()) return false;
+    if (running.call != 0) calls.push_back(running.call);
+    return true;
+  });
+  for (const Ticket call : calls) host_.call_ended(call);
+  return removed != 0;
+}
+
+bool Desk::end_modal() {
+  Modal* const top = modals_.empty() ? nullptr : modals_.back();
+  if (!top || !top->over()) return false;
+  if (std::ranges::any_of(running_, [&](const Running& running) { return running.level == top; }))
+    return false;
+  top->ended.complete(true);
+  return true;
+}
+
+void Desk::settle() {
+  if (std::exchange(settling_, true)) return;
+  while (remove_ended_tasks() || end_modal()) {
+  }
+  settling_ = false;
+  show_changes();
+}
+
+bool Desk::busy(const Surface& surface) const {
+  return std::ranges::any_of(running_, [&](const Running& running) {
+    return running.owner == &surface && running.level == level();
+  });
+}
+
+void Desk::show_changes() {
+  for (Surface* surface : surfaces_) {
+    if (surface->take_changed()) host_.mirror(*surface);
+    const bool was = std::ranges::find(busy_, surface) != busy_.end();
+    if (busy(*surface) == was) continue;
+    host_.set_busy(*surface, !was);
+    was ? static_cast<void>(std::erase(busy_, surface)) : busy_.push_back(surface);
+  }
+}
+
+void Desk::abandon(Surface& surface) {
+  const auto belongs = [&](const Running& running) {
+    return running.owner == &surface || (running.level && &running.level->owner == &surface);
+  };
+  while (true) {  // the last started first: what runs on a form before what opened the form
+    const auto last = std::find_if(running_.rbegin(), running_.rend(), belongs);
+    if (last == running_.rend()) break;
+    running_.erase(std::next(last).base());
+  }
+  std::erase(busy_, &surface);
+  settle();
+}
+
+}  // namespace tabulon::platform

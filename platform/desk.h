@@ -1,0 +1,103 @@
+// The desk: where surfaces lie, one person works, and one thing happens at a time.
+//
+// Hosts turn each native event into one call here. The desk starts the surface's gesture as a task, lets
+// it run until it ends or waits, and then hands the host what changed. While a form or menu is open, or a
+// handler is not done, events for anything else are dropped.
+//
+//   desk.click(*lpctrl.find("cmd_Bewerken"));
+//   desk.menu_choose(...);
+#pragma once
+
+#include <list>
+#include <string>
+#include <vector>
+
+#include "platform/host.h"
+
+namespace tabulon::platform {
+
+class Desk {
+ public:
+  explicit Desk(Host& host) : host_(host) {}
+  Desk(const Desk&) = delete;
+  Desk& operator=(const Desk&) = delete;
+  ~Desk();
+
+  Host& host() const { return host_; }
+
+  // ---- What handlers await
+  Task<> show_modal(Form& form);
+  // The item chosen, or null. `x` and `y` on the surface, in twips.
+  Task<Menu*> show_menu(Menu& menu, Twips x, Twips y);
+  // The name chosen; after cancelling, the name that the dialog started with.
+  Task<std::string> show_file_dialog(Surface& surface, FileDialog dialog);
+  Task<> pending_events();  // what is waiting happens once: the screen shows what was changed
+  // Gives the host's thread back for a moment when the handler has held it long; nearly free otherwise.
+  Task<> breathe();
+  Task<> wait_milliseconds(double milliseconds);
+  Task<bool> copy_picture(ClipboardPicture picture);
+
+  // ---- What hosts call. Each returns whether the event was taken.
+  bool accepts(const Surface& surface) const;
+  bool click(Control& control);
+  bool click(Surface& surface);
+  bool type(TextBox& box, std::string text);
+  bool focus(Control& control);
+  // True when the key did something here, so that the host must not let it do something else.
+  bool key(Surface& surface, KeyPress press);
+  bool scroll(ScrollBar& bar, int value, bool dragging = false);
+  bool pointer(Control& control, const Pointer& pointer);
+  void enter(Surface& surface);
+  void leave(Surface& surface);
+
+  const MenuSession* open_menu() const;
+  void menu_key(const KeyPress& press);
+  void menu_point_at(Menu& item);
+  void menu_choose(Menu& item);
+  void menu_dismiss();
+
+  void wake(Ticket ticket) { answer(ticket, {}); }
+  void answer(Ticket ticket, std::string text);
+
+  // ---- Calls from scripts
+  // Runs the task now, whatever is open; 0 when it has ended already, else Host::call_ended tells.
+  Ticket call(Surface& surface, Task<> task);
+  // Hands the host what code outside any handler changed.
+  void settle();
+
+  // Gives up whatever the surface is doing, and closes what it has opened.
+  void abandon(Surface& surface);
+
+ private:
+  friend class Surface;
+  struct Modal;
+  struct Waiting;
+  struct Running {
+    Surface* owner;
+    const Modal* level;
+    Ticket call;  // 0 where nobody waits for the end
+    Task<> task;
+  };
+  enum class Outcome : std::uint8_t { Dropped, Ended, Waits };
+
+  Outcome start_event(Surface& surface, Task<> task);
+  Outcome start(Surface& surface, Task<> task, Ticket call = 0);
+  bool busy(const Surface& surface) const;
+  const Modal* level() const { return modals_.empty() ? nullptr : modals_.back(); }
+  MenuSession* menu_on_top();
+  void menu_changed();
+  bool remove_ended_tasks();
+  bool end_modal();
+  void show_changes();
+
+  Host& host_;
+  std::vector<Surface*> surfaces_;
+  std::vector<Modal*> modals_;
+  std::vector<Waiting*> waiting_;
+  std::list<Running> running_;
+  std::vector<Surface*> busy_;
+  Ticket last_ticket_ = 0;
+  bool settling_ = false;
+};
+
+}  // namespace tabulon::platform

@@ -1,0 +1,185 @@
+#include "platform/surface.h"
+
+#include <algorithm>
+
+#include "platform/captions.h"
+#include "platform/desk.h"
+
+namespace tabulon::platform {
+
+Surface::Surface(Desk& desk, std::string_view name, Twips width, Twips height)
+    : desk_(desk), name_(name), width_(width), height_(height) {
+  desk_.surfaces_.push_back(this);
+}
+
+Surface::~Surface() {
+  std::erase(desk_.surfaces_, this);
+}
+
+int Surface::add(Control& control) {
+  controls_.push_back(&control);
+  return static_cast<int>(controls_.size()) - 1;
+}
+
+Control* Surface::find(std::string_view name, int index) const {
+  const auto found = std::ranges::find_if(controls_, [&](const Control* control) {
+    return control->name() == name && control->index() == index;
+  });
+  return found != controls_.end() ? *found : nullptr;
+}
+
+Task<bool> Surface::set_focus(Control& target) {
+  if (&target == active_) co_return true;
+  if (!target.can_take_focus()) co_return false;
+  if (!has_focus_) has_focus_ = desk_.host().take_focus(*this);
+  if (active_) {
+    bool refused = false;
+    co_await on_validate(*active_, refused);
+    if (refused) co_return false;
+  }
+  Control* const before = std::exchange(active_, &target);
+  mark_changed();
+  if (before) co_await on_lost_focus(*before);
+  if (has_focus_ && active_ == &target) co_await on_got_focus(target);
+  co_return true;
+}
+
+Control* Surface::tab_neighbour(const Control* from, bool backward) const {
+  const auto place = [](const Control* control) { return std::pair(control->tab_index(), control->id()); };
+  const auto comes_first = [&](const Control* one, const Control* other) {
+    return backward ? place(one) > place(other) : place(one) < place(other);
+  };
+  Control* nearest = nullptr;
+  for (Control* control : controls_) {
+    if (!control->tab_stop() || !control->can_take_focus()) continue;
+    if (from && !comes_first(from, control)) continue;
+    if (!nearest || comes_first(control, nearest)) nearest = control;
+  }
+  return nearest;
+}
+
+Task<> Surface::clicked(Control& control) {
+  if (!control.enabled()) co_return;
+  if (control.kind() == Kind::CommandButton && !co_await set_focus(control)) co_return;
+  co_await on_click(control);
+}
+
+Task<> Surface::typed(TextBox& box, std::string text) {
+  if (!co_await set_focus(box) || box.locked()) co_return;
+  box.set_text(text);
+}
+
+Task<> Surface::focus_wanted(Control& control) {
+  co_await set_focus(control);
+  mark_changed();  // the host's own focus may have moved already: it is put where the surface's is
+}
+
+Task<> Surface::pressed_key(KeyPress press, bool& used) {
+  co_await on_key_down(press, used);
+  if (!used) co_await default_key(press, used);
+}
+
+Task<> Surface::scrolled(ScrollBar& bar, int value, bool dragging) {
+  if (!co_await set_focus(bar)) co_return;
+  bar.set_value(value);
+  if (dragging) co_await on_scroll(bar);
+}
+
+Task<> Surface::entered() {
+  if (has_focus_) co_return;
+  has_focus_ = true;
+  co_await on_enter();
+}
+
+Task<> Surface::left() {
+  if (!has_focus_) co_return;
+  has_focus_ = false;
+  co_await on_exit();
+}
+
+Task<> Surface::default_key(KeyPress press, bool& used) {
+  if (press.code == key::tab && (press.shift & ~held::shift) == 0) {
+    Control* const neighbour = tab_neighbour(active_, press.shift == held::shift);
+    used = neighbour != nullptr;
+    if (neighbour) co_await set_focus(*neighbour);
+  } else if (press.shift == held::alt) {
+    for (Control* control : controls_) {
+      if (control->kind() != Kind::CommandButton || !control->shown() ||
+          access_key(control->text()) != press.code)
+        continue;
+      used = true;
+      co_await clicked(*control);
+      co_return;
+    }
+  } else if (press.shift == held::none && (press.code == key::enter || press.code == key::space)) {
+    if (!active_ || active_->kind() != Kind::CommandButton) co_return;
+    used = true;
+    co_await clicked(*active_);
+  }
+}
+
+Task<> Surface::on_click(Control&) {
+  co_return;
+}
+Task<> Surface::on_surface_click() {
+  co_return;
+}
+void Surface::on_change(Control&) {}
+Task<> Surface::on_scroll(ScrollBar&) {
+  co_return;
+}
+Task<> Surface::on_got_focus(Control&) {
+  co_return;
+}
+Task<> Surface::on_lost_focus(Control&) {
+  co_return;
+}
+Task<> Surface::on_validate(Control&, bool&) {
+  co_return;
+}
+Task<> Surface::on_key_down(KeyPress&, bool&) {
+  co_return;
+}
+Task<> Surface::on_pointer(Control&, Pointer) {
+  co_return;
+}
+Task<> Surface::on_enter() {
+  co_return;
+}
+Task<> Surface::on_exit() {
+  co_return;
+}
+
+void Form::set_caption(std::string_view caption) {
+  if (caption_ == caption) return;
+  caption_ = caption;
+  mark_changed();
+}
+
+Form::Form(Surface& owner, std::string_view name, Twips width, Twips height)
+    : Surface(owner.desk(), name, width, height), owner_(owner) {}
+
+Task<> Form::on_activate() {
+  co_return;
+}
+
+Task<> Form::default_key(KeyPress press, bool& used) {
+  co_await Surface::default_key(press, used);
+  if (used) co_return;
+  if (press.code == key::tab) co_return co_await wrap_focus(press.shift == held::shift, used);
+  if (press.shift != held::none) co_return;
+  CommandButton* const button = press.code == key::enter    ? default_button
+                                : press.code == key::escape ? cancel_button
+                                                            : nullptr;
+  if (!button) co_return;
+  used = true;
+  co_await clicked(*button);
+}
+
+// On a form the tab order is a ring: the focus stays on it.
+Task<> Form::wrap_focus(bool backward, bool& used) {
+  used = true;
+  if (Control* const first = tab_neighbour(nullptr, backward)) co_await set_focus(*first);
+}
+
+}  // namespace tabulon::platform

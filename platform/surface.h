@@ -1,0 +1,130 @@
+// A surface: the control or a form, with its controls, its focus and what happens on it.
+//
+// A subclass declares its controls as members and overrides the handlers that it needs. Hosts do not call
+// the handlers; they call the desk (platform/desk.h), which sees to the order of things.
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/controls.h"
+#include "platform/keys.h"
+#include "platform/task.h"
+
+namespace tabulon::platform {
+
+class Desk;
+
+// A pointer over a control; `x` and `y` in the units of that control, from its top left corner.
+struct Pointer {
+  enum class Action : std::uint8_t { Down, Move, Up, Lost };
+  Action action = Action::Move;
+  bool left_button = false;
+  double x = 0, y = 0;
+};
+
+class Surface {
+ public:
+  Surface(Desk& desk, std::string_view name, Twips width, Twips height);
+  Surface(const Surface&) = delete;
+  Surface& operator=(const Surface&) = delete;
+  virtual ~Surface();
+
+  Desk& desk() const { return desk_; }
+  std::string_view name() const { return name_; }
+  Twips width() const { return width_; }
+  Twips height() const { return height_; }
+  virtual bool is_form() const { return false; }
+
+  const std::vector<Control*>& controls() const { return controls_; }
+  Control* find(std::string_view name, int index = 0) const;
+
+  // ---- Focus. `active` is the control that has the focus, or had it when the surface last had it.
+  Control* active() const { return active_; }
+  bool has_focus() const { return has_focus_; }
+  // Moves the focus: the active control's Validate, which may refuse; then its LostFocus (the target is
+  // active already), then the target's GotFocus. False when the move was refused or the target cannot take
+  // the focus; true otherwise, also when the target's GotFocus has passed the focus on. Moving to the
+  // active control raises nothing.
+  Task<bool> set_focus(Control& target);
+  // The next control in tab order after `from`, or before it; null at the end of the order. Without
+  // `from`, the first or the last.
+  Control* tab_neighbour(const Control* from, bool backward) const;
+
+  // ---- What the desk starts for the person; each is a whole gesture with its events.
+  Task<> clicked(Control& control);
+  Task<> typed(TextBox& box, std::string text);
+  Task<> focus_wanted(Control& control);
+  Task<> pressed_key(KeyPress press, bool& used);
+  Task<> scrolled(ScrollBar& bar, int value, bool dragging);
+  Task<> entered();
+  Task<> left();
+
+  // True once for each time that something changed since the last call.
+  bool take_changed() { return std::exchange(changed_, false); }
+  void mark_changed() { changed_ = true; }
+
+  // ---- Handlers. `on_change` runs at once, also for changes made by code; the others may wait.
+  virtual Task<> on_click(Control& control);
+  virtual Task<> on_surface_click();
+  virtual void on_change(Control& control);
+  virtual Task<> on_scroll(ScrollBar& bar);
+  virtual Task<> on_got_focus(Control& control);
+  virtual Task<> on_lost_focus(Control& control);
+  virtual Task<> on_validate(Control& control, bool& refused);
+  // Sees every key before the control that has the focus; `used` keeps the key from that control.
+  virtual Task<> on_key_down(KeyPress& press, bool& used);
+  virtual Task<> on_pointer(Control& control, Pointer pointer);
+  virtual Task<> on_enter();
+  virtual Task<> on_exit();
+
+ protected:
+  // What a key does by itself: Tab, access keys, Enter and space on a button.
+  virtual Task<> default_key(KeyPress press, bool& used);
+
+ private:
+  friend class Control;
+  int add(Control& control);
+
+  Desk& desk_;
+  std::string_view name_;
+  Twips width_, height_;
+  std::vector<Control*> controls_;
+  Control* active_ = nullptr;
+  bool has_focus_ = false, changed_ = true;
+};
+
+// A modal form. Created when it is needed, shown with Desk::show_modal, gone with its scope.
+class Form : public Surface {
+ public:
+  // `owner` is the surface that opens the form; the form stands over it.
+  Form(Surface& owner, std::string_view name, Twips width, Twips height);
+  Surface& owner() const { return owner_; }
+  bool is_form() const final { return true; }
+
+  const std::string& caption() const { return caption_; }
+  void set_caption(std::string_view caption);
+  bool unloaded() const { return unloaded_; }
+  void unload() { unloaded_ = true; }
+
+  // The buttons that Enter and Escape press from anywhere on the form; null when there is none.
+  CommandButton* default_button = nullptr;
+  CommandButton* cancel_button = nullptr;
+
+  virtual void on_load() {}
+  virtual Task<> on_activate();
+
+ protected:
+  Task<> default_key(KeyPress press, bool& used) override;
+
+ private:
+  Task<> wrap_focus(bool backward, bool& used);
+
+  Surface& owner_;
+  std::string caption_;
+  bool unloaded_ = false;
+};
+
+}  // namespace tabulon::platform

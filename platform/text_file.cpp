@@ -1,0 +1,83 @@
+#include "platform/text_file.h"
+
+#include <utility>
+
+namespace tabulon::platform {
+
+namespace {
+
+constexpr std::size_t chunk = 4096;
+
+// The next character of a UTF-8 text as a code point; a byte that begins none counts as U+FFFD.
+char32_t next_character(std::string_view& text) {
+  const auto byte = [&](std::size_t at) { return static_cast<unsigned char>(text[at]); };
+  const unsigned char first = byte(0);
+  const std::size_t length = first < 0x80 ? 1 : first >= 0xF0 ? 4 : first >= 0xE0 ? 3 : first >= 0xC0 ? 2 : 0;
+  if (length == 0 || length > text.size()) {
+    text.remove_prefix(1);
+    return 0xFFFD;
+  }
+  char32_t code = length == 1 ? first : first & (0x7FU >> length);
+  for (std::size_t at = 1; at < length; ++at) code = code << 6U | (byte(at) & 0x3FU);
+  text.remove_prefix(length);
+  return code;
+}
+
+std::string to_latin(std::string_view text) {
+  std::string latin;
+  latin.reserve(text.size() + 2);
+  while (!text.empty()) {
+    const char32_t code = next_character(text);
+    latin += code <= 0xFF ? static_cast<char>(code) : '?';
+  }
+  return latin;
+}
+
+std::string from_latin(std::string_view latin) {
+  std::string text;
+  text.reserve(latin.size());
+  for (const char letter : latin) {
+    const auto code = static_cast<unsigned char>(letter);
+    if (code < 0x80) {
+      text += letter;
+    } else {
+      text += static_cast<char>(0xC0U | code >> 6U);
+      text += static_cast<char>(0x80U | (code & 0x3FU));
+    }
+  }
+  return text;
+}
+
+}  // namespace
+
+Result<TextFile> TextFile::open(FileStore& store, std::string_view name, Mode mode) {
+  auto bytes = mode == Mode::Input ? store.open_for_input(name) : store.open_for_output(name);
+  if (!bytes) return std::unexpected(bytes.error());
+  return TextFile(std::move(*bytes), mode);
+}
+
+Result<> TextFile::write_line(std::string_view text) {
+  if (mode_ == Mode::Input) return fail(ErrorNumber::BadFileMode);
+  return bytes_->append(to_latin(text) + "\r\n");
+}
+
+Result<std::string> TextFile::read_line() {
+  if (mode_ == Mode::Output) return fail(ErrorNumber::BadFileMode);
+  std::size_t end = 0;
+  while ((end = ahead_.find('\n')) == std::string::npos) {
+    auto more = bytes_->read(chunk);
+    if (!more) return std::unexpected(more.error());
+    if (more->empty()) break;
+    ahead_ += *more;
+  }
+  std::string line = ahead_.substr(0, end);
+  ahead_.erase(0, end == std::string::npos ? end : end + 1);
+  if (line.ends_with('\r')) line.pop_back();
+  return from_latin(line);
+}
+
+Result<> TextFile::close() {
+  return bytes_->close();
+}
+
+}  // namespace tabulon::platform
