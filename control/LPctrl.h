@@ -1,0 +1,207 @@
+// LPctrl: the control as a host sees it.
+//
+//   Desk desk(host);
+//   basSafeCtl model;
+//   LPctrl control(desk, model);
+//   control.UserControl_Initialize();
+//   control.UserControl_ReadProperties(page);   // the page's parameters
+//   desk.call(control, control.UserControl_Show());
+//
+// One class to its host; its handlers stand in the folder of their subject: the menu handlers and the
+// keyboard in shell/, the operations' handlers and dialogs in simplex/, the grid here.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+
+#include "control/basSafeCtl.h"
+#include "platform/desk.h"
+
+namespace tabulon {
+
+// The page's saved parameters, read once.
+class PropertyBag {
+ public:
+  virtual ~PropertyBag() = default;
+  // The parameter's text; nothing when the page does not give it. Names are compared without case.
+  virtual std::optional<std::string> read(std::string_view key) const = 0;
+};
+
+// What a script gives to a property.
+using PropertyValue = std::variant<double, bool, std::string>;
+
+class LPctrl : public platform::Surface {
+ public:
+  enum ListKind : std::uint8_t { objective, less_equal, greater_equal, equal, right_hand_sides };
+
+  // The fixed size, in twips.
+  static constexpr platform::Twips fixed_width = 9000, fixed_height = 4440;
+
+  LPctrl(platform::Desk& desk, basSafeCtl& model);
+
+  // ---- Life cycle, called by the host in this order; Show whenever the control is shown anew.
+  // Lays out a new tableau from the model's counts. Error 6 or 9 when they ask for too much.
+  Result<> UserControl_Initialize();
+  // Reads the page's parameters and the tableau from them. Errors 6, 9 and 13, the subject naming the
+  // parameter; the counts are then what they were, and the tableau is a new one of that size.
+  Result<> UserControl_ReadProperties(const PropertyBag& page);
+  platform::Task<> UserControl_Show();
+  void UserControl_Terminate() {}
+
+  // ---- For scripts
+  // Sets a write-only property (names are compared without case). Error 6, 9 or 13, the subject naming
+  // the property. Nothing for a name that is no property.
+  std::optional<Result<>> set_property(std::string_view name, const PropertyValue& value);
+  Result<> InitTableau() { return tabulon::InitTableau(model_); }
+  // The display text of a number; see numbers/display.h.
+  std::string strSoortGetal(std::int16_t Soort, double Getal) const;
+  platform::Task<> ShowAboutBox();
+  platform::Task<> ShowfrmMelding();
+  platform::Task<> ShowfrmFoutmelding();
+
+  basSafeCtl& model() { return model_; }
+
+  // ---- The grid
+  // Draws the tableau, from the given column and row on. Error 9 when the counts are beyond the storage.
+  Result<> ToonTableau(int startKolom, int startRij);
+
+  // ---- What happens on the control
+  platform::Task<> on_click(platform::Control& control) override;
+  platform::Task<> on_surface_click() override { return UserControl_Click(); }
+  void on_change(platform::Control& control) override;
+  platform::Task<> on_scroll(platform::ScrollBar& bar) override;
+  platform::Task<> on_got_focus(platform::Control& control) override;
+  platform::Task<> on_enter() override { return UserControl_EnterFocus(); }
+  platform::Task<> on_exit() override;
+
+ private:
+  static constexpr int grid_rows = 7, grid_columns = 5;
+  using CommandHandler = platform::Task<> (LPctrl::*)();
+  struct Command {
+    std::string_view name;
+    CommandHandler run;
+  };
+  static const Command commands[];  // buttons and menu items, by name
+
+  platform::Task<> run_command(std::string_view name);
+  // Draws the grid as it is scrolled, and reports where that cannot be done.
+  void redraw();
+  void report(const Result<>& result);
+
+  // ---- control/parameters.cpp
+  Result<> read_counts(const PropertyBag& page);
+  Result<> read_lists(const PropertyBag& page);
+  Result<> set_prmShow(const PropertyValue& value);
+  Result<> apply_list(ListKind kind, std::string_view text);
+  Result<> apply_objective(std::string_view text);
+  Result<> apply_rows(ListKind kind, std::string_view text);
+  void WisLijst();
+
+  // ---- control/layout.cpp
+  void lay_out();
+
+  // ---- control/grid.cpp
+  platform::TextBox& cell(int grid_row, int grid_column) {
+    return txtTableau((grid_row - 1) * grid_columns + grid_column);
+  }
+  void show_columns(int filled);
+  void show_rows(int filled);
+  void draw_row(int grid_row, int row);
+  void draw_column(int grid_column, int column);
+  void draw_cell(int grid_row, int grid_column, int row, int column);
+
+  // ---- control/scrolling.cpp
+  void set_scroll_ranges();
+  // Puts the scroll bars where the grid is, without drawing it again.
+  void follow_grid();
+  void HScroll_Change();
+  void VScroll_Change();
+
+  // ---- control/fractions.cpp
+  platform::Task<> mnu_Breuken_Click();
+
+  // ---- shell/menu_handlers.cpp
+  platform::Task<> cmd_Bestand_Click();
+  platform::Task<> cmd_Bewerken_Click();
+  platform::Task<> cmd_Opties_Click();
+  platform::Task<> cmd_Help_Click();
+  platform::Task<> pop_up(platform::Menu& menu, platform::Twips x);
+  platform::Task<> mnu_About_Click();
+  platform::Task<> mnu_Reset_Click();
+
+  // ---- shell/focus_handlers.cpp
+  platform::Task<> UserControl_Click();
+  platform::Task<> UserControl_EnterFocus();
+  void KleurFrameHead(std::int16_t Aan);
+
+  // ---- simplex/operation_handlers.cpp
+  platform::Task<> mnu_Automatisch_vegen_Click();
+  platform::Task<> mnu_optimaliseren_Click();
+  platform::Task<> mnu_Tableau_Invullen_Click();
+  platform::Task<> mnu_Tableau_Invullen_Afsluiten_Click();
+  // False when the model's counts are beyond the storage.
+  platform::Task<bool> BasisoplossingOpvragen();
+  // Searches the pivot element, shows it or says why there is none; false when there is none.
+  platform::Task<bool> ZoekPivotElement();
+  bool KolomVegen();
+  void scroll_to(int row, int column);
+  void set_fill_in(bool on);
+  void close_fill_in();
+  platform::Task<> announce(std::string words);
+  platform::Task<> pause_one_second();
+
+  basSafeCtl& model_;
+
+  std::array<std::string, 5> lists_;       // the last text of each list
+  std::array<std::string, 301> strLijst_;  // items 1..300 of the list being taken apart
+  bool m_blnScrollActief = true;
+  bool CellenBewerkbaar = true;
+  bool EersteKeer = true;
+
+  // ---- The controls, in drawing order
+  platform::CommandButton cmd_Bestand{*this, "cmd_Bestand"};
+  platform::CommandButton cmd_Bewerken{*this, "cmd_Bewerken"};
+  platform::CommandButton cmd_Opties{*this, "cmd_Opties"};
+  platform::CommandButton cmd_Help{*this, "cmd_Help"};
+  platform::Frame FrameHead{*this, "FrameHead"};
+  platform::Label lblNRTableau{*this, "lblNRTableau", 0, &FrameHead};
+  platform::Label lblKopBasis{*this, "lblKopBasis"};
+  platform::Label lblKopF{*this, "lblKopF"};
+  platform::Label lblKopRL{*this, "lblKopRL"};
+  platform::ControlArray<platform::Label, grid_columns> lblKLM{*this, "lblKLM"};
+  platform::ControlArray<platform::Label, grid_columns> lblKolom{*this, "lblKolom"};
+  platform::Label lblKopRij_F{*this, "lblKopRij_F"};
+  platform::Label lblEenF{*this, "lblEenF"};
+  platform::ControlArray<platform::Label, grid_rows> lblRij{*this, "lblRij"};
+  platform::ControlArray<platform::Label, grid_rows> lblBasis{*this, "lblBasis"};
+  platform::ControlArray<platform::Label, grid_rows> lblRij_F{*this, "lblRij_F"};
+  platform::TextBox txtShiftTab{*this, "txtShiftTab"};
+  platform::ControlArray<platform::TextBox, grid_columns> txtRij_F{*this, "txtRij_F"};
+  platform::ControlArray<platform::TextBox, grid_rows * grid_columns> txtTableau{*this, "txtTableau"};
+  platform::ControlArray<platform::TextBox, grid_rows> txtRL{*this, "txtRL"};
+  platform::TextBox txtTab{*this, "txtTab"};
+  platform::Label lblFRL{*this, "lblFRL"};
+  platform::HScrollBar HScroll{*this, "HScroll"};
+  platform::VScrollBar VScroll{*this, "VScroll"};
+  platform::TextBox txtFocus{*this, "txtFocus"};
+
+  // ---- The menus, each in the order in which its items stand
+  platform::Menu mnu_Bestand{*this, "mnu_Bestand", "&Bestand"};
+  platform::Menu mnu_Tableau_Invullen{*this, "mnu_Tableau_Invullen", "&Invullen", &mnu_Bestand};
+  platform::Menu mnu_Tableau_Invullen_Afsluiten{*this, "mnu_Tableau_Invullen_Afsluiten",
+                                                "Invullen a&fsluiten", &mnu_Bestand};
+  platform::Menu mnu_Bewerken{*this, "mnu_Bewerken", "Be&werken"};
+  platform::Menu mnu_Automatisch_vegen{*this, "mnu_Automatisch_vegen", "&Automatisch vegen (stap voor stap)",
+                                       &mnu_Bewerken};
+  platform::Menu mnu_optimaliseren{*this, "mnu_optimaliseren", "&Optimaliseren", &mnu_Bewerken};
+  platform::Menu separator7{*this, "separator7", "-", &mnu_Bewerken};
+  platform::Menu mnu_Reset{*this, "mnu_Reset", "&Reset", &mnu_Bewerken};
+  platform::Menu mnu_Opties{*this, "mnu_Opties", "&Opties"};
+  platform::Menu mnu_Breuken{*this, "mnu_Breuken", "&Breuken", &mnu_Opties};
+  platform::Menu mnu_Help{*this, "mnu_Help", "&Help"};
+  platform::Menu mnu_About{*this, "mnu_About", "&Info", &mnu_Help};
+};
+
+}  // namespace tabulon

@@ -1,0 +1,155 @@
+// The grid: 7 rows of 5 columns of the tableau, with row F, the right-hand sides and the headings.
+#include <array>
+
+#include "control/LPctrl.h"
+#include "numbers/conversions.h"
+
+namespace tabulon {
+
+using platform::Colour;
+using platform::rgb;
+using platform::system_colour::window;
+
+namespace {
+
+constexpr Colour pivot_colour = rgb(255, 0, 0);
+constexpr std::string_view pivot_tip = " Pivotelement ";
+
+// How a kind of variable is dressed. A cell of a decision variable is dressed by its row instead.
+struct Dress {
+  Colour heading;
+  Colour body;
+  std::string_view tip;
+  std::string_view tip_in_row_F;
+  std::string_view tip_in_cell;
+};
+
+constexpr std::array<Dress, 6> dresses{{
+    {window, window, "", "", ""},
+    {rgb(224, 224, 224), window, " Beslissingsvariabele ", " Beslissingsvariabele bij doelfunctie F", ""},
+    {rgb(218, 220, 254), rgb(218, 220, 254), " Spelingsvariabele bij <= restricties ",
+     " Spelingsvariabele bij doelfunctie F", " Spelingsvariabele bij <= restricties "},
+    {rgb(192, 255, 192), rgb(192, 255, 192), " Surplusvariabele bij >= restricties ",
+     " Surplusvariabele bij doelfunctie F", " Surplusvariabele bij >= restricties "},
+    {rgb(128, 255, 128), rgb(128, 255, 128), " Kunstmatige variabele bij >= restricties ",
+     " Kunstmatige variabele bij doelfunctie F", " Kunstmatige variabele bij >= restricties "},
+    {rgb(255, 192, 192), rgb(255, 192, 192), " Kunstmatige variabele bij = restricties",
+     " Kunstmatige variabele bij doelfunctie F", " Kunstmatige variabele bij = restricties"},
+}};
+
+struct RowDress {
+  Colour cell;
+  std::string_view tip_in_cell;
+};
+
+constexpr std::array<RowDress, 3> row_dresses{{
+    {rgb(242, 243, 255), " Beslissingsvariabele bij <= restricties "},
+    {rgb(233, 251, 230), " Beslissingsvariabele bij >= restricties "},
+    {rgb(253, 237, 236), " Beslissingsvariabele bij = restricties "},
+}};
+
+const Dress& dress_of(VariableKind kind) {
+  return dresses[static_cast<std::size_t>(kind)];
+}
+const RowDress& dress_of(RowKind kind) {
+  return row_dresses[static_cast<std::size_t>(kind)];
+}
+
+void dress(platform::Control& control, Colour colour, std::string_view tip) {
+  control.set_back_colour(colour);
+  control.set_tool_tip(tip);
+}
+
+std::string number(int value) {
+  return numbers::Str(static_cast<std::int16_t>(value));
+}
+
+}  // namespace
+
+Result<> LPctrl::ToonTableau(int startKolom, int startRij) {
+  const auto shape = model_.shape();
+  if (!shape) return std::unexpected(shape.error());
+  lblNRTableau.set_text(number(model_.NrTableau).substr(1) + "-e Simplex-tableau");
+  lblFRL.set_text(model_.current.row_F().text(CellRow::right_hand_side));
+  HScroll.set_visible(shape->columns > grid_columns);
+  VScroll.set_visible(shape->rows > grid_rows);
+  show_columns(shape->columns - startKolom + 1);
+  show_rows(shape->rows - startRij + 1);
+  for (int at = 1; at <= grid_rows && startRij + at - 1 <= shape->rows; ++at) draw_row(at, startRij + at - 1);
+  for (int at = 1; at <= grid_columns && startKolom + at - 1 <= shape->columns; ++at)
+    draw_column(at, startKolom + at - 1);
+  for (int row = 1; row <= grid_rows && startRij + row - 1 <= shape->rows; ++row)
+    for (int column = 1; column <= grid_columns && startKolom + column - 1 <= shape->columns; ++column)
+      draw_cell(row, column, startRij + row - 1, startKolom + column - 1);
+  return {};
+}
+
+// Hides the grid columns beyond those that the tableau fills.
+void LPctrl::show_columns(int filled) {
+  for (int at = 1; at <= grid_columns; ++at) {
+    const bool shown = at <= filled;
+    lblKLM(at).set_visible(shown);
+    lblKolom(at).set_visible(shown);
+    txtRij_F(at).set_visible(shown);
+    for (int row = 1; row <= grid_rows; ++row) cell(row, at).set_visible(shown);
+  }
+}
+
+void LPctrl::show_rows(int filled) {
+  for (int at = 1; at <= grid_rows; ++at) {
+    const bool shown = at <= filled;
+    lblRij(at).set_visible(shown);
+    lblBasis(at).set_visible(shown);
+    lblRij_F(at).set_visible(shown);
+    txtRL(at).set_visible(shown);
+    if (shown) continue;
+    for (int column = 1; column <= grid_columns; ++column) cell(at, column).set_visible(false);
+  }
+}
+
+void LPctrl::draw_row(int grid_row, int row) {
+  lblRij(grid_row).set_text(number(row) + "  ");
+  lblRij_F(grid_row).set_text("0");
+  platform::TextBox& right = txtRL(grid_row);
+  right.set_text(model_.current.row(row).text(CellRow::right_hand_side));
+  right.set_locked(!CellenBewerkbaar);
+  right.set_spoken_name("rechterlid rij" + number(row));
+
+  const int basic = model_.current.basis(row);
+  const VariableKind kind = model_.kind_of_column(basic);
+  if (kind == VariableKind::None) return;
+  lblBasis(grid_row).set_text(model_.variable_name(basic));
+  dress(lblBasis(grid_row), dress_of(kind).body, dress_of(kind).tip);
+  right.set_back_colour(dress_of(kind).body);
+}
+
+void LPctrl::draw_column(int grid_column, int column) {
+  const VariableKind kind = model_.kind_of_column(column);
+  const std::string name = model_.variable_name(column);
+  lblKLM(grid_column).set_text(number(column));
+  lblKolom(grid_column).set_text(name);
+  dress(lblKolom(grid_column), dress_of(kind).heading, dress_of(kind).tip);
+
+  platform::TextBox& box = txtRij_F(grid_column);
+  box.set_text(model_.current.row_F().text(column));
+  box.set_locked(kind != VariableKind::Decision || !CellenBewerkbaar);
+  box.set_spoken_name(name + ", doelfunctie F");
+  dress(box, dress_of(kind).body, dress_of(kind).tip_in_row_F);
+}
+
+void LPctrl::draw_cell(int grid_row, int grid_column, int row, int column) {
+  const VariableKind kind = model_.kind_of_column(column);
+  const bool decision = kind == VariableKind::Decision;
+  platform::TextBox& box = cell(grid_row, grid_column);
+  box.set_text(model_.current.row(row).text(column));
+  box.set_locked(!decision || !CellenBewerkbaar);
+  box.set_spoken_name(model_.variable_name(column) + ", rij" + number(row));
+  if (row == model_.PivotRij && column == model_.PivotKolom)
+    dress(box, pivot_colour, pivot_tip);
+  else if (decision)
+    dress(box, dress_of(model_.kind_of_row(row)).cell, dress_of(model_.kind_of_row(row)).tip_in_cell);
+  else
+    dress(box, dress_of(kind).body, dress_of(kind).tip_in_cell);
+}
+
+}  // namespace tabulon
