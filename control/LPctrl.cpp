@@ -50,10 +50,6 @@ std::string LPctrl::strSoortGetal(std::int16_t Soort, double Getal) const {
   return numbers::strSoortGetal(Soort, Getal);
 }
 
-void LPctrl::report(const Result<>& result) {
-  if (!result) desk().host().report(*this, result.error());
-}
-
 void LPctrl::redraw() {
   report(ToonTableau(model_.StartKolom, model_.StartRij));
 }

@@ -18,6 +18,7 @@
 
 #include "control/basSafeCtl.h"
 #include "platform/desk.h"
+#include "shell/navigation.h"
 
 namespace tabulon {
 
@@ -73,6 +74,9 @@ class LPctrl : public platform::Surface {
   void on_change(platform::Control& control) override;
   platform::Task<> on_scroll(platform::ScrollBar& bar) override;
   platform::Task<> on_got_focus(platform::Control& control) override;
+  platform::Task<> on_lost_focus(platform::Control& control) override;
+  platform::Task<> on_validate(platform::Control& control, bool& refused) override;
+  platform::Task<> on_key_down(platform::KeyPress& press, bool& used) override;
   platform::Task<> on_enter() override { return UserControl_EnterFocus(); }
   platform::Task<> on_exit() override;
 
@@ -88,7 +92,10 @@ class LPctrl : public platform::Surface {
   platform::Task<> run_command(std::string_view name);
   // Draws the grid as it is scrolled, and reports where that cannot be done.
   void redraw();
-  void report(const Result<>& result);
+  template <class T>
+  void report(const Result<T>& result) {
+    if (!result) desk().host().report(*this, result.error());
+  }
 
   // ---- control/parameters.cpp
   Result<> read_counts(const PropertyBag& page);
@@ -112,6 +119,19 @@ class LPctrl : public platform::Surface {
   void draw_column(int grid_column, int column);
   void draw_cell(int grid_row, int grid_column, int row, int column);
 
+  // ---- control/cell_handlers.cpp
+  struct StoredCell {
+    CellRow& current;
+    CellRow& first;
+    int column;
+  };
+  static std::optional<GridBox> grid_box(const platform::Control* control);
+  static std::optional<double> evaluated(std::string_view text);
+  platform::TextBox& box_of(GridBox box);
+  std::optional<StoredCell> stored_cell(GridBox box);
+  void cell_GotFocus(platform::TextBox& box);
+  platform::Task<> refuse(platform::TextBox& box);
+
   // ---- control/scrolling.cpp
   void set_scroll_ranges();
   // Puts the scroll bars where the grid is, without drawing it again.
@@ -127,14 +147,27 @@ class LPctrl : public platform::Surface {
   platform::Task<> cmd_Bewerken_Click();
   platform::Task<> cmd_Opties_Click();
   platform::Task<> cmd_Help_Click();
-  platform::Task<> pop_up(platform::Menu& menu, platform::Twips x);
+  platform::Task<> pop_up(platform::Menu& menu, platform::Twips left);
+  static platform::Twips menu_left(const platform::CommandButton& button);
   platform::Task<> mnu_About_Click();
   platform::Task<> mnu_Reset_Click();
 
   // ---- shell/focus_handlers.cpp
   platform::Task<> UserControl_Click();
   platform::Task<> UserControl_EnterFocus();
+  void txtFocus_GotFocus();
   void KleurFrameHead(std::int16_t Aan);
+
+  // ---- shell/keyboard_handlers.cpp
+  platform::Task<> open_menu_by_key(int code, bool& used);
+  platform::Task<> leave_cell(bool& used);
+  platform::Task<> validate_in_place(platform::Control& box);
+  platform::Task<> NavigeerCel(GridBox from, platform::KeyPress press);
+  void open_traps(bool open);
+  platform::Task<> txtTab_GotFocus();
+  platform::Task<> txtShiftTab_GotFocus();
+  std::optional<GridBox> tab_cell() const;
+  void forget_tab_cell(std::int16_t no_index);
 
   // ---- simplex/operation_handlers.cpp
   platform::Task<> mnu_Automatisch_vegen_Click();
@@ -159,6 +192,10 @@ class LPctrl : public platform::Surface {
   bool m_blnScrollActief = true;
   bool CellenBewerkbaar = true;
   bool EersteKeer = true;
+  std::string m_strTabCel;             // the array of the cell that Tab has just left
+  std::int16_t m_intTabIndex = -1;     // and its index there
+  std::int16_t m_intLaatsteToets = 0;  // 27 while Escape takes effect
+  bool escaped_ = false;               // since Escape no cell has had the focus: Tab leaves the control
 
   // ---- The controls, in drawing order
   platform::CommandButton cmd_Bestand{*this, "cmd_Bestand"};

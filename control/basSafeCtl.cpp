@@ -88,9 +88,15 @@ void CellRow::write_text(int column, std::string_view text) {
   settled_ &= ~bit(column);
 }
 
-void CellRow::rewrite_columns(int columns, bool fractions) { rewrite_cells(bits(columns), fractions); }
-void CellRow::rewrite(int column, bool fractions) { rewrite_cells(bit(column), fractions); }
-void CellRow::rewrite_row(int columns, bool fractions) { rewrite_cells(row_bits(columns), fractions); }
+void CellRow::rewrite_columns(int columns, bool fractions) {
+  rewrite_cells(bits(columns), fractions);
+}
+void CellRow::rewrite(int column, bool fractions) {
+  rewrite_cells(bit(column), fractions);
+}
+void CellRow::rewrite_row(int columns, bool fractions) {
+  rewrite_cells(row_bits(columns), fractions);
+}
 
 // Settled cells are passed over: one sweep asks for the same text up to ten times, and most of the time of
 // a sweep in fractions goes into the search for fractions.

@@ -34,10 +34,17 @@ void LPctrl::KleurFrameHead(std::int16_t Aan) {
 }
 
 Task<> LPctrl::on_got_focus(platform::Control& control) {
+  if (&control == &txtTab) co_return co_await txtTab_GotFocus();
+  if (&control == &txtShiftTab) co_return co_await txtShiftTab_GotFocus();
+  if (const auto box = grid_box(&control)) co_return cell_GotFocus(box_of(*box));
   if (&control == &HScroll || &control == &VScroll) co_await set_focus(txtFocus);
-  if (&control != &txtFocus) co_return;
+  if (&control == &txtFocus) txtFocus_GotFocus();
+}
+
+void LPctrl::txtFocus_GotFocus() {
   txtFocus.set_text("");
   KleurFrameHead(-1);
+  forget_tab_cell(-1);
 }
 
 Task<> LPctrl::UserControl_Click() {

@@ -15,6 +15,10 @@ constexpr Twips opties_by_mouse = 2530, help_by_mouse = 3645;
 
 }  // namespace
 
+Twips LPctrl::menu_left(const platform::CommandButton& button) {
+  return button.bounds().left + menu_inset;
+}
+
 Task<> LPctrl::pop_up(Menu& menu, Twips left) {
   const Menu* const chosen = co_await desk().show_menu(menu, left, menu_top);
   if (chosen) co_await run_command(chosen->name());
@@ -22,11 +26,11 @@ Task<> LPctrl::pop_up(Menu& menu, Twips left) {
 
 // A cell that holds bad input keeps the focus, and then no menu opens.
 Task<> LPctrl::cmd_Bestand_Click() {
-  if (co_await set_focus(txtFocus)) co_await pop_up(mnu_Bestand, cmd_Bestand.bounds().left + menu_inset);
+  if (co_await set_focus(txtFocus)) co_await pop_up(mnu_Bestand, menu_left(cmd_Bestand));
 }
 
 Task<> LPctrl::cmd_Bewerken_Click() {
-  if (co_await set_focus(txtFocus)) co_await pop_up(mnu_Bewerken, cmd_Bewerken.bounds().left + menu_inset);
+  if (co_await set_focus(txtFocus)) co_await pop_up(mnu_Bewerken, menu_left(cmd_Bewerken));
 }
 
 Task<> LPctrl::cmd_Opties_Click() {

@@ -14,6 +14,9 @@ namespace {
 // Messages of frmMelding by number.
 constexpr std::int16_t free_text = 0, optimum_found = 3, model_error = 4;
 
+// More than any ordinary problem needs, and few enough to look at the clock between them.
+constexpr int sweeps_between_breaths = 64;
+
 }  // namespace
 
 // ---- Fill-in mode
@@ -66,15 +69,20 @@ bool LPctrl::KolomVegen() {
 // ---- The pivot element
 
 Task<bool> LPctrl::ZoekPivotElement() {
-  const Pivot pivot = find_pivot(model_);
-  if (pivot.outcome != PivotSearch::Found) {
-    model_.MeldingNr = pivot.outcome == PivotSearch::Optimal ? optimum_found : model_error;
-    co_await ShowfrmMelding();
-    co_return false;
+  const auto shape = model_.shape();
+  report(shape);
+  if (!shape) co_return false;
+  const PivotChoice choice = find_pivot(model_, *shape);
+  model_.PivotRij = static_cast<std::int16_t>(choice.pivot.row);
+  model_.PivotKolom = static_cast<std::int16_t>(choice.pivot.column);
+  if (choice.search == PivotSearch::Found) {
+    scroll_to(choice.pivot.row, choice.pivot.column);
+    redraw();
+    co_return true;
   }
-  scroll_to(pivot.row, pivot.column);
-  redraw();
-  co_return true;
+  model_.MeldingNr = choice.search == PivotSearch::Optimal ? optimum_found : model_error;
+  co_await ShowfrmMelding();
+  co_return false;
 }
 
 namespace {
@@ -125,16 +133,15 @@ Task<> LPctrl::mnu_Automatisch_vegen_Click() {
 
 Task<> LPctrl::mnu_optimaliseren_Click() {
   if (!co_await BasisoplossingOpvragen()) co_return;
-  while (find_pivot(model_).outcome == PivotSearch::Found) {
-    if (auto swept = sweep_column(model_); !swept) {
-      report(swept);
-      break;
-    }
+  auto search = optimise(model_, sweeps_between_breaths);
+  while (search && *search == PivotSearch::Found) {
     co_await desk().breathe();
+    search = optimise(model_, sweeps_between_breaths);
   }
+  report(search);
   redraw();
   follow_grid();
-  co_await ZoekPivotElement();
+  if (search) co_await ZoekPivotElement();
   co_await set_focus(txtFocus);
 }
 
