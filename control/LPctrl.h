@@ -61,6 +61,7 @@ class LPctrl : public platform::Surface {
   platform::Task<> ShowAboutBox();
   platform::Task<> ShowfrmMelding();
   platform::Task<> ShowfrmFoutmelding();
+  platform::Task<> ShowfrmPivotelement();
 
   basSafeCtl& model() { return model_; }
 
@@ -181,9 +182,20 @@ class LPctrl : public platform::Surface {
   bool KolomVegen();
   void scroll_to(int row, int column);
   void set_fill_in(bool on);
+  void enable_fill_in(bool enabled);
   void close_fill_in();
   platform::Task<> announce(std::string words);
   platform::Task<> pause_one_second();
+
+  // ---- simplex/dialog_handlers.cpp
+  void KolomNormeren();
+  platform::Task<> mnu_Kolommen_Normeren_Click();
+  platform::Task<> mnu_Kolommen_vegen_Click();
+  platform::Task<> mnu_Basisoplossing_Click();
+  platform::Task<> mnu_Pivot_element_Click();
+  platform::Task<> mnu_Nieuw_Simplex_Click();
+  platform::Task<> mnu_Nieuw_Big_M_Click();
+  platform::Task<> start_new_problem(platform::Form& dialog);
 
   basSafeCtl& model_;
 
@@ -226,10 +238,20 @@ class LPctrl : public platform::Surface {
 
   // ---- The menus, each in the order in which its items stand
   platform::Menu mnu_Bestand{*this, "mnu_Bestand", "&Bestand"};
+  platform::Menu mnu_Nieuw{*this, "mnu_Nieuw", "&Nieuw", &mnu_Bestand};
+  platform::Menu mnu_Nieuw_Simplex{*this, "mnu_Nieuw_Simplex", "De &Standaard Simplex-methode", &mnu_Nieuw};
+  platform::Menu mnu_Nieuw_Big_M{*this, "mnu_Nieuw_Big_M", "De '&Big-M'-methode", &mnu_Nieuw};
+  platform::Menu separator5{*this, "separator5", "-", &mnu_Bestand};
   platform::Menu mnu_Tableau_Invullen{*this, "mnu_Tableau_Invullen", "&Invullen", &mnu_Bestand};
   platform::Menu mnu_Tableau_Invullen_Afsluiten{*this, "mnu_Tableau_Invullen_Afsluiten",
                                                 "Invullen a&fsluiten", &mnu_Bestand};
   platform::Menu mnu_Bewerken{*this, "mnu_Bewerken", "Be&werken"};
+  platform::Menu mnu_Pivot_element{*this, "mnu_Pivot_element", "&Pivot-element opvragen", &mnu_Bewerken};
+  platform::Menu mnu_Basisoplossing{*this, "mnu_Basisoplossing", "&Basisoplossing opvragen", &mnu_Bewerken};
+  platform::Menu separator4{*this, "separator4", "-", &mnu_Bewerken};
+  platform::Menu mnu_Kolommen_Normeren{*this, "mnu_Kolommen_Normeren", "Kolommen &Normeren", &mnu_Bewerken};
+  platform::Menu mnu_Kolommen_vegen{*this, "mnu_Kolommen_vegen", "Kolom &Vegen met een rij", &mnu_Bewerken};
+  platform::Menu separator3{*this, "separator3", "-", &mnu_Bewerken};
   platform::Menu mnu_Automatisch_vegen{*this, "mnu_Automatisch_vegen", "&Automatisch vegen (stap voor stap)",
                                        &mnu_Bewerken};
   platform::Menu mnu_optimaliseren{*this, "mnu_optimaliseren", "&Optimaliseren", &mnu_Bewerken};

@@ -62,12 +62,6 @@ void CellRow::write(int column, double value, std::string_view text) {
   write_text(column, text);
 }
 
-void CellRow::write(int column, double value) {
-  values_[place(column)] = value;
-  derived_ |= bit(column);
-  settled_ &= ~bit(column);
-}
-
 void CellRow::clear(int columns) {
   std::fill_n(values_.begin(), columns, 0.0);
   derived_ |= bits(columns);
@@ -118,28 +112,25 @@ void CellRow::rewrite_cells(Mask cells, bool fractions) {
 
 // Cells whose value stays the same stay settled.
 template <class Operation>
-void CellRow::change_values(int columns, Operation operation) {
-  if (settled_ == 0) return operation(values_.data());
+void CellRow::change_and_rewrite(int columns, bool fractions, Operation operation) {
   const auto before = values_;
-  operation(values_.data());
+  operation();
   for (Mask cells = settled_ & row_bits(columns); cells != 0; cells &= cells - 1) {
     const auto at = static_cast<std::size_t>(std::countr_zero(cells));
     if (values_[at] != before[at]) settled_ &= ~(cells & -cells);
   }
+  rewrite_row(columns, fractions);
 }
 
-void CellRow::add_multiple(double factor, const CellRow& other, int columns) {
-  change_values(columns, [=, from = other.values_.data()](double* to) {
-    for (int at = 0; at < columns; ++at) to[at] += factor * from[at];
-    to[most_columns] += factor * from[most_columns];
-  });
+void CellRow::add_multiple_and_rewrite(double factor, const CellRow& other, int columns, bool fractions) {
+  change_and_rewrite(columns, fractions, [&] { add_values(factor, other, columns); });
 }
 
-void CellRow::divide(double divisor, int columns) {
-  if (divisor == 1.0) return;
-  change_values(columns, [=](double* values) {
-    for (int at = 0; at < columns; ++at) values[at] /= divisor;
-    values[most_columns] /= divisor;
+void CellRow::divide(double divisor, int columns, bool fractions) {
+  if (divisor == 1.0) return rewrite_row(columns, fractions);
+  change_and_rewrite(columns, fractions, [=, this] {
+    for (int at = 0; at < columns; ++at) values_[static_cast<std::size_t>(at)] /= divisor;
+    values_[most_columns] /= divisor;
   });
 }
 

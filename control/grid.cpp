@@ -1,59 +1,17 @@
 // The grid: 7 rows of 5 columns of the tableau, with row F, the right-hand sides and the headings.
-#include <array>
-
 #include "control/LPctrl.h"
+#include "control/basSafeCtl_dress.h"
 #include "numbers/conversions.h"
 
 namespace tabulon {
 
 using platform::Colour;
 using platform::rgb;
-using platform::system_colour::window;
 
 namespace {
 
 constexpr Colour pivot_colour = rgb(255, 0, 0);
 constexpr std::string_view pivot_tip = " Pivotelement ";
-
-// How a kind of variable is dressed. A cell of a decision variable is dressed by its row instead.
-struct Dress {
-  Colour heading;
-  Colour body;
-  std::string_view tip;
-  std::string_view tip_in_row_F;
-  std::string_view tip_in_cell;
-};
-
-constexpr std::array<Dress, 6> dresses{{
-    {window, window, "", "", ""},
-    {rgb(224, 224, 224), window, " Beslissingsvariabele ", " Beslissingsvariabele bij doelfunctie F", ""},
-    {rgb(218, 220, 254), rgb(218, 220, 254), " Spelingsvariabele bij <= restricties ",
-     " Spelingsvariabele bij doelfunctie F", " Spelingsvariabele bij <= restricties "},
-    {rgb(192, 255, 192), rgb(192, 255, 192), " Surplusvariabele bij >= restricties ",
-     " Surplusvariabele bij doelfunctie F", " Surplusvariabele bij >= restricties "},
-    {rgb(128, 255, 128), rgb(128, 255, 128), " Kunstmatige variabele bij >= restricties ",
-     " Kunstmatige variabele bij doelfunctie F", " Kunstmatige variabele bij >= restricties "},
-    {rgb(255, 192, 192), rgb(255, 192, 192), " Kunstmatige variabele bij = restricties",
-     " Kunstmatige variabele bij doelfunctie F", " Kunstmatige variabele bij = restricties"},
-}};
-
-struct RowDress {
-  Colour cell;
-  std::string_view tip_in_cell;
-};
-
-constexpr std::array<RowDress, 3> row_dresses{{
-    {rgb(242, 243, 255), " Beslissingsvariabele bij <= restricties "},
-    {rgb(233, 251, 230), " Beslissingsvariabele bij >= restricties "},
-    {rgb(253, 237, 236), " Beslissingsvariabele bij = restricties "},
-}};
-
-const Dress& dress_of(VariableKind kind) {
-  return dresses[static_cast<std::size_t>(kind)];
-}
-const RowDress& dress_of(RowKind kind) {
-  return row_dresses[static_cast<std::size_t>(kind)];
-}
 
 void dress(platform::Control& control, Colour colour, std::string_view tip) {
   control.set_back_colour(colour);

@@ -17,6 +17,8 @@ struct Desk::Modal {
     if (form) desk.host_.close_form(*form);
     if (menu) desk.host_.close_menu();
     std::erase(desk.modals_, this);
+    for (Running& running : desk.running_)  // a script's call that was begun up here goes on below
+      if (running.level == this) running.level = desk.level();
   }
   bool over() const { return (form && form->unloaded()) || (menu && menu->over()); }
 
@@ -39,7 +41,7 @@ struct Desk::Waiting {
 };
 
 Desk::~Desk() {
-  running_.clear();
+  while (!running_.empty()) running_.pop_back();  // what runs on a form before what opened it
 }
 
 // ---- What handlers await
@@ -228,7 +230,7 @@ bool Desk::remove_ended_tasks() {
 
 bool Desk::end_modal() {
   Modal* const top = modals_.empty() ? nullptr : modals_.back();
-  if (!top || !top->over()) return false;
+  if (!top || !top->over() || top->ended.completed()) return false;
   if (std::ranges::any_of(running_, [&](const Running& running) { return running.level == top; }))
     return false;
   top->ended.complete(true);
@@ -250,7 +252,8 @@ bool Desk::busy(const Surface& surface) const {
 }
 
 void Desk::show_changes() {
-  for (Surface* surface : surfaces_) {
+  for (std::size_t at = 0; at < surfaces_.size(); ++at) {  // by place: a host may answer by opening a form
+    Surface* const surface = surfaces_[at];
     if (surface->take_changed()) host_.mirror(*surface);
     const bool was = std::ranges::find(busy_, surface) != busy_.end();
     if (busy(*surface) == was) continue;
@@ -261,7 +264,9 @@ void Desk::show_changes() {
 
 void Desk::abandon(Surface& surface) {
   const auto belongs = [&](const Running& running) {
-    return running.owner == &surface || (running.level && &running.level->owner == &surface);
+    const Surface* owner = running.owner;
+    while (owner != &surface && owner->is_form()) owner = &static_cast<const Form*>(owner)->owner();
+    return owner == &surface;
   };
   while (true) {  // the last started first: what runs on a form before what opened the form
     const auto last = std::find_if(running_.rbegin(), running_.rend(), belongs);

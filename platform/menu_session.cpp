@@ -40,7 +40,7 @@ void MenuSession::key(const KeyPress& press) {
       if (highlighted_) choose(*highlighted_);
       return;
     default:
-      return letter(press.code);
+      if (press.code != 0 && (press.shift & held::ctrl) == 0) letter(press.code);
   }
 }
 
@@ -97,8 +97,15 @@ void MenuSession::letter(int code) {
   const std::vector<Menu*>& items = open_.back()->items();
   for (Menu* item : items)
     if (access_key(item->text()) == code) return choose(*item);
-  for (Menu* item : items)
-    if (first_letter(*item) == code) highlighted_ = item;
+  const auto count = items.size();
+  const auto found = static_cast<std::size_t>(std::ranges::find(items, highlighted_) - items.begin());
+  const std::size_t from = found == count ? 0 : found + 1;
+  for (std::size_t step = 0; step < count; ++step) {
+    Menu* const item = items[(from + step) % count];
+    if (first_letter(*item) != code) continue;
+    highlighted_ = item;
+    return;
+  }
 }
 
 }  // namespace tabulon::platform

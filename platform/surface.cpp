@@ -14,6 +14,7 @@ Surface::Surface(Desk& desk, std::string_view name, Twips width, Twips height)
 
 Surface::~Surface() {
   std::erase(desk_.surfaces_, this);
+  std::erase(desk_.busy_, this);
 }
 
 int Surface::add(Control& control) {
@@ -36,6 +37,8 @@ Task<bool> Surface::set_focus(Control& target) {
     bool refused = false;
     co_await on_validate(*active_, refused);
     if (refused) co_return false;
+    if (&target == active_) co_return true;  // somebody moved the focus while Validate waited
+    if (!target.can_take_focus()) co_return false;
   }
   Control* const before = std::exchange(active_, &target);
   mark_changed();

@@ -37,6 +37,8 @@ class Surface {
   Twips width() const { return width_; }
   Twips height() const { return height_; }
   virtual bool is_form() const { return false; }
+  // Before it is shown.
+  void set_height(Twips height) { height_ = height; }
 
   const std::vector<Control*>& controls() const { return controls_; }
   Control* find(std::string_view name, int index = 0) const;

@@ -13,14 +13,13 @@ char32_t next_character(std::string_view& text) {
   const auto byte = [&](std::size_t at) { return static_cast<unsigned char>(text[at]); };
   const unsigned char first = byte(0);
   const std::size_t length = first < 0x80 ? 1 : first >= 0xF0 ? 4 : first >= 0xE0 ? 3 : first >= 0xC0 ? 2 : 0;
-  if (length == 0 || length > text.size()) {
-    text.remove_prefix(1);
-    return 0xFFFD;
-  }
   char32_t code = length == 1 ? first : first & (0x7FU >> length);
-  for (std::size_t at = 1; at < length; ++at) code = code << 6U | (byte(at) & 0x3FU);
-  text.remove_prefix(length);
-  return code;
+  for (std::size_t at = 1; at < length; ++at) {
+    if (at >= text.size() || (byte(at) & 0xC0U) != 0x80) return text.remove_prefix(1), 0xFFFD;
+    code = code << 6U | (byte(at) & 0x3FU);
+  }
+  text.remove_prefix(length == 0 ? 1 : length);
+  return length == 0 ? 0xFFFD : code;
 }
 
 std::string to_latin(std::string_view text) {

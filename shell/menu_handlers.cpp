@@ -62,8 +62,7 @@ Task<> LPctrl::mnu_Reset_Click() {
   CellenBewerkbaar = true;
   mnu_Tableau_Invullen.set_checked(false);
   co_await mnu_Tableau_Invullen_Click();
-  mnu_Tableau_Invullen.set_enabled(true);
-  mnu_Tableau_Invullen_Afsluiten.set_enabled(true);
+  enable_fill_in(true);
 }
 
 }  // namespace tabulon

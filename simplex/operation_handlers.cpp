@@ -28,6 +28,11 @@ void LPctrl::set_fill_in(bool on) {
   redraw();
 }
 
+void LPctrl::enable_fill_in(bool enabled) {
+  mnu_Tableau_Invullen.set_enabled(enabled);
+  mnu_Tableau_Invullen_Afsluiten.set_enabled(enabled);
+}
+
 Task<> LPctrl::mnu_Tableau_Invullen_Click() {
   set_fill_in(!mnu_Tableau_Invullen.checked());
   co_return;
@@ -41,8 +46,7 @@ Task<> LPctrl::mnu_Tableau_Invullen_Afsluiten_Click() {
 // Once worked on, the tableau is no longer filled in, until a new problem or Reset.
 void LPctrl::close_fill_in() {
   set_fill_in(false);
-  mnu_Tableau_Invullen.set_enabled(false);
-  mnu_Tableau_Invullen_Afsluiten.set_enabled(false);
+  enable_fill_in(false);
 }
 
 // ---- Sweeping
@@ -59,6 +63,7 @@ Task<bool> LPctrl::BasisoplossingOpvragen() {
 }
 
 bool LPctrl::KolomVegen() {
+  if (!model_.DialoogOK) return false;
   const auto done = sweep_column(model_);
   report(done);
   model_.DialoogOK = false;

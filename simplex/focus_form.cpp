@@ -1,0 +1,37 @@
+#include "simplex/focus_form.h"
+
+namespace tabulon {
+
+using platform::Task;
+
+namespace {
+
+constexpr platform::Bounds aside{-1500, 0, 150, 150};
+
+}  // namespace
+
+FocusForm::FocusForm(Surface& owner, std::string_view name, platform::Twips width, platform::Twips height,
+                     std::string_view caption)
+    : Form(owner, name, width, height) {
+  set_caption(caption);
+  txtFocus.set_bounds(aside);
+  txtFocus.set_spoken_name(caption.substr(1));
+  OKButton.set_tab(1, true);
+  default_button = &OKButton;
+  cancel_button = &OKButton;
+}
+
+Task<> FocusForm::on_activate() {
+  co_await set_focus(txtFocus);
+}
+
+Task<> FocusForm::on_click(platform::Control& control) {
+  if (control.kind() == platform::Kind::CommandButton) unload();
+  co_return;
+}
+
+void FocusForm::on_change(platform::Control& control) {
+  if (&control == &txtFocus) txtFocus.set_text("");
+}
+
+}  // namespace tabulon

@@ -1,0 +1,74 @@
+#include "simplex/frmBasis_Oplossing.h"
+
+#include <algorithm>
+
+#include "control/basSafeCtl_dress.h"
+#include "platform/layout.h"
+
+namespace tabulon {
+
+using platform::Align;
+using platform::Twips;
+
+namespace {
+
+constexpr Twips lines_top = 210, line_pitch = 360, line_height = 330;
+constexpr platform::Letters centred{.points = 9, .align = Align::Centre};
+
+constexpr platform::ArrayPlacement arrays[] = {
+    {"lblBasisVar", {240, lines_top, 840, line_height}, 1, 0, line_pitch, "basisvar", centred},
+    {"lblGelijk", {1110, lines_top, 240, line_height}, 1, 0, line_pitch, "=", centred},
+    {"txtRL", {1380, lines_top, 1290, line_height}, 1, 0, line_pitch, "", {.points = 9}},
+};
+
+// What stands below the lines, measured from the last one's end.
+constexpr platform::Placement below[] = {
+    {"lblDoelfunctie", {240, 150, 1290, 285}, "Doelfunctie F =", {.points = 9, .bold = true}},
+    {"lblFRL", {1560, 150, 1110, 285}, "", {.points = 9, .bold = true}},
+    {"OKButton", {840, 600, 1230, 375}, "OK", centred},
+};
+
+constexpr Twips height_below = 1155;
+
+}  // namespace
+
+frmBasis_Oplossing::frmBasis_Oplossing(Surface& owner, basSafeCtl& model)
+    : Dialog(owner, "frmBasis_Oplossing", 2910, lines_top + most_rows * line_pitch + height_below,
+             " Basis oplossing", model) {
+  platform::place(*this, arrays);
+  platform::place(*this, below);
+  lblFRL.set_tool_tip(" Waarde van de doelfunctie F");
+  for (platform::TextBox& value : txtRL) value.set_locked(true);
+}
+
+void frmBasis_Oplossing::on_load() {
+  Dialog::on_load();
+  const int rows = std::clamp(model().rows(), 0, most_rows);
+  lblFRL.set_text(model().current.row_F().text(CellRow::right_hand_side));
+  for (int line = 1; line <= most_rows; ++line) {
+    lblBasisVar(line).set_visible(line <= rows);
+    lblGelijk(line).set_visible(line <= rows);
+    txtRL(line).set_visible(line <= rows);
+    dress_line(line);
+  }
+  const Twips end_of_lines = lines_top + rows * line_pitch;
+  for (const platform::Placement& placement : below) {
+    platform::Bounds bounds = placement.bounds;
+    bounds.top += end_of_lines;
+    find(placement.name)->set_bounds(bounds);
+  }
+  set_height(end_of_lines + height_below);
+}
+
+void frmBasis_Oplossing::dress_line(int line) {
+  txtRL(line).set_text(model().current.row(line).text(CellRow::right_hand_side));
+  const int basic = model().current.basis(line);
+  const VariableKind kind = model().kind_of_column(basic);
+  if (kind == VariableKind::None) return;
+  lblBasisVar(line).set_text(model().variable_name(basic));
+  lblBasisVar(line).set_back_colour(dress_of(kind).body);
+  lblBasisVar(line).set_tool_tip(dress_of(kind).tip);
+  txtRL(line).set_back_colour(dress_of(kind).body);
+}
+
+}  // namespace tabulon

@@ -1,0 +1,35 @@
+#include "simplex/frmPivot_element.h"
+
+#include "numbers/conversions.h"
+#include "platform/layout.h"
+
+namespace tabulon {
+
+namespace {
+
+constexpr platform::Letters plain{.points = 9};
+constexpr platform::Letters bold{.points = 9, .bold = true};
+
+constexpr platform::Placement placements[] = {
+    {"imgPivot", {240, 270, 480, 480}},
+    {"lblKolom", {930, 255, 1290, 255}, "Pivot-kolom...:", plain},
+    {"lblPivot_kolom", {2250, 255, 450, 255}, "", bold},
+    {"lblRij", {930, 525, 1290, 255}, "Pivot-rij..........:", plain},
+    {"lblPivot_rij", {2250, 525, 450, 255}, "", bold},
+    {"OKButton", {870, 1020, 1230, 375}, "OK", {.points = 9, .align = platform::Align::Centre}},
+};
+
+}  // namespace
+
+frmPivot_element::frmPivot_element(Surface& owner, const basSafeCtl& model)
+    : FocusForm(owner, "frmPivot_element", 2970, 1590, " Pivot-element"), model_(model) {
+  platform::place(*this, placements);
+  imgPivot.set_picture(platform::Picture::Pivot);
+}
+
+void frmPivot_element::on_load() {
+  lblPivot_kolom.set_text(numbers::Str(model_.PivotKolom).substr(1));
+  lblPivot_rij.set_text(numbers::Str(model_.PivotRij).substr(1));
+}
+
+}  // namespace tabulon
