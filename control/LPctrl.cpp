@@ -18,6 +18,8 @@ const LPctrl::Command LPctrl::commands[] = {
     {"cmd_Help", &LPctrl::cmd_Help_Click},
     {"mnu_Nieuw_Simplex", &LPctrl::mnu_Nieuw_Simplex_Click},
     {"mnu_Nieuw_Big_M", &LPctrl::mnu_Nieuw_Big_M_Click},
+    {"mnu_Openen", &LPctrl::mnu_Openen_Click},
+    {"mnu_Tableau_Opslaan_Als", &LPctrl::mnu_Tableau_Opslaan_Als_Click},
     {"mnu_Tableau_Invullen", &LPctrl::mnu_Tableau_Invullen_Click},
     {"mnu_Tableau_Invullen_Afsluiten", &LPctrl::mnu_Tableau_Invullen_Afsluiten_Click},
     {"mnu_Pivot_element", &LPctrl::mnu_Pivot_element_Click},

@@ -58,6 +58,10 @@ class LPctrl : public platform::Surface {
   Result<> InitTableau() { return tabulon::InitTableau(model_); }
   // The display text of a number; see numbers/display.h.
   std::string strSoortGetal(std::int16_t Soort, double Getal) const;
+  // Saves the tableau under that name, replacing what is there. Errors 9, 52, 61, 70, 76.
+  Result<> SchrijfTableau(std::string_view strFile);
+  // Error 54 for every file that is there, and nothing is read; 52, 53, 70, 76 for the others.
+  Result<> LeesTableau(std::string_view strFile);
   platform::Task<> ShowAboutBox();
   platform::Task<> ShowfrmMelding();
   platform::Task<> ShowfrmFoutmelding();
@@ -142,6 +146,11 @@ class LPctrl : public platform::Surface {
 
   // ---- control/fractions.cpp
   platform::Task<> mnu_Breuken_Click();
+
+  // ---- files/file_handlers.cpp
+  platform::Task<> mnu_Tableau_Opslaan_Als_Click();
+  platform::Task<> mnu_Openen_Click();
+  platform::Task<> show_opened_tableau();
 
   // ---- shell/menu_handlers.cpp
   platform::Task<> cmd_Bestand_Click();
@@ -242,6 +251,9 @@ class LPctrl : public platform::Surface {
   platform::Menu mnu_Nieuw_Simplex{*this, "mnu_Nieuw_Simplex", "De &Standaard Simplex-methode", &mnu_Nieuw};
   platform::Menu mnu_Nieuw_Big_M{*this, "mnu_Nieuw_Big_M", "De '&Big-M'-methode", &mnu_Nieuw};
   platform::Menu separator5{*this, "separator5", "-", &mnu_Bestand};
+  platform::Menu mnu_Openen{*this, "mnu_Openen", "&Openen", &mnu_Bestand};
+  platform::Menu mnu_Tableau_Opslaan_Als{*this, "mnu_Tableau_Opslaan_Als", "Opslaan &als ...", &mnu_Bestand};
+  platform::Menu Separator6{*this, "Separator6", "-", &mnu_Bestand};
   platform::Menu mnu_Tableau_Invullen{*this, "mnu_Tableau_Invullen", "&Invullen", &mnu_Bestand};
   platform::Menu mnu_Tableau_Invullen_Afsluiten{*this, "mnu_Tableau_Invullen_Afsluiten",
                                                 "Invullen a&fsluiten", &mnu_Bestand};

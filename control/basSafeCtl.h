@@ -15,8 +15,10 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/run_time_error.h"
+#include "platform/text_file.h"
 
 namespace tabulon {
 
@@ -156,6 +158,10 @@ struct basSafeCtl {
   std::string strFoutmelding;
   bool SafeForScripting = true;
   bool SafeForInitializing = true;
+
+  // ---- Files
+  std::vector<platform::TextFile> open_files;  // read and not closed
+  ErrorNumber error_number{};                  // noted, not raised
 
   int rows() const { return NrKleinerGelijkVglen + NrGroterGelijkVglen + NrGelijkVglen; }
   int columns() const { return NrBeslisVar + NrSpelingsVar + NrSurplusVar + NrKunstmatigeVar; }

@@ -40,6 +40,7 @@ platform::TextBox& LPctrl::box_of(GridBox box) {
 
 // Where a box's number lives: the row, in the current and in the first tableau, and the column.
 std::optional<LPctrl::StoredCell> LPctrl::stored_cell(GridBox box) {
+  if (model_.StartKolom < 1 || model_.StartRij < 1) return {};
   const bool in_cells = box.array == CellArray::Cells;
   const int column = model_.StartKolom + (in_cells ? (box.index - 1) % grid_columns : box.index - 1);
   if (box.array == CellArray::RowF) {

@@ -27,6 +27,7 @@ std::string number(int value) {
 Result<> LPctrl::ToonTableau(int startKolom, int startRij) {
   const auto shape = model_.shape();
   if (!shape) return std::unexpected(shape.error());
+  if (startKolom < 1 || startRij < 1) return fail(ErrorNumber::SubscriptOutOfRange);
   lblNRTableau.set_text(number(model_.NrTableau).substr(1) + "-e Simplex-tableau");
   lblFRL.set_text(model_.current.row_F().text(CellRow::right_hand_side));
   HScroll.set_visible(shape->columns > grid_columns);

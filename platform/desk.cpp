@@ -273,7 +273,6 @@ void Desk::abandon(Surface& surface) {
     if (last == running_.rend()) break;
     running_.erase(std::next(last).base());
   }
-  std::erase(busy_, &surface);
   settle();
 }
 

@@ -69,6 +69,7 @@ Result<std::string> TextFile::read_line() {
     if (more->empty()) break;
     ahead_ += *more;
   }
+  if (end == std::string::npos && ahead_.empty()) return fail(ErrorNumber::InputPastEnd);
   std::string line = ahead_.substr(0, end);
   ahead_.erase(0, end == std::string::npos ? end : end + 1);
   if (line.ends_with('\r')) line.pop_back();

@@ -43,7 +43,7 @@ class TextFile {
   static Result<TextFile> open(FileStore& store, std::string_view name, Mode mode);
 
   Result<> write_line(std::string_view text);
-  // The next line without its line end; an empty line at the end of the file.
+  // The next line without its line end. Error 62 when there is none.
   Result<std::string> read_line();
   Result<> close();
 
