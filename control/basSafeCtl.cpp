@@ -58,7 +58,7 @@ std::string CellRow::text(int column) const {
 }
 
 void CellRow::write(int column, double value, std::string_view text) {
-  write_value(column, value);
+  values_[place(column)] = value;
   write_text(column, text);
 }
 
@@ -113,6 +113,10 @@ void CellRow::rewrite_cells(Mask cells, bool fractions) {
 // Cells whose value stays the same stay settled.
 template <class Operation>
 void CellRow::change_and_rewrite(int columns, bool fractions, Operation operation) {
+  if (settled_ == 0) {
+    operation();
+    return rewrite_row(columns, fractions);
+  }
   const auto before = values_;
   operation();
   for (Mask cells = settled_ & row_bits(columns); cells != 0; cells &= cells - 1) {

@@ -114,17 +114,20 @@ constexpr double unknown_remainder = std::numeric_limits<double>::infinity();
 // Well within what is negligible, to leave room for the rounding of the remainder itself.
 constexpr double largest_remainder = largest_negligible_entry / 2;
 
-// The largest magnitude that a basic column holds outside its own row; unknown when the basis is not one of
-// unit columns.
+// A bound of what a basic column holds outside its own row; unknown when the basis is not one of unit
+// columns. The sum of a column less its 1 is such a bound, and unlike the largest magnitude it needs no
+// exception, hence no branch, for the own row.
 double remainder_of_basis(const Work& work) {
-  double largest = 0.0;
+  constexpr double rounding = 1e-14;  // of a sum of ten numbers up to 1
+  double largest = 1.0;
   for (int own_row = 1; own_row <= work.shape.rows; ++own_row) {
     const int column = work.tableau.basis(own_row);
     if (work.entry(own_row, column) != 1.0) return unknown_remainder;
-    for (int i = 1; i <= work.shape.rows; ++i)
-      if (i != own_row) largest = std::max(largest, std::fabs(work.tableau.row(i).value(column)));
+    double sum = 0.0;
+    for (int i = 1; i <= work.shape.rows; ++i) sum += std::fabs(work.tableau.row(i).value(column));
+    largest = std::max(largest, sum);
   }
-  return largest;
+  return largest - 1.0 + rounding;
 }
 
 class UnitBasisSweep {
@@ -137,7 +140,8 @@ class UnitBasisSweep {
         objective_(-work.tableau.row_F().value(pivot.column) / entry_) {
     for (int i = 1; i <= work.shape.rows; ++i) {
       const double quotient = -work.tableau.row(i).value(pivot.column) / entry_;
-      multiplier(i) = i != pivot.row && counts(quotient) ? quotient : 0.0;
+      const bool changes = (i != pivot.row) & counts(quotient);
+      multiplier(i) = changes ? quotient : 0.0;
       largest_multiplier_ = std::max(largest_multiplier_, std::fabs(multiplier(i)));
     }
   }
