@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "benchmarks/tableau_numbers.h"
 #include "numbers/conversions.h"
 #include "numbers/display.h"
 #include "numbers/expression.h"
@@ -15,24 +16,7 @@
 namespace tabulon::numbers {
 namespace {
 
-// What stands in a tableau some sweeps after the start: mostly small whole numbers and simple fractions,
-// some results with rounding noise, a multiple of pi, a few that are no simple fraction.
-constexpr std::array<double, 16> kTableauNumbers = {0,
-                                                    1,
-                                                    -3,
-                                                    0.5,
-                                                    -100,
-                                                    2.0 / 3,
-                                                    -7.0 / 12,
-                                                    12.25,
-                                                    0.1 + 0.2,
-                                                    1234.5678,
-                                                    1.0 / 30,
-                                                    -41.0 / 7,
-                                                    3.14159265358979323846,
-                                                    1.41421356237309505,
-                                                    99999.96,
-                                                    2.5e-8};
+using benchmarks::tableau_numbers;
 
 void evaluate_text(benchmark::State& state, std::string_view text) {
   for (auto _ : state) {
@@ -51,7 +35,7 @@ template <class Write>
 void write_in_turn(benchmark::State& state, Write write) {
   std::size_t next = 0;
   for (auto _ : state) {
-    double number = kTableauNumbers[next++ % kTableauNumbers.size()];
+    double number = tableau_numbers[next++ % tableau_numbers.size()];
     benchmark::DoNotOptimize(number);
     benchmark::DoNotOptimize(write(number));
   }
@@ -90,5 +74,3 @@ BENCHMARK(BM_Val);
 
 }  // namespace
 }  // namespace tabulon::numbers
-
-BENCHMARK_MAIN();

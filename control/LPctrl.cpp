@@ -30,7 +30,12 @@ const LPctrl::Command LPctrl::commands[] = {
     {"mnu_optimaliseren", &LPctrl::mnu_optimaliseren_Click},
     {"mnu_Reset", &LPctrl::mnu_Reset_Click},
     {"mnu_Breuken", &LPctrl::mnu_Breuken_Click},
+    {"mnu_Grafiek", &LPctrl::mnu_Grafiek_Click},
     {"mnu_About", &LPctrl::mnu_About_Click},
+    {"cmdReset", &LPctrl::cmdReset_Click},
+    {"cmdKopieren", &LPctrl::cmdKopieren_Click},
+    {"cmdSluiten", &LPctrl::cmdSluiten_Click},
+    {"cmdFrame", &LPctrl::cmdFrame_Click},
 };
 
 Task<> LPctrl::run_command(std::string_view name) {
@@ -41,6 +46,7 @@ Task<> LPctrl::run_command(std::string_view name) {
 Task<> LPctrl::on_click(platform::Control& control) {
   if (control.name() == FrameHead.name() || control.container() == &FrameHead) KleurFrameHead(-1);
   if (control.kind() == platform::Kind::CommandButton) co_return co_await run_command(control.name());
+  if (co_await PictureLN_Click(control)) co_return;
   co_await UserControl_Click();
 }
 

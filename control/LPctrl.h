@@ -17,6 +17,7 @@
 #include <variant>
 
 #include "control/basSafeCtl.h"
+#include "graph/geometry.h"
 #include "platform/desk.h"
 #include "shell/navigation.h"
 
@@ -82,11 +83,14 @@ class LPctrl : public platform::Surface {
   platform::Task<> on_lost_focus(platform::Control& control) override;
   platform::Task<> on_validate(platform::Control& control, bool& refused) override;
   platform::Task<> on_key_down(platform::KeyPress& press, bool& used) override;
+  platform::Task<> on_pointer(platform::Control& control, platform::Pointer pointer) override;
   platform::Task<> on_enter() override { return UserControl_EnterFocus(); }
   platform::Task<> on_exit() override;
 
  private:
   static constexpr int grid_rows = 7, grid_columns = 5;
+  // Places in the tab order: the traps stand on both sides of the cells.
+  static constexpr int before_cells = 1, at_cells = 2, behind_cells = 3;
   using CommandHandler = platform::Task<> (LPctrl::*)();
   struct Command {
     std::string_view name;
@@ -118,8 +122,9 @@ class LPctrl : public platform::Surface {
   platform::TextBox& cell(int grid_row, int grid_column) {
     return txtTableau((grid_row - 1) * grid_columns + grid_column);
   }
+  platform::Task<> leave_hidden_box();
   void show_columns(int filled);
-  void show_rows(int filled);
+  void show_rows(int filled, int filled_columns);
   void draw_row(int grid_row, int row);
   void draw_column(int grid_column, int column);
   void draw_cell(int grid_row, int grid_column, int row, int column);
@@ -206,6 +211,27 @@ class LPctrl : public platform::Surface {
   platform::Task<> mnu_Nieuw_Big_M_Click();
   platform::Task<> start_new_problem(platform::Form& dialog);
 
+  // ---- graph/panel_handlers.cpp
+  platform::Task<> mnu_Grafiek_Click();
+  void toggle_graph();
+  void rebuild_graph();
+  void offer_graph();
+  void hide_point();
+  void draw_graph();
+  std::int16_t number_mode() const;
+  void place_cross(platform::Point place);
+  void show_point(graph::PlanePoint point);
+  void grab(platform::Pointer pointer, platform::Twips height);
+  void cmdFrame_MouseMove(platform::Pointer pointer);
+  void imgCross_MouseMove(platform::Pointer pointer);
+  void move_cross(platform::Point place);
+  bool moved_by_key(platform::KeyPress press);
+  platform::Task<bool> PictureLN_Click(platform::Control& control);
+  platform::Task<> cmdFrame_Click();
+  platform::Task<> cmdReset_Click();
+  platform::Task<> cmdSluiten_Click();
+  platform::Task<> cmdKopieren_Click();
+
   basSafeCtl& model_;
 
   std::array<std::string, 5> lists_;       // the last text of each list
@@ -217,6 +243,12 @@ class LPctrl : public platform::Surface {
   std::int16_t m_intTabIndex = -1;     // and its index there
   std::int16_t m_intLaatsteToets = 0;  // 27 while Escape takes effect
   bool escaped_ = false;               // since Escape no cell has had the focus: Tab leaves the control
+
+  double m_dblMaxX1 = 0, m_dblMaxX2 = 0;  // where the graph's axes end; always the same
+  std::string m_strMaxX1, m_strMaxX2;     // and what stands there
+  bool m_blnGrafiek = false;              // the panel has been shown
+  std::int32_t m_lngGrabX = 0;            // where a drag began, on the control that was pressed
+  std::int32_t m_lngGrabY = 500;          // 500 when there is none
 
   // ---- The controls, in drawing order
   platform::CommandButton cmd_Bestand{*this, "cmd_Bestand"};
@@ -245,6 +277,30 @@ class LPctrl : public platform::Surface {
   platform::VScrollBar VScroll{*this, "VScroll"};
   platform::TextBox txtFocus{*this, "txtFocus"};
 
+  // ---- The graph panel, above the grid
+  platform::Frame frmGrafiek{*this, "frmGrafiek"};
+  platform::PictureBox PictureLN{*this, "PictureLN", &frmGrafiek};
+  platform::Line lineNiveau{*this, "lineNiveau", 0, &PictureLN};
+  platform::Image imgCross{*this, "imgCross", 0, &PictureLN};
+  platform::Line lineRestricties{*this, "lineRestricties", 0, &frmGrafiek};
+  platform::Label lblRestricties{*this, "lblRestricties", 0, &frmGrafiek};
+  platform::Line lineNiveaulijn{*this, "lineNiveaulijn", 0, &frmGrafiek};
+  platform::Label lblNiveaulijn{*this, "lblNiveaulijn", 0, &frmGrafiek};
+  platform::Label lblNiveauVanF{*this, "lblNiveauVanF", 0, &frmGrafiek};
+  platform::Label lblGebiedKleur{*this, "lblGebiedKleur", 0, &frmGrafiek};
+  platform::Label lblGebied{*this, "lblGebied", 0, &frmGrafiek};
+  platform::Label lblX1{*this, "lblX1", 0, &frmGrafiek};
+  platform::Label lblValX1{*this, "lblValX1", 0, &frmGrafiek};
+  platform::Label lblX2{*this, "lblX2", 0, &frmGrafiek};
+  platform::Label lblValX2{*this, "lblValX2", 0, &frmGrafiek};
+  platform::Label lblF{*this, "lblF", 0, &frmGrafiek};
+  platform::Label lblDoelfunctie{*this, "lblDoelfunctie", 0, &frmGrafiek};
+  platform::Label lblLetOp{*this, "lblLetOp", 0, &frmGrafiek};
+  platform::CommandButton cmdKopieren{*this, "cmdKopieren", &frmGrafiek};
+  platform::CommandButton cmdReset{*this, "cmdReset", &frmGrafiek};
+  platform::CommandButton cmdSluiten{*this, "cmdSluiten", &frmGrafiek};
+  platform::CommandButton cmdFrame{*this, "cmdFrame", &frmGrafiek};
+
   // ---- The menus, each in the order in which its items stand
   platform::Menu mnu_Bestand{*this, "mnu_Bestand", "&Bestand"};
   platform::Menu mnu_Nieuw{*this, "mnu_Nieuw", "&Nieuw", &mnu_Bestand};
@@ -271,6 +327,7 @@ class LPctrl : public platform::Surface {
   platform::Menu mnu_Reset{*this, "mnu_Reset", "&Reset", &mnu_Bewerken};
   platform::Menu mnu_Opties{*this, "mnu_Opties", "&Opties"};
   platform::Menu mnu_Breuken{*this, "mnu_Breuken", "&Breuken", &mnu_Opties};
+  platform::Menu mnu_Grafiek{*this, "mnu_Grafiek", "&Grafisch", &mnu_Opties};
   platform::Menu mnu_Help{*this, "mnu_Help", "&Help"};
   platform::Menu mnu_About{*this, "mnu_About", "&Info", &mnu_Help};
 };

@@ -19,7 +19,7 @@ constexpr std::array<Dress, 6> dresses{{
     {rgb(128, 255, 128), rgb(128, 255, 128), " Kunstmatige variabele bij >= restricties ",
      " Kunstmatige variabele bij doelfunctie F", " Kunstmatige variabele bij >= restricties "},
     {rgb(255, 192, 192), rgb(255, 192, 192), " Kunstmatige variabele bij = restricties",
-     " Kunstmatige variabele bij doelfunctie F", " Kunstmatige variabele bij = restricties"},
+     " Kunstmatige variabele bij doelfunctie F", " Kunstmatige variabele bij = restricties "},
 }};
 
 constexpr std::array<RowDress, 3> row_dresses{{

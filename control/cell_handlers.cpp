@@ -71,7 +71,10 @@ Task<> LPctrl::on_lost_focus(platform::Control& control) {
 Task<> LPctrl::on_validate(platform::Control& control, bool& refused) {
   const std::optional<GridBox> box = grid_box(&control);
   const std::optional<StoredCell> cell = box ? stored_cell(*box) : std::nullopt;
-  if (!cell || control.text() == cell->current.text(cell->column)) co_return;
+  // A locked box may show what was there before another control of the page changed the tableau, a hidden
+  // one what was typed for a larger problem.
+  if (!cell || box_of(*box).locked() || !control.visible()) co_return;
+  if (control.text() == cell->current.text(cell->column)) co_return;
   if (m_intLaatsteToets == platform::key::escape) {
     m_intLaatsteToets = 0;
     control.set_text(cell->current.text(cell->column));
@@ -80,8 +83,9 @@ Task<> LPctrl::on_validate(platform::Control& control, bool& refused) {
     cell->first.write(cell->column, *value, control.text());
   } else {
     refused = true;
-    co_await refuse(box_of(*box));
+    co_return co_await refuse(box_of(*box));
   }
+  rebuild_graph();
 }
 
 std::optional<double> LPctrl::evaluated(std::string_view text) {

@@ -7,6 +7,7 @@ namespace tabulon {
 
 using platform::Colour;
 using platform::rgb;
+using platform::Task;
 
 namespace {
 
@@ -33,36 +34,40 @@ Result<> LPctrl::ToonTableau(int startKolom, int startRij) {
   HScroll.set_visible(shape->columns > grid_columns);
   VScroll.set_visible(shape->rows > grid_rows);
   show_columns(shape->columns - startKolom + 1);
-  show_rows(shape->rows - startRij + 1);
+  show_rows(shape->rows - startRij + 1, shape->columns - startKolom + 1);
   for (int at = 1; at <= grid_rows && startRij + at - 1 <= shape->rows; ++at) draw_row(at, startRij + at - 1);
   for (int at = 1; at <= grid_columns && startKolom + at - 1 <= shape->columns; ++at)
     draw_column(at, startKolom + at - 1);
   for (int row = 1; row <= grid_rows && startRij + row - 1 <= shape->rows; ++row)
     for (int column = 1; column <= grid_columns && startKolom + column - 1 <= shape->columns; ++column)
       draw_cell(row, column, startRij + row - 1, startKolom + column - 1);
+  if (active() && !active()->can_take_focus()) desk().call(*this, leave_hidden_box());
   return {};
 }
 
-// Hides the grid columns beyond those that the tableau fills.
+Task<> LPctrl::leave_hidden_box() {
+  co_await set_focus(txtFocus);
+}
+
+// Hides the headings of the grid columns beyond those that the tableau fills.
 void LPctrl::show_columns(int filled) {
   for (int at = 1; at <= grid_columns; ++at) {
     const bool shown = at <= filled;
     lblKLM(at).set_visible(shown);
     lblKolom(at).set_visible(shown);
     txtRij_F(at).set_visible(shown);
-    for (int row = 1; row <= grid_rows; ++row) cell(row, at).set_visible(shown);
   }
 }
 
-void LPctrl::show_rows(int filled) {
+void LPctrl::show_rows(int filled, int filled_columns) {
   for (int at = 1; at <= grid_rows; ++at) {
     const bool shown = at <= filled;
     lblRij(at).set_visible(shown);
     lblBasis(at).set_visible(shown);
     lblRij_F(at).set_visible(shown);
     txtRL(at).set_visible(shown);
-    if (shown) continue;
-    for (int column = 1; column <= grid_columns; ++column) cell(at, column).set_visible(false);
+    for (int column = 1; column <= grid_columns; ++column)
+      cell(at, column).set_visible(shown && column <= filled_columns);
   }
 }
 
@@ -72,6 +77,8 @@ void LPctrl::draw_row(int grid_row, int row) {
   platform::TextBox& right = txtRL(grid_row);
   right.set_text(model_.current.row(row).text(CellRow::right_hand_side));
   right.set_locked(!CellenBewerkbaar);
+  // Once it cannot be typed in any more, a right-hand side tells the digits that its box has no room for.
+  right.set_tool_tip(CellenBewerkbaar ? std::string() : numbers::Str(model_.current.row(row).right()));
   right.set_spoken_name("rechterlid rij" + number(row));
 
   const int basic = model_.current.basis(row);

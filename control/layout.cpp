@@ -1,6 +1,7 @@
 #include "platform/layout.h"
 
 #include "control/LPctrl.h"
+#include "graph/panel.h"
 
 namespace tabulon {
 
@@ -75,8 +76,13 @@ void LPctrl::lay_out() {
   HScroll.set_spoken_name("Kolommen");
   VScroll.set_spoken_name("Rijen");
   txtFocus.set_spoken_name("Simplex-tableau");
-  for (platform::Menu* mark : {&mnu_Tableau_Invullen, &mnu_Tableau_Invullen_Afsluiten, &mnu_Breuken})
+  for (platform::TextBox& box : txtRij_F) box.set_tab(at_cells, false);
+  for (platform::TextBox& box : txtTableau) box.set_tab(at_cells, false);
+  for (platform::TextBox& box : txtRL) box.set_tab(at_cells, false);
+  for (platform::Menu* mark :
+       {&mnu_Tableau_Invullen, &mnu_Tableau_Invullen_Afsluiten, &mnu_Breuken, &mnu_Grafiek})
     mark->set_checkable();
+  graph::lay_out_panel(*this);
 }
 
 }  // namespace tabulon

@@ -16,6 +16,7 @@ Result<> LPctrl::UserControl_Initialize() {
   if (auto laid_out = InitTableau(); !laid_out) return laid_out;
   mnu_Tableau_Invullen.set_checked(true);
   mnu_Tableau_Invullen_Afsluiten.set_checked(false);
+  mnu_Grafiek.set_checked(false);
   return {};
 }
 
@@ -31,6 +32,7 @@ Task<> LPctrl::UserControl_Show() {
   report(model_.set_derived_counts());
   redraw();
   set_scroll_ranges();
+  offer_graph();
 }
 
 }  // namespace tabulon

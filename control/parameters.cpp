@@ -206,14 +206,13 @@ Result<> LPctrl::apply_list(ListKind kind, std::string_view text) {
 
 // The items of the objective go straight into row F: an empty one keeps the text that stands there.
 Result<> LPctrl::apply_objective(std::string_view text) {
+  if (model_.NrBeslisVar > most_columns) return fail(ErrorNumber::SubscriptOutOfRange);
   CellRow& row = model_.current.row_F();
   const auto store = [&row](int item, std::string_view words) -> Result<> {
-    if (item > most_columns) return fail(ErrorNumber::SubscriptOutOfRange);
     row.write_text(item, words);
     return {};
   };
   if (auto split = SplitsLijst(model_.NrBeslisVar, text, store); !split) return split;
-  if (model_.NrBeslisVar > most_columns) return fail(ErrorNumber::SubscriptOutOfRange);
   for (int column = 1; column <= model_.NrBeslisVar; ++column)
     write_in_both(row, model_.first.row_F(), column, row.text(column));
   return {};
@@ -229,7 +228,8 @@ Result<> LPctrl::apply_rows(ListKind kind, std::string_view text) {
   };
   if (auto split = SplitsLijst(items, text, store); !split) return split;
   if (target.rows <= 0 || target.columns <= 0) return {};
-  if (target.first_row + target.rows - 1 > most_rows || target.columns > most_columns)
+  const int last_row = target.first_row + target.rows - 1;
+  if (target.first_row < 1 || last_row > most_rows || target.columns > most_columns)
     return fail(ErrorNumber::SubscriptOutOfRange);
   for (int item = 1; item <= items; ++item) {
     const int row = target.first_row + (item - 1) / target.columns;

@@ -72,6 +72,7 @@ Task<> LPctrl::show_opened_tableau() {
   enable_fill_in(to_fill_in);
   set_scroll_ranges();
   follow_grid();
+  offer_graph();
 }
 
 }  // namespace tabulon

@@ -1,6 +1,7 @@
 #include "platform/desk.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace tabulon::platform {
@@ -16,9 +17,11 @@ struct Desk::Modal {
   ~Modal() {
     if (form) desk.host_.close_form(*form);
     if (menu) desk.host_.close_menu();
-    std::erase(desk.modals_, this);
+    const auto place = std::ranges::find(desk.modals_, this);
+    const Modal* const below = place == desk.modals_.begin() ? nullptr : *std::prev(place);
+    desk.modals_.erase(place);
     for (Running& running : desk.running_)  // a script's call that was begun up here goes on below
-      if (running.level == this) running.level = desk.level();
+      if (running.level == this) running.level = below;
   }
   bool over() const { return (form && form->unloaded()) || (menu && menu->over()); }
 

@@ -37,6 +37,17 @@ struct Dots {  // one point each, the size of a host's pixel at 1x or larger
   Colour colour;
   friend bool operator==(const Dots&, const Dots&) = default;
 };
+struct DotRuns {  // dots in straight runs: each run's first dot, and so many `step` apart
+  struct Run {
+    Point first;
+    std::uint32_t count = 0;
+    friend bool operator==(const Run&, const Run&) = default;
+  };
+  Point step;
+  std::vector<Run> runs;
+  Colour colour;
+  friend bool operator==(const DotRuns&, const DotRuns&) = default;
+};
 struct Segment {
   Point from, to;
   Colour colour;
@@ -57,13 +68,14 @@ struct Stamp {  // a picture, `at` its top left, `size` in user units
 };
 }  // namespace stroke
 
-using Stroke = std::variant<stroke::Dots, stroke::Segment, stroke::Text, stroke::Stamp>;
+using Stroke = std::variant<stroke::Dots, stroke::Segment, stroke::Text, stroke::Stamp, stroke::DotRuns>;
 
 class DisplayList {
  public:
   void dots(std::vector<Point> points, Colour colour) {
     strokes_.emplace_back(stroke::Dots{std::move(points), colour});
   }
+  void dots(stroke::DotRuns runs) { strokes_.emplace_back(std::move(runs)); }
   void line(Point from, Point to, Colour colour) { strokes_.emplace_back(stroke::Segment{from, to, colour}); }
   void text(Point at, std::string words, Colour colour) {
     strokes_.emplace_back(stroke::Text{at, std::move(words), colour});

@@ -36,15 +36,16 @@ Task<> LPctrl::on_key_down(KeyPress& press, bool& used) {
   if (press.shift == held::alt) co_return co_await open_menu_by_key(press.code, used);
   if (press.code == key::escape && press.shift == held::none) co_return co_await leave_cell(used);
   const std::optional<GridBox> box = grid_box(active());
-  if (box && press.code == key::enter && press.shift == held::ctrl) {
+  if (moved_by_key(press)) {
+    used = true;
+  } else if (box && press.code == key::enter && press.shift == held::ctrl) {
     used = true;
     co_await validate_in_place(*active());
   } else if (box && press.code != key::tab && step_of(press)) {
     used = true;
     co_await NavigeerCel(*box, press);
   } else if (active() == &txtFocus && press.code == key::tab && press.shift == held::none && !escaped_) {
-    used = true;
-    co_await set_focus(txtRij_F(1));
+    used = co_await set_focus(txtRij_F(1));
   } else if (press.code == key::enter && press.shift == held::none) {
     used = !active() || active()->kind() != platform::Kind::CommandButton;
   }
@@ -108,8 +109,8 @@ Task<> LPctrl::NavigeerCel(GridBox from, KeyPress press) {
 // them, which sends it where the walk goes on.
 
 void LPctrl::open_traps(bool open) {
-  txtShiftTab.set_tab(1, open);
-  txtTab.set_tab(3, open);
+  txtShiftTab.set_tab(before_cells, open);
+  txtTab.set_tab(behind_cells, open);
 }
 
 Task<> LPctrl::txtTab_GotFocus() {

@@ -63,6 +63,7 @@ Task<> LPctrl::mnu_Reset_Click() {
   mnu_Tableau_Invullen.set_checked(false);
   co_await mnu_Tableau_Invullen_Click();
   enable_fill_in(true);
+  rebuild_graph();
 }
 
 }  // namespace tabulon

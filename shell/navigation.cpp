@@ -43,8 +43,9 @@ GridBox right_hand_side(int row) {
 int last_columns(const GridView& view) {
   return std::max(1, view.variables - (box_columns - 1));
 }
+// The first column stands in where there are no decision variables at all.
 int last_box_column(const GridView& view) {
-  return std::min(view.variables, box_columns);
+  return std::clamp(view.variables, 1, box_columns);
 }
 
 Landing stay(GridBox box, const GridView& view) {

@@ -24,6 +24,7 @@ Task<> LPctrl::mnu_Kolommen_Normeren_Click() {
   }
   KolomNormeren();
   co_await set_focus(txtFocus);
+  rebuild_graph();
 }
 
 Task<> LPctrl::mnu_Kolommen_vegen_Click() {
@@ -33,6 +34,7 @@ Task<> LPctrl::mnu_Kolommen_vegen_Click() {
   }
   KolomVegen();
   co_await set_focus(txtFocus);
+  rebuild_graph();
 }
 
 Task<> LPctrl::mnu_Basisoplossing_Click() {

@@ -25,14 +25,14 @@ constexpr platform::Letters centred{.points = 9, .align = Align::Centre};
 constexpr platform::Letters heading{.points = 11, .bold = true};
 
 // Two columns of numbers: those that are chosen, and on the right those that follow from them.
-constexpr Twips dialog_width = 6990, first_row = 1020, row_pitch = 420, row_height = 330;
-constexpr Twips texts = 270, numbers = 2520, bars = 2970, derived_texts = 3630, derived_numbers = 6240;
+constexpr Twips dialog_width = 7710, first_row = 1020, row_pitch = 420, row_height = 330;
+constexpr Twips texts = 270, numbers = 2940, bars = 3405, derived_texts = 4020, derived_numbers = 6960;
 
 constexpr Twips top_of(int row) {
   return first_row + (row - 1) * row_pitch;
 }
 constexpr Bounds text_at(int row) {
-  return {texts, top_of(row) + 45, 2220, 255};
+  return {texts, top_of(row) + 45, 2640, 255};
 }
 constexpr Bounds number_at(int row) {
   return {numbers, top_of(row), 450, row_height};
@@ -41,13 +41,13 @@ constexpr Bounds bar_at(int row) {
   return {bars, top_of(row), 285, row_height};
 }
 constexpr Bounds derived_text_at(int row) {
-  return {derived_texts, top_of(row) + 45, 2580, 255};
+  return {derived_texts, top_of(row) + 45, 2880, 255};
 }
 constexpr Bounds derived_number_at(int row) {
   return {derived_numbers, top_of(row), 450, row_height};
 }
 constexpr Bounds button_at(int row, int place) {
-  return {2040 + place * 1530.0, top_of(row) + 180, 1380, 375};
+  return {2400 + place * 1530.0, top_of(row) + 180, 1380, 375};
 }
 constexpr Twips height_for(int rows) {
   return top_of(rows + 1) + 180 + 375 + 195;
@@ -91,7 +91,7 @@ constexpr Placement in_big_M[] = {
 
 // "Aantal", the relation sign, "restricties :".
 void place_relation(platform::ControlArray<Label, 3>& labels, int row, std::string_view sign) {
-  constexpr std::array<Twips, 3> lefts{texts, 885, 1230}, widths{600, 330, 1260};
+  constexpr std::array<Twips, 3> lefts{texts, 930, 1290}, widths{645, 345, 1500};
   const std::array<std::string_view, 3> words{"Aantal", sign, "restricties :"};
   for (int at = 1; at <= 3; ++at) {
     const auto part = static_cast<std::size_t>(at - 1);

@@ -132,6 +132,7 @@ Task<> LPctrl::mnu_Automatisch_vegen_Click() {
                       numbers::Str(model_.PivotRij));
     model_.DialoogOK = true;
     if (!KolomVegen()) co_return;
+    rebuild_graph();
     co_await pause_one_second();
   }
 }
@@ -148,6 +149,7 @@ Task<> LPctrl::mnu_optimaliseren_Click() {
   follow_grid();
   if (search) co_await ZoekPivotElement();
   co_await set_focus(txtFocus);
+  rebuild_graph();
 }
 
 }  // namespace tabulon

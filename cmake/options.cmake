@@ -1,0 +1,36 @@
+# How every target is compiled. Optimisation, warnings and floating point are decided here and nowhere else.
+
+set(CMAKE_CXX_STANDARD 23)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+
+# One level for tests, benchmarks and the web, so that what is measured is what is shipped.
+if(TABULON_SANITIZE)
+  set(CMAKE_CXX_FLAGS_RELWITHDEBINFO "-O1 -g1 -fno-omit-frame-pointer")
+elseif(TABULON_WEB)
+  set(CMAKE_CXX_FLAGS_RELWITHDEBINFO "-O2 -DNDEBUG")
+else()
+  set(CMAKE_CXX_FLAGS_RELWITHDEBINFO "-O2 -g1 -DNDEBUG")
+endif()
+
+add_library(tabulon_options INTERFACE)
+target_include_directories(tabulon_options INTERFACE ${PROJECT_SOURCE_DIR})
+target_compile_options(tabulon_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror
+  # A machine with a fused multiply-add rounds a*b+c once, WebAssembly rounds it twice. Never fusing
+  # keeps the last digit the same on every host.
+  -ffp-contract=off
+  # Tables that are made while compiling take more steps with libc++, whose containers call more functions.
+  -fconstexpr-steps=16777216
+  -fno-rtti)
+
+if(TABULON_SANITIZE)
+  target_compile_options(tabulon_options INTERFACE
+    -fsanitize=address,undefined,fuzzer-no-link -fno-sanitize-recover=all)
+  target_compile_definitions(tabulon_options INTERFACE _GLIBCXX_ASSERTIONS)
+  target_link_options(tabulon_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+if(NOT CMAKE_CROSSCOMPILING)
+  target_link_options(tabulon_options INTERFACE -fuse-ld=lld)
+endif()

@@ -1,0 +1,32 @@
+# tabulon_room(<name> FOLDERS <folder>... [ONLY <regex>] [EXCEPT <regex>] [DEPENDS <room>...])
+#
+#   tabulon_room(tabulon_numbers FOLDERS numbers DEPENDS tabulon_platform)
+#
+# A library of every .cpp directly in the folders, found again at each build. ONLY and EXCEPT choose by
+# file name. A room without sources yet is a library of headers.
+function(tabulon_room name)
+  cmake_parse_arguments(PARSE_ARGV 1 ROOM "" "ONLY;EXCEPT" "FOLDERS;DEPENDS")
+  list(TRANSFORM ROOM_FOLDERS APPEND "/*.cpp" OUTPUT_VARIABLE patterns)
+  list(TRANSFORM patterns PREPEND "${PROJECT_SOURCE_DIR}/")
+  file(GLOB found CONFIGURE_DEPENDS ${patterns})
+  set(sources "")
+  foreach(source IN LISTS found)
+    get_filename_component(file_name ${source} NAME)
+    if(DEFINED ROOM_ONLY AND NOT file_name MATCHES "${ROOM_ONLY}")
+      continue()
+    endif()
+    if(DEFINED ROOM_EXCEPT AND file_name MATCHES "${ROOM_EXCEPT}")
+      continue()
+    endif()
+    list(APPEND sources ${source})
+  endforeach()
+
+  if(sources)
+    add_library(${name} STATIC ${sources})
+    target_compile_options(${name} PRIVATE -fno-exceptions)
+    target_link_libraries(${name} PUBLIC tabulon_options ${ROOM_DEPENDS})
+  else()
+    add_library(${name} INTERFACE)
+    target_link_libraries(${name} INTERFACE tabulon_options ${ROOM_DEPENDS})
+  endif()
+endfunction()

@@ -1,0 +1,250 @@
+// The graph panel: what opens, draws and closes it, and what the person does in it.
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "control/LPctrl.h"
+#include "graph/drawing.h"
+#include "graph/panel.h"
+#include "numbers/display.h"
+
+namespace tabulon {
+
+using platform::Control;
+using platform::KeyPress;
+using platform::Pointer;
+using platform::Task;
+using platform::Twips;
+namespace key = platform::key;
+namespace held = platform::held;
+
+namespace {
+
+constexpr std::int32_t no_drag = 500;  // taller than anything that can be dragged
+constexpr Twips key_step = 150;        // by which an arrow key moves the panel
+constexpr int long_step = 10;          // how many steps an arrow key goes with Shift
+
+constexpr std::string_view copy_refused =
+    "De afbeelding kon niet naar het klembord worden gekopieerd. Probeer het nog eens.";
+
+std::string_view trimmed(std::string_view text) {
+  return text.starts_with(' ') ? text.substr(1) : text;
+}
+
+// To the nearest whole number, halves to the even one.
+std::int32_t whole(double number) {
+  using Limits = std::numeric_limits<std::int32_t>;
+  return static_cast<std::int32_t>(std::nearbyint(std::clamp<double>(number, Limits::min(), Limits::max())));
+}
+
+struct Direction {
+  int right = 0, up = 0;
+};
+
+std::optional<Direction> direction_of(KeyPress press) {
+  if (press.shift != held::none && press.shift != held::shift) return {};
+  const int steps = press.shift == held::shift ? long_step : 1;
+  switch (press.code) {
+    case key::left:
+      return Direction{-steps, 0};
+    case key::right:
+      return Direction{steps, 0};
+    case key::up:
+      return Direction{0, steps};
+    case key::down:
+      return Direction{0, -steps};
+    default:
+      return {};
+  }
+}
+
+}  // namespace
+
+// ---- Opening, drawing, closing
+
+Task<> LPctrl::mnu_Grafiek_Click() {
+  toggle_graph();
+  co_return;
+}
+
+void LPctrl::toggle_graph() {
+  if (model_.NrTableau == 1) hide_point();
+  const bool open = !mnu_Grafiek.checked();
+  mnu_Grafiek.set_checked(open);
+  frmGrafiek.set_visible(open);
+  m_blnGrafiek = m_blnGrafiek || open;
+  if (open && model_.NrTableau > 0) draw_graph();
+}
+
+// After a command that has changed what the open panel shows.
+void LPctrl::rebuild_graph() {
+  if (!mnu_Grafiek.checked()) return;
+  mnu_Grafiek.set_checked(false);
+  toggle_graph();
+}
+
+// For the problem that is shown from now on: the panel is closed, and can be opened when there is a graph.
+void LPctrl::offer_graph() {
+  mnu_Grafiek.set_enabled(model_.NrBeslisVar == 2);
+  mnu_Grafiek.set_checked(false);
+  frmGrafiek.set_visible(false);
+}
+
+// The first tableau has no point yet: its basic solution is where nothing is made.
+void LPctrl::hide_point() {
+  lineNiveau.set_visible(false);
+  imgCross.set_visible(false);
+  PictureLN.set_drawing({});
+  for (platform::Label* value : {&lblValX1, &lblValX2, &lblDoelfunctie}) value->set_text("");
+  PictureLN.set_spoken_name("Grafiek");
+  PictureLN.set_tab(PictureLN.tab_index(), false);
+}
+
+void LPctrl::draw_graph() {
+  const auto constraints = graph::constraints_of(model_);
+  const auto point = graph::basic_point(model_);
+  report(constraints);
+  if (!constraints || !point) return;
+  m_dblMaxX1 = graph::axis_range(*constraints);
+  m_strMaxX1 = numbers::strSoortGetal(number_mode(), m_dblMaxX1);
+  m_dblMaxX2 = m_dblMaxX1;
+  m_strMaxX2 = m_strMaxX1;
+  PictureLN.set_drawing(graph::problem_drawing(*constraints, m_dblMaxX1, {m_strMaxX1, m_strMaxX2}));
+  if (model_.NrTableau == 1) return;
+  place_cross(graph::cross_place(*point, m_dblMaxX1));
+  imgCross.set_visible(true);
+  PictureLN.set_tab(PictureLN.tab_index(), true);
+  show_point(*point);
+}
+
+std::int16_t LPctrl::number_mode() const {
+  return model_.Breuken ? numbers::kFractions : numbers::kDecimals;
+}
+
+void LPctrl::place_cross(platform::Point place) {
+  imgCross.set_bounds({place.x, place.y, graph::cross_size, graph::cross_size});
+}
+
+// The values of a point, and the level line through it.
+void LPctrl::show_point(graph::PlanePoint point) {
+  const graph::Objective objective = graph::objective_of(model_);
+  lblDoelfunctie.set_text(strSoortGetal(number_mode(), graph::objective_value(objective, point)));
+  lblValX1.set_text(strSoortGetal(number_mode(), point.x1));
+  lblValX2.set_text(strSoortGetal(number_mode(), point.x2));
+  PictureLN.set_spoken_name("Grafiek, x 1 = " + std::string(trimmed(lblValX1.text())) +
+                            ", x 2 = " + std::string(trimmed(lblValX2.text())) +
+                            ", F = " + std::string(trimmed(lblDoelfunctie.text())));
+  const auto line = graph::level_line(objective, point, m_dblMaxX1);
+  if (!line) return;
+  lineNiveau.set_ends(line->segment.from, line->segment.to);
+  lineNiveau.set_visible(line->visible);
+}
+
+// ---- The pointer. Both drags share the place at which the pointer was pressed.
+
+Task<> LPctrl::on_pointer(Control& control, Pointer pointer) {
+  const bool handle = &control == &cmdFrame;
+  if (!handle && &control != &imgCross) co_return;
+  switch (pointer.action) {
+    case Pointer::Action::Down:
+      grab(pointer, handle ? graph::handle_height : graph::cross_size);
+      break;
+    case Pointer::Action::Move:
+      if (!pointer.left_button) m_lngGrabY = no_drag;
+      handle ? cmdFrame_MouseMove(pointer) : imgCross_MouseMove(pointer);
+      break;
+    case Pointer::Action::Up:
+      m_lngGrabY = no_drag;
+      if (handle) co_await set_focus(txtFocus);
+      break;
+    case Pointer::Action::Lost:
+      m_lngGrabY = no_drag;
+      break;
+  }
+}
+
+void LPctrl::grab(Pointer pointer, Twips height) {
+  m_lngGrabY = no_drag;
+  if (!pointer.left_button || pointer.y <= 0 || pointer.y >= height) return;
+  m_lngGrabY = whole(pointer.y);
+  m_lngGrabX = whole(pointer.x);
+}
+
+void LPctrl::cmdFrame_MouseMove(Pointer pointer) {
+  if (m_lngGrabY <= 0 || m_lngGrabY >= graph::handle_height) return;
+  frmGrafiek.set_bounds(
+      graph::panel_moved(frmGrafiek.bounds(), pointer.x - m_lngGrabX, pointer.y - m_lngGrabY));
+}
+
+// The pointer's y grows downwards, as on every control; the drawing's grows upwards.
+void LPctrl::imgCross_MouseMove(Pointer pointer) {
+  if (m_lngGrabY < 1 || m_lngGrabY >= graph::cross_size) return;
+  const platform::Bounds& cross = imgCross.bounds();
+  move_cross({cross.left + pointer.x - m_lngGrabX, cross.top - (pointer.y - m_lngGrabY)});
+}
+
+void LPctrl::move_cross(platform::Point place) {
+  const platform::Point kept = graph::kept_in_square(place);
+  place_cross(kept);
+  show_point(graph::point_under_cross(kept, m_dblMaxX1));
+}
+
+// ---- The keyboard: the picture stands for its cross, the handle for the panel.
+
+bool LPctrl::moved_by_key(KeyPress press) {
+  const auto direction = direction_of(press);
+  if (!direction) return false;
+  if (active() == &cmdFrame) {
+    frmGrafiek.set_bounds(
+        graph::panel_moved(frmGrafiek.bounds(), key_step * direction->right, -key_step * direction->up));
+    return true;
+  }
+  if (active() != &PictureLN || !imgCross.visible()) return false;
+  const auto now = graph::point_under_cross({imgCross.bounds().left, imgCross.bounds().top}, m_dblMaxX1);
+  const auto next = graph::stepped(now, direction->right, direction->up, m_dblMaxX1);
+  move_cross(graph::cross_place(next, m_dblMaxX1));
+  return true;
+}
+
+// ---- Clicks
+
+// True when the picture has taken the focus for its cross.
+Task<bool> LPctrl::PictureLN_Click(Control& control) {
+  if (&control != &PictureLN && control.container() != &PictureLN) co_return false;
+  if (!imgCross.visible()) co_return false;
+  co_await set_focus(PictureLN);
+  co_return true;
+}
+
+Task<> LPctrl::cmdFrame_Click() {
+  co_await set_focus(txtFocus);
+}
+
+Task<> LPctrl::cmdReset_Click() {
+  mnu_Grafiek.set_checked(false);
+  co_await mnu_Grafiek_Click();
+  co_await set_focus(txtFocus);
+}
+
+Task<> LPctrl::cmdSluiten_Click() {
+  if (mnu_Grafiek.checked()) co_await mnu_Grafiek_Click();
+  co_await set_focus(txtFocus);
+}
+
+Task<> LPctrl::cmdKopieren_Click() {
+  std::optional<graph::Segment> level;
+  if (lineNiveau.visible()) level = {lineNiveau.from(), lineNiveau.to()};
+  std::optional<platform::Point> cross;
+  if (imgCross.visible()) cross = {imgCross.bounds().left, imgCross.bounds().top};
+  desk().host().clear_clipboard();
+  const bool copied =
+      co_await desk().copy_picture({graph::copied_drawing(PictureLN.drawing(), level, cross),
+                                    PictureLN.scale(), PictureLN.bounds().width, PictureLN.bounds().height});
+  if (!copied) {
+    model_.strFoutmelding = copy_refused;
+    co_await ShowfrmFoutmelding();
+  }
+  co_await set_focus(txtFocus);
+}
+
+}  // namespace tabulon

@@ -1,0 +1,145 @@
+// A picture box's display list: read from a record, painted on a canvas at the screen's own density.
+import { cssColour } from "./colours.js";
+import { paintPicture, type Picture } from "./pictures.js";
+import type { RecordReader } from "./record.js";
+
+export interface Point {
+  readonly x: number;
+  readonly y: number;
+}
+
+// The user coordinates of the corners; y may grow upwards.
+export interface Scale {
+  readonly topLeft: Point;
+  readonly bottomRight: Point;
+}
+
+// Dots one step apart, from the first on.
+interface Run {
+  readonly first: Point;
+  readonly count: number;
+}
+
+type Stroke =
+  | { kind: "dots"; colour: string; points: Point[] }
+  | { kind: "runs"; colour: string; step: Point; runs: Run[] }
+  | { kind: "segment"; colour: string; from: Point; to: Point }
+  | { kind: "text"; colour: string; at: Point; text: string }
+  | { kind: "stamp"; at: Point; size: Point; picture: Picture; masks: boolean };
+
+export interface Drawing {
+  readonly scale: Scale;
+  readonly strokes: readonly Stroke[];
+}
+
+const readPoint = (record: RecordReader): Point => ({ x: record.f64(), y: record.f64() });
+
+// In the order of platform::Stroke.
+const readers: ((record: RecordReader) => Stroke)[] = [
+  (record) => {
+    const colour = cssColour(record.u32());
+    return { kind: "dots", colour, points: Array.from({ length: record.u32() }, () => readPoint(record)) };
+  },
+  (record) => ({ kind: "segment", colour: cssColour(record.u32()), from: readPoint(record), to: readPoint(record) }),
+  (record) => ({ kind: "text", colour: cssColour(record.u32()), at: readPoint(record), text: record.text() }),
+  (record) => ({
+    kind: "stamp",
+    at: readPoint(record),
+    size: readPoint(record),
+    picture: record.u8(),
+    masks: record.u8() === 1,
+  }),
+  (record) => {
+    const [colour, step] = [cssColour(record.u32()), readPoint(record)];
+    const runs = Array.from({ length: record.u32() }, () => ({ first: readPoint(record), count: record.u32() }));
+    return { kind: "runs", colour, step, runs };
+  },
+];
+
+export function readDrawing(record: RecordReader): Drawing {
+  const scale = { topLeft: readPoint(record), bottomRight: readPoint(record) };
+  const strokes = Array.from({ length: record.u32() }, () => readers[record.u8()]!(record));
+  return { scale, strokes };
+}
+
+// How many pixels a user unit is, per axis; negative where an axis grows the other way.
+export function pixelsPerUnit({ topLeft, bottomRight }: Scale, width: number, height: number): Point {
+  return { x: width / (bottomRight.x - topLeft.x || 1), y: height / (bottomRight.y - topLeft.y || 1) };
+}
+
+// Paints strokes on a canvas's context, in pixels from its corner.
+class Painter {
+  readonly #context: CanvasRenderingContext2D;
+  readonly #origin: Point;
+  readonly #unit: Point;
+
+  constructor(context: CanvasRenderingContext2D, scale: Scale, width: number, height: number) {
+    this.#context = context;
+    this.#origin = scale.topLeft;
+    this.#unit = pixelsPerUnit(scale, width, height);
+  }
+
+  paint(stroke: Stroke): void {
+    if ("colour" in stroke) this.#context.fillStyle = this.#context.strokeStyle = stroke.colour;
+    if (stroke.kind === "dots") for (const point of stroke.points) this.#dots(point, 1, { x: 0, y: 0 });
+    else if (stroke.kind === "runs") for (const { first, count } of stroke.runs) this.#dots(first, count, stroke.step);
+    else if (stroke.kind === "segment") this.#segment(stroke.from, stroke.to);
+    else if (stroke.kind === "text") this.#context.fillText(stroke.text, ...this.#pixels(stroke.at));
+    else this.#stamp(stroke.at, stroke.size, stroke.picture, stroke.masks);
+  }
+
+  #pixels(point: Point): [number, number] {
+    return [(point.x - this.#origin.x) * this.#unit.x, (point.y - this.#origin.y) * this.#unit.y];
+  }
+
+  // A dot is a pixel. Dots that touch along an axis are one rectangle.
+  #dots(first: Point, count: number, step: Point): void {
+    const [x, y] = this.#pixels(first);
+    const [stepX, stepY] = [step.x * this.#unit.x, step.y * this.#unit.y];
+    const [lengthX, lengthY] = [stepX * (count - 1), stepY * (count - 1)];
+    if (Math.max(Math.abs(stepX), Math.abs(stepY)) <= 1 && (stepX === 0 || stepY === 0)) {
+      const [left, top] = [Math.min(x, x + lengthX), Math.min(y, y + lengthY)];
+      this.#context.fillRect(left, top, Math.abs(lengthX) + 1, Math.abs(lengthY) + 1);
+    } else {
+      for (let at = 0; at < count; ++at) this.#context.fillRect(x + at * stepX, y + at * stepY, 1, 1);
+    }
+  }
+
+  // Upright and level lines are put on whole pixels, so that they are sharp.
+  #segment(from: Point, to: Point): void {
+    let [[x1, y1], [x2, y2]] = [this.#pixels(from), this.#pixels(to)];
+    if (Math.abs(x1 - x2) < 0.01) x1 = x2 = Math.floor(x1) + 0.5;
+    if (Math.abs(y1 - y2) < 0.01) y1 = y2 = Math.floor(y1) + 0.5;
+    this.#context.beginPath();
+    this.#context.moveTo(x1, y1);
+    this.#context.lineTo(x2, y2);
+    this.#context.stroke();
+  }
+
+  #stamp(at: Point, size: Point, picture: Picture, masks: boolean): void {
+    this.#context.globalCompositeOperation = masks ? "multiply" : "source-over";
+    const [width, height] = [Math.abs(size.x * this.#unit.x), Math.abs(size.y * this.#unit.y)];
+    paintPicture(this.#context, picture, ...this.#pixels(at), width, height);
+    this.#context.globalCompositeOperation = "source-over";
+  }
+}
+
+// Paints a drawing on a canvas of width by height pixels, with `density` device pixels to a pixel.
+export function paint(
+  canvas: HTMLCanvasElement,
+  { scale, strokes }: Drawing,
+  width: number,
+  height: number,
+  density: number,
+  font: string,
+): void {
+  canvas.width = Math.round(width * density);
+  canvas.height = Math.round(height * density);
+  const context = canvas.getContext("2d");
+  if (!context) return;
+  context.scale(density, density);
+  context.font = font;
+  context.textBaseline = "top";
+  const painter = new Painter(context, scale, width, height);
+  for (const stroke of strokes) painter.paint(stroke);
+}

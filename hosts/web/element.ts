@@ -1,0 +1,216 @@
+// The custom element: the control as a page and its script see it.
+import { ElementView } from "./element_view.js";
+import { TabulonError } from "./errors.js";
+import { loadPage, type Page } from "./page.js";
+import { isParsed, readParameters } from "./parameters.js";
+import { sheet } from "./styles.js";
+
+// A whole number of 16 bits, or a text that is one.
+export type Count = number | string;
+
+// How set_property (exports.cpp) takes a value.
+enum Given {
+  Number,
+  Truth,
+  Text,
+}
+
+export class TabulonLPctrl extends HTMLElement {
+  // Resolves when the control has been shown; rejects, with the error's number, when its parameters cannot be
+  // read. The control is shown all the same, with an empty tableau.
+  readonly ready: Promise<void>;
+
+  readonly #root: ShadowRoot;
+  #settleReady!: { resolve: () => void; reject: (error: TabulonError) => void };
+  #view: ElementView | undefined;
+  #page: Page | undefined;
+  #started = false;
+  // What a script does before the control is there is done, in its order, when it is.
+  #waiting: (() => void)[] = [];
+
+  constructor() {
+    super();
+    this.#root = this.attachShadow({ mode: "open" });
+    this.#root.adoptedStyleSheets = [sheet];
+    const internals = this.attachInternals();
+    internals.role = "group";
+    internals.ariaLabel = "Simplex-tableau";
+    this.ready = new Promise((resolve, reject) => (this.#settleReady = { resolve, reject }));
+    // Whoever does not look at it finds the error on the console.
+    this.ready.catch(() => {});
+  }
+
+  connectedCallback(): void {
+    if (this.#view) for (const form of this.#view.forms) form.showAgain();
+    if (this.#started) return;
+    this.#started = true;
+    this.setAttribute("aria-busy", "true");
+    this.#takeOwnProperties();
+    if (isParsed(this)) void this.#start();
+    else document.addEventListener("DOMContentLoaded", () => void this.#start(), { once: true });
+  }
+
+  disconnectedCallback(): void {
+    // One that is being moved is back by then.
+    queueMicrotask(() => {
+      if (!this.isConnected && this.#view) this.#page?.abandon(this.#view);
+    });
+  }
+
+  // ---- Properties, all write-only. Error 6, 9 or 13 when the value will not do.
+
+  set prmNrBeslisVar(value: Count) {
+    this.#set("prmNrBeslisVar", value);
+  }
+  set prmNrKleinerGelijkVglen(value: Count) {
+    this.#set("prmNrKleinerGelijkVglen", value);
+  }
+  set prmNrGroterGelijkVglen(value: Count) {
+    this.#set("prmNrGroterGelijkVglen", value);
+  }
+  set prmNrGelijkVglen(value: Count) {
+    this.#set("prmNrGelijkVglen", value);
+  }
+  set prmBigM(value: Count) {
+    this.#set("prmBigM", value);
+  }
+  // True lays out and shows a new tableau of the counts that have been set.
+  set prmShow(value: boolean) {
+    this.#set("prmShow", value);
+  }
+  set prmDLfunctie(value: string) {
+    this.#set("prmDLfunctie", value);
+  }
+  set prmKleinerGelijkVglen(value: string) {
+    this.#set("prmKleinerGelijkVglen", value);
+  }
+  set prmGroterGelijkVglen(value: string) {
+    this.#set("prmGroterGelijkVglen", value);
+  }
+  set prmGelijkVglen(value: string) {
+    this.#set("prmGelijkVglen", value);
+  }
+  set prmRL(value: string) {
+    this.#set("prmRL", value);
+  }
+
+  // ---- Methods
+
+  // Lays out a new tableau of the counts' size, and shows nothing yet. Error 9 when it would be too large.
+  InitTableau(): void {
+    this.#whenThere((page, view) => this.#check(page, page.send((module) => module.InitTableau(view.surface.id))));
+  }
+
+  // The display text of a number: as a decimal, or with Soort true as a fraction or a multiple of pi.
+  strSoortGetal(Soort: number | boolean, Getal: number): string {
+    if (!this.#page || !this.#view) throw new Error("Tabulon: strSoortGetal kan pas als element.ready vervuld is.");
+    const { module } = this.#page;
+    const kind = typeof Soort === "boolean" ? -Number(Soort) : Number(Soort);
+    const number = Number(Getal);
+    if (Number.isNaN(kind + number)) throw new TabulonError(13, "strSoortGetal", String(Number.isNaN(kind) ? Soort : Getal));
+    this.#check(this.#page, module.exports.strSoortGetal(this.#view.surface.id, kind, number), String(Soort));
+    return module.answer();
+  }
+
+  // Each resolves when its form has closed.
+  ShowAboutBox(): Promise<void> {
+    return this.#call("ShowAboutBox");
+  }
+  ShowfrmMelding(): Promise<void> {
+    return this.#call("ShowfrmMelding");
+  }
+  ShowfrmFoutmelding(): Promise<void> {
+    return this.#call("ShowfrmFoutmelding");
+  }
+
+  // ---- How it starts
+
+  async #start(): Promise<void> {
+    const page = await loadPage();
+    if (!this.isConnected) {
+      this.#started = false;  // taken away before it was shown; it starts when it comes back
+      return;
+    }
+    this.#page = page;
+    this.#view = page.create(this, this.#root);
+    const error = this.#readParameters(page, this.#view);
+    if (!this.#view.isBusy) this.removeAttribute("aria-busy");
+    for (const action of this.#waiting.splice(0)) action();
+    if (error) this.#settleReady.reject(error);
+    else this.#settleReady.resolve();
+  }
+
+  #readParameters(page: Page, { surface }: ElementView): TabulonError | undefined {
+    const parameters = readParameters(this);
+    const [number, answer] = page.send((module) => {
+      page.module.give(...parameters.listing, "");
+      const started = module.start(surface.id);
+      // Into the page when it is whole: the browser then lays it out once.
+      page.afterwards(() => this.#root.append(surface.ground));
+      return [started, page.module.answer()] as const;
+    });
+    if (number) {
+      const error = new TabulonError(number, answer, parameters.textOf(answer));
+      console.error(error);
+      return error;
+    }
+    for (const name of answer.split("\0").filter(Boolean)) console.warn(`Tabulon: ${name} is geen parameter.`);
+    return undefined;
+  }
+
+  // A script may set properties before the browser knows the element; then they stand on the element itself.
+  #takeOwnProperties(): void {
+    for (const name of Object.keys(this)) {
+      if (!Object.getOwnPropertyDescriptor(TabulonLPctrl.prototype, name)?.set) continue;
+      const value: unknown = Reflect.get(this, name);
+      Reflect.deleteProperty(this, name);
+      Reflect.set(this, name, value);
+    }
+  }
+
+  // ---- How a script's wish reaches the control
+
+  // At once when the control is there, which may throw; else later, when an error can only be reported.
+  #whenThere(action: (page: Page, view: ElementView) => void): void {
+    const [page, view] = [this.#page, this.#view];
+    if (page && view) return action(page, view);
+    this.#waiting.push(() => {
+      try {
+        action(this.#page!, this.#view!);
+      } catch (error) {
+        if (!(error instanceof TabulonError)) throw error;
+        this.#page!.report(this, error);
+      }
+    });
+  }
+
+  #check(page: Page, number: number, given?: string): void {
+    if (number) throw new TabulonError(number, page.module.answer(), given);
+  }
+
+  #set(name: string, value: unknown): void {
+    this.#whenThere((page, { surface }) => {
+      const kind = typeof value === "number" ? Given.Number : typeof value === "boolean" ? Given.Truth : Given.Text;
+      const number = page.send((module) => {
+        page.module.give(name, String(value));
+        return module.set_property(surface.id, kind, kind === Given.Text ? 0 : Number(value));
+      });
+      this.#check(page, number, String(value));
+    });
+  }
+
+  async #call(name: string, given = ""): Promise<void> {
+    await new Promise<void>((there) => this.#whenThere(() => there()));
+    await this.#page!.call(this.#view!, name, given);
+  }
+}
+
+declare global {
+  interface HTMLElementTagNameMap {
+    "tabulon-lpctrl": TabulonLPctrl;
+  }
+  interface HTMLElementEventMap {
+    // What went wrong where no script was asking.
+    "tabulon-error": CustomEvent<TabulonError>;
+  }
+}

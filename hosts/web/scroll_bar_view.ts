@@ -1,0 +1,142 @@
+// A scroll bar, or where there is no room for a thumb a pair of arrows.
+import { Kind, type ControlView } from "./control_view.js";
+import { make, setAttribute } from "./dom.js";
+
+const firstRepeat = 400;
+const nextRepeats = 60;
+const shortestThumb = 14;
+// A bar whose track is shorter than this many times its width has arrows alone.
+const shortestTrack = 1.5;
+
+export class ScrollBarView {
+  readonly #control: ControlView;
+  readonly #vertical: boolean;
+  readonly #back = make("div", "arrow back");
+  readonly #forward = make("div", "arrow forward");
+  readonly #track = make("div", "track");
+  readonly #thumb = make("div", "thumb");
+  #min = 0;
+  #max = 0;
+  #value = 0;
+  #page = 1;
+  #length = 0;  // of the track, in pixels
+  #timer: ReturnType<typeof setTimeout> | undefined;
+  #wanted: number | undefined;  // where the thumb is being dragged to, until the control has followed
+
+  constructor(control: ControlView) {
+    this.#control = control;
+    this.#vertical = control.kind === Kind.VScrollBar;
+    const { node } = control;
+    node.classList.add(this.#vertical ? "vertical" : "horizontal");
+    node.setAttribute("aria-orientation", this.#vertical ? "vertical" : "horizontal");
+    this.#track.append(this.#thumb);
+    node.append(this.#back, this.#track, this.#forward);
+    node.addEventListener("pointerdown", (event) => this.#press(event));
+    for (const end of ["pointerup", "pointercancel", "pointerleave"]) node.addEventListener(end, () => this.stop());
+    this.#thumb.addEventListener("pointerdown", (event) => this.#drag(event));
+  }
+
+  setRange(min: number, max: number, value: number, page: number): void {
+    [this.#min, this.#max, this.#value, this.#page] = [min, max, value, page];
+    const { node } = this.#control;
+    node.ariaValueMin = String(Math.min(min, max));
+    node.ariaValueMax = String(Math.max(min, max));
+    node.ariaValueNow = String(value);
+    this.#placeThumb();
+  }
+
+  resize(width: number, height: number): void {
+    const [length, thickness] = this.#vertical ? [height, width] : [width, height];
+    this.#length = length - 2 * thickness;
+    const arrowsAlone = this.#length < shortestTrack * thickness;
+    const { node } = this.#control;
+    node.classList.toggle("spin", arrowsAlone);
+    setAttribute(node, "role", arrowsAlone ? "spinbutton" : "scrollbar");
+    node.style.setProperty("--thickness", `${thickness}px`);
+    this.#placeThumb();
+  }
+
+  // Ends what a held arrow does.
+  stop(): void {
+    clearTimeout(this.#timer);
+    this.#timer = undefined;
+  }
+
+  // The control can follow again: on to where the thumb was dragged in the meantime.
+  follow(): void {
+    if (this.#wanted === undefined || this.#wanted === this.#value) return;
+    this.#scroll(this.#wanted);
+  }
+
+  get #steps(): number {
+    return Math.abs(this.#max - this.#min);
+  }
+
+  get #thumbLength(): number {
+    return Math.max(shortestThumb, (this.#length * this.#page) / (this.#steps + this.#page));
+  }
+
+  #placeThumb(): void {
+    const { style } = this.#thumb;
+    const part = this.#steps ? Math.abs(this.#value - this.#min) / this.#steps : 0;
+    const at = `${part * (this.#length - this.#thumbLength)}px`;
+    const length = `${this.#thumbLength}px`;
+    if (this.#vertical) [style.top, style.height] = [at, length];
+    else [style.left, style.width] = [at, length];
+  }
+
+  #scroll(value: number): void {
+    const { surface, id } = this.#control;
+    surface.send((module) => module.scroll(surface.id, id, value, 1));
+  }
+
+  #step(direction: number, pageWise: boolean): void {
+    const { surface, id } = this.#control;
+    surface.send((module) => module.scroll_step(surface.id, id, direction, Number(pageWise)));
+  }
+
+  #press(event: PointerEvent): void {
+    if (event.button !== 0 || event.target === this.#thumb) return;
+    const onTrack = event.target === this.#track;
+    const forward = onTrack ? this.#isBeyondThumb(event) : event.target === this.#forward;
+    const again = (delay: number) => {
+      this.#timer = setTimeout(() => {
+        again(nextRepeats);
+        if (!onTrack || this.#isBeyondThumb(event) === forward) this.#step(forward ? 1 : -1, onTrack);
+      }, delay);
+    };
+    this.stop();
+    again(firstRepeat);
+    this.#step(forward ? 1 : -1, onTrack);
+  }
+
+  #isBeyondThumb(event: PointerEvent): boolean {
+    const thumb = this.#thumb.getBoundingClientRect();
+    return this.#vertical ? event.clientY > thumb.top + thumb.height / 2 : event.clientX > thumb.left + thumb.width / 2;
+  }
+
+  #drag(event: PointerEvent): void {
+    if (event.button !== 0) return;
+    const thumb = this.#thumb;
+    const room = this.#length - this.#thumbLength;
+    const place = (at: PointerEvent) => (this.#vertical ? at.clientY : at.clientX);
+    const [start, startValue] = [place(event), this.#value];
+    const direction = this.#max < this.#min ? -1 : 1;
+    const stop = new AbortController();
+    const move = (moved: PointerEvent) => {
+      const steps = Math.round(((place(moved) - start) / (room || 1)) * this.#steps) * direction;
+      const [low, high] = [Math.min(this.#min, this.#max), Math.max(this.#min, this.#max)];
+      this.#wanted = Math.min(high, Math.max(low, startValue + steps));
+      this.follow();
+    };
+    const end = () => {
+      stop.abort();
+      this.follow();
+      if (this.#wanted === this.#value) this.#wanted = undefined;
+    };
+    this.#wanted = undefined;
+    thumb.setPointerCapture(event.pointerId);
+    thumb.addEventListener("pointermove", move, stop);
+    thumb.addEventListener("lostpointercapture", end, stop);
+  }
+}

@@ -1,0 +1,280 @@
+// How the control looks. Places, sizes, letters and the given colours are the control's own; here stand the
+// borders, the states that a person sees under the hand, and the forms' and menus' frames.
+
+// The person's own letters where they are about as wide as these, so that every caption fits its place.
+export const letters = '"Segoe UI", -apple-system, Roboto, "Noto Sans", "Liberation Sans", Arial, system-ui, sans-serif';
+
+const css = `
+:host {
+  all: initial;
+  display: inline-block;
+  box-sizing: content-box !important;
+  width: 600px !important;
+  height: 296px !important;
+  min-width: 0 !important;
+  max-width: none !important;
+  max-height: none !important;
+  padding: 0 !important;
+  vertical-align: top;
+  color-scheme: light;
+}
+:host([hidden]) { display: none; }
+
+* { box-sizing: border-box; }
+[hidden] { display: none !important; }
+
+.surface, .form, .menu {
+  --ink: #1c2430;
+  --line: #c3c9d2;
+  --soft-line: #dfe3e9;
+  --ground: #ffffff;
+  --band: #eff1f4;
+  --hover: rgb(28 36 48 / 8%);
+  --press: rgb(28 36 48 / 15%);
+  --accent: #1557c0;
+  font-family: ${letters};
+  font-size: 12px;
+  font-variant-numeric: tabular-nums lining-nums;
+  line-height: normal;
+  letter-spacing: 0;
+  color: var(--ink);
+  cursor: default;
+  user-select: none;
+  -webkit-user-select: none;
+  -webkit-tap-highlight-color: transparent;
+}
+.surface {
+  position: relative;
+  overflow: clip;
+  contain: layout style;
+  isolation: isolate;
+  background-color: var(--ground);
+}
+:host > .surface, .surface:not(.form *) {
+  border-radius: 3px;
+  background-image: linear-gradient(var(--band) 21px, transparent 21px);
+}
+/* The edge lies over what the surface shows, and takes no room from it. */
+.surface:not(.form *)::after {
+  content: "";
+  position: absolute;
+  inset: 0;
+  border: 1px solid var(--line);
+  border-radius: inherit;
+  pointer-events: none;
+}
+:host([aria-busy]) .surface, :host([aria-busy]) .surface * { cursor: progress; }
+
+.surface [data-name] { position: absolute; margin: 0; }
+
+.label { white-space: pre; text-align: left; }
+.label.wraps { white-space: pre-wrap; line-height: 1.35; overflow-wrap: break-word; }
+.caption { position: absolute; left: 8px; top: 2px; white-space: pre; }
+.frame { overflow: clip; }
+.frame.captioned { border-radius: 4px; box-shadow: 0 0 0 1px #a5aebb, 0 6px 18px 1px rgb(16 24 40 / 22%); }
+.line { height: 1px; transform-origin: 0 0; pointer-events: none; }
+.image svg { display: block; width: 100%; height: 100%; }
+.picture { overflow: clip; outline: 1px solid var(--line); outline-offset: -1px; }
+.picture:focus { outline: 2px solid var(--accent); }
+.picture .image, .frame .button { touch-action: none; }
+.picture .image { cursor: grab; }
+.picture .image:active { cursor: grabbing; }
+.picture canvas { position: absolute; inset: 0; width: 100%; height: 100%; }
+
+/* Cells: what can be typed in has a firm edge, what is locked a faint one. */
+.box {
+  appearance: none;
+  padding: 0 4px;
+  font: inherit;
+  font-variant-numeric: inherit;
+  text-align: left;
+  white-space: pre;
+  border: 1px solid #9aa4b2;
+  border-radius: 2px;
+  outline: 2px solid transparent;
+  outline-offset: -1px;
+  cursor: text;
+  user-select: text;
+  -webkit-user-select: text;
+}
+.box:read-only { border-color: var(--soft-line); cursor: default; }
+.box:hover:not(:read-only, :disabled) { border-color: #5d6878; }
+.box:focus { border-color: var(--accent); outline-color: var(--accent); }
+.box:disabled { opacity: 0.55; }
+.box::selection { background: var(--accent); color: #ffffff; }
+
+.surface .aside {
+  left: 0 !important;
+  top: 0 !important;
+  width: 1px !important;
+  height: 1px !important;
+  padding: 0;
+  border: 0;
+  outline: none;
+  opacity: 0;
+  pointer-events: none;
+  font-size: 16px !important;
+}
+
+.button {
+  appearance: none;
+  padding: 0 4px;
+  font: inherit;
+  line-height: 1;
+  white-space: pre;
+  background-color: #fbfcfd;
+  border: 1px solid #a5aebb;
+  border-radius: 4px;
+  outline: 2px solid transparent;
+  outline-offset: 1px;
+}
+.button u { text-underline-offset: 2px; text-decoration-thickness: 1px; }
+.button:hover { background-image: linear-gradient(var(--hover), var(--hover)); }
+.button:active { background-image: linear-gradient(var(--press), var(--press)); }
+.button:focus { outline-color: var(--accent); }
+.button:disabled { opacity: 0.5; background-image: none; }
+/* The menu bar's buttons are flat. */
+.surface:not(.form *) > .button { background-color: transparent; border-color: transparent; outline-offset: -2px; border-radius: 3px; }
+
+.bar { --thickness: 16px; background-color: var(--band) !important; touch-action: none; overflow: clip; border-radius: 3px; outline: 2px solid transparent; }
+.bar:focus-visible { outline-color: var(--accent); }
+.bar .arrow, .bar .track { position: absolute; }
+.bar .arrow { width: var(--thickness); height: var(--thickness); }
+.bar .arrow::before {
+  content: "";
+  position: absolute;
+  inset: 0;
+  margin: auto;
+  width: 8px;
+  height: 5px;
+  background-color: #4b5563;
+  clip-path: polygon(50% 0, 100% 100%, 0 100%);
+}
+.bar .arrow:hover { background-color: var(--hover); }
+.bar .arrow:active { background-color: var(--press); }
+.vertical .back { top: 0; }
+.vertical .forward { bottom: 0; }
+.vertical .forward::before { rotate: 180deg; }
+.horizontal .back { left: 0; }
+.horizontal .back::before { rotate: -90deg; }
+.horizontal .forward { right: 0; }
+.horizontal .forward::before { rotate: 90deg; }
+.vertical .track { inset: var(--thickness) 0; }
+.horizontal .track { inset: 0 var(--thickness); }
+.bar .thumb { position: absolute; touch-action: none; }
+.bar .thumb::before { content: ""; position: absolute; border-radius: 4px; background-color: #aab2bd; }
+.vertical .thumb { width: 100%; }
+.vertical .thumb::before { inset: 1px 4px; }
+.horizontal .thumb { height: 100%; }
+.horizontal .thumb::before { inset: 4px 1px; }
+.bar .thumb:hover::before { background-color: #828c9a; }
+.bar .thumb:active::before { background-color: #5d6878; }
+.bar[aria-disabled] { opacity: 0.5; pointer-events: none; }
+.spin { border: 1px solid #a5aebb; border-radius: 3px; background-color: #fbfcfd !important; }
+.spin .track { display: none; }
+.spin .arrow { width: 100%; height: 50%; }
+.spin.horizontal .arrow { width: 50%; height: 100%; }
+.spin .forward { border-top: 1px solid var(--soft-line); }
+.spin.horizontal .forward { border-top: 0; border-left: 1px solid var(--soft-line); }
+
+.form {
+  position: fixed;
+  margin: 0;
+  padding: 0;
+  max-width: none;
+  max-height: none;
+  border: 1px solid #8d97a5;
+  border-radius: 8px;
+  background-color: #f7f8fa;
+  box-shadow: 0 1px 2px rgb(16 24 40 / 12%), 0 12px 32px rgb(16 24 40 / 24%);
+  overflow: clip;
+  outline: none;
+  color-scheme: light;
+}
+.form::backdrop { background-color: rgb(16 24 40 / 10%); }
+.form .title {
+  height: 32px;
+  padding: 0 12px 0 9px;
+  line-height: 31px;
+  font-size: 12.5px;
+  font-weight: 600;
+  white-space: pre;
+  overflow: clip;
+  text-overflow: ellipsis;
+  background-color: #ffffff;
+  border-bottom: 1px solid var(--soft-line);
+}
+.form .surface { background-color: transparent; }
+
+.menu {
+  position: absolute;
+  inset: auto;
+  margin: 0;
+  padding: 4px;
+  min-width: 150px;
+  border: 1px solid #b4bcc8;
+  border-radius: 6px;
+  background-color: #ffffff;
+  box-shadow: 0 1px 2px rgb(16 24 40 / 10%), 0 8px 20px rgb(16 24 40 / 18%);
+  outline: none;
+  overflow: visible;
+  color-scheme: light;
+}
+.item {
+  position: relative;
+  padding: 0 28px 0 26px;
+  height: 26px;
+  line-height: 26px;
+  font-size: 12.5px;
+  white-space: pre;
+  border-radius: 4px;
+}
+.item u { text-underline-offset: 2px; text-decoration-thickness: 1px; }
+.item.highlighted { background-color: #e3ecfa; }
+.item[aria-disabled="true"] { color: #8a93a0; }
+.item[aria-disabled="true"].highlighted { background-color: #f0f1f3; }
+.item[aria-checked="true"]::before {
+  content: "";
+  position: absolute;
+  left: 9px;
+  top: 7px;
+  width: 5px;
+  height: 9px;
+  border: solid currentColor;
+  border-width: 0 1.7px 1.7px 0;
+  rotate: 42deg;
+}
+.item[aria-haspopup]::after {
+  content: "";
+  position: absolute;
+  right: 11px;
+  top: 10px;
+  width: 5px;
+  height: 5px;
+  border: solid currentColor;
+  border-width: 1.4px 1.4px 0 0;
+  rotate: 45deg;
+}
+.separator { height: 1px; margin: 4px 6px; background-color: var(--soft-line); }
+
+@media (pointer: coarse) {
+  .item { height: 38px; line-height: 38px; }
+  .item[aria-checked="true"]::before { top: 13px; }
+  .item[aria-haspopup]::after { top: 16px; }
+}
+
+@media (forced-colors: active) {
+  .surface, .form, .menu { --ink: CanvasText; --line: CanvasText; --soft-line: GrayText; --ground: Canvas; --band: Canvas; --accent: Highlight; }
+  .form, .form .title, .menu { background-color: Canvas; }
+  .button, .surface:not(.form *) > .button { background-color: ButtonFace; border-color: ButtonBorder; }
+  .box, .box:read-only { border-color: ButtonBorder; }
+  .bar .arrow::before, .bar .thumb::before { background-color: ButtonText; forced-color-adjust: none; }
+  .bar, .spin { border: 1px solid ButtonBorder; }
+  .item.highlighted { background-color: Highlight; color: HighlightText; forced-color-adjust: none; }
+  .item[aria-disabled="true"] { color: GrayText; }
+  .separator { background-color: CanvasText; }
+}
+`;
+
+export const sheet = new CSSStyleSheet();
+sheet.replaceSync(css);

@@ -1,0 +1,13 @@
+// tabulon.js: defines <tabulon-lpctrl>.
+import { TabulonLPctrl } from "./element.js";
+import { loadPage } from "./page.js";
+
+export { TabulonLPctrl } from "./element.js";
+export type { Count } from "./element.js";
+export { TabulonError } from "./errors.js";
+
+// A page may name the script twice; the first stays.
+if (!customElements.get("tabulon-lpctrl")) {
+  void loadPage();
+  customElements.define("tabulon-lpctrl", TabulonLPctrl);
+}
