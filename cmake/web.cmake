@@ -13,7 +13,7 @@ function(tabulon_wasm target name)
   # It defines what the C library is linked to, and the libraries it stands in for are no LTO objects.
   set_source_files_properties(${no_system} PROPERTIES COMPILE_OPTIONS -fno-lto)
 
-  add_executable(${target} ${ARGN} ${no_system})
+  add_executable(${target} ${ARGN} ${no_system} ${PROJECT_SOURCE_DIR}/hosts/web/build/heap.cpp)
   set_target_properties(${target} PROPERTIES OUTPUT_NAME ${name} SUFFIX .wasm)
   target_link_libraries(${target} PRIVATE tabulon_control)
   target_link_options(${target} PRIVATE
