@@ -12,10 +12,12 @@ add_library(tabulon_outside_options INTERFACE)
 target_compile_definitions(tabulon_outside_options INTERFACE TABULON_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
 target_link_libraries(tabulon_outside_options INTERFACE tabulon_options)
 
-# What is tested is optimised; the tests themselves would take three times as long to compile for nothing.
+# What is tested is optimised; most tests would take three times as long to compile for nothing. Those that
+# compute much themselves, found by name, are optimised too.
 add_library(tabulon_test_options INTERFACE)
 target_compile_options(tabulon_test_options INTERFACE -O0)
 target_link_libraries(tabulon_test_options INTERFACE tabulon_outside_options)
+set(TABULON_TESTS_THAT_COMPUTE "tests/(numbers/|.*/random_[^/]*$)")
 
 # What the sanitizers are asked for, as a list of VAR=value.
 function(tabulon_sanitizer_environment result)
@@ -65,6 +67,8 @@ function(tabulon_tests)
     add_executable(${room}_tests ${sources})
     target_link_libraries(${room}_tests PRIVATE tabulon_test_options ${layer} GTest::gtest_main)
     target_precompile_headers(${room}_tests REUSE_FROM tabulon_test_headers)
+    list(FILTER sources INCLUDE REGEX "${TABULON_TESTS_THAT_COMPUTE}")
+    set_source_files_properties(${sources} PROPERTIES COMPILE_OPTIONS -O1 SKIP_PRECOMPILE_HEADERS ON)
     # A scenario is a test by being there: a new one is found by building again.
     file(GLOB scripts CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/${room}/*.txt)
     set_target_properties(${room}_tests PROPERTIES LINK_DEPENDS "${scripts}")

@@ -122,6 +122,19 @@ export class TabulonLPctrl extends HTMLElement {
   ShowfrmFoutmelding(): Promise<void> {
     return this.#call("ShowfrmFoutmelding");
   }
+  ShowfrmPivotelement(): Promise<void> {
+    return this.#call("ShowfrmPivotelement");
+  }
+
+  // Saves the tableau: downloads a file of that name. Rejects with error 52 for a name that no file can have.
+  SchrijfTableau(strFile: string): Promise<void> {
+    return this.#callWithFile("SchrijfTableau", strFile);
+  }
+  // Rejects for every file: with error 54 for one that this page wrote or the person picked, 53 for any other,
+  // 52 for a name that no file can have.
+  LeesTableau(strFile: string): Promise<void> {
+    return this.#callWithFile("LeesTableau", strFile);
+  }
 
   // ---- How it starts
 
@@ -199,8 +212,22 @@ export class TabulonLPctrl extends HTMLElement {
     });
   }
 
+  #isThere(): Promise<void> {
+    return new Promise((there) => this.#whenThere(() => there()));
+  }
+
+  async #callWithFile(method: "SchrijfTableau" | "LeesTableau", strFile: string): Promise<void> {
+    await this.#isThere();
+    const page = this.#page!;
+    const number = page.send((module) => {
+      page.module.give(String(strFile));
+      return module[method](this.#view!.surface.id);
+    });
+    if (number) throw new TabulonError(number, method, String(strFile));
+  }
+
   async #call(name: string, given = ""): Promise<void> {
-    await new Promise<void>((there) => this.#whenThere(() => there()));
+    await this.#isThere();
     await this.#page!.call(this.#view!, name, given);
   }
 }

@@ -169,13 +169,18 @@ export class ElementView {
 
   // ---- Mouse, pen, finger
 
-  // Only a text box takes the browser's focus from a press; everything else is the surface's to decide.
+  // Where the focus goes is the surface's to decide. Only in the box that has it already does a press place
+  // the caret; in another box that would undo the selection with which the box receives the focus.
   #mouseDown(event: MouseEvent): void {
     const control = this.#controlAt(event);
-    if (control?.kind === Kind.TextBox && !control.node.matches(":disabled")) return;
+    const box = control?.kind === Kind.TextBox && !control.node.matches(":disabled") ? control : undefined;
+    if (box && box.node === this.root.activeElement) return;
     event.preventDefault();
-    if (event.button !== 0 || this.hasFocus || this.forms.length) return;
-    this.page.entered(this);
+    if (event.button !== 0) return;
+    this.page.send(() => {
+      if (!this.hasFocus && !this.forms.length) this.page.entered(this);
+      this.#moveFocus(box);
+    });
   }
 
   #clicked: ControlView | undefined;

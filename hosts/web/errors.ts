@@ -10,6 +10,7 @@ const texts: Record<number, (given?: string) => string> = {
   53: (given) => `het bestand ${given === undefined ? "" : `"${given}" `}is er niet`,
   54: () => "het bestand is niet hiervoor geopend",
   61: () => "er is geen ruimte meer voor het bestand",
+  62: () => "het bestand houdt te vroeg op",
   70: () => "het bestand mag niet worden geopend",
   76: () => "de map van het bestand is er niet",
 };

@@ -56,6 +56,7 @@ constexpr Method methods[] = {
     {"ShowAboutBox", [](LPctrl& element, const std::string&) { return element.ShowAboutBox(); }},
     {"ShowfrmMelding", [](LPctrl& element, const std::string&) { return element.ShowfrmMelding(); }},
     {"ShowfrmFoutmelding", [](LPctrl& element, const std::string&) { return element.ShowfrmFoutmelding(); }},
+    {"ShowfrmPivotelement", [](LPctrl& element, const std::string&) { return element.ShowfrmPivotelement(); }},
 };
 
 // Cuts "name NUL rest" in two.
@@ -159,6 +160,18 @@ TABULON_EXPORT(set_property) int tabulon_set_property(int id, int kind, double n
 TABULON_EXPORT(InitTableau) int tabulon_InitTableau(int id) {
   LPctrl* const element = page.element(id);
   return element ? page.finish(element->InitTableau()) : 0;
+}
+
+// The argument: the file's name.
+TABULON_EXPORT(SchrijfTableau) int tabulon_SchrijfTableau(int id) {
+  const std::string name = page.take_argument();
+  LPctrl* const element = page.element(id);
+  return element ? page.finish(element->SchrijfTableau(name)) : 0;
+}
+TABULON_EXPORT(LeesTableau) int tabulon_LeesTableau(int id) {
+  const std::string name = page.take_argument();
+  LPctrl* const element = page.element(id);
+  return element ? page.finish(element->LeesTableau(name)) : 0;
 }
 
 // The answer is the text.

@@ -72,7 +72,9 @@ export class Files {
   async write(record: RecordReader): Promise<void> {
     const name = record.text();
     const content = new Blob([record.bytes().slice()], { type: mediaType });
+    // What the person has picked is for this once: a script that uses the name again gets no say over it.
     const handle = this.#handles.get(name);
+    this.#handles.delete(name);
     if (!handle) return download(name, content);
     try {
       const file = await handle.createWritable();

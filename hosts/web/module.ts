@@ -37,6 +37,8 @@ export interface Exports {
   destroy(element: number): void;
   set_property(element: number, kind: number, value: number): number;
   InitTableau(element: number): number;
+  SchrijfTableau(element: number): number;
+  LeesTableau(element: number): number;
   strSoortGetal(element: number, Soort: number, Getal: number): number;
   call(element: number): number;
   click(surface: number, control: number): number;
