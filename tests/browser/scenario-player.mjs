@@ -28,6 +28,7 @@ const pageWith = (element, scripts) => `<!doctype html>
 <html lang="nl">
 <meta charset="utf-8">
 <title>Scenario</title>
+<link rel="icon" href="data:,">
 ${scripts.map((source) => `<script src="${source}"></script>`).join("\n")}
 <body>
 ${element}
