@@ -41,7 +41,7 @@ constexpr Placement placements[] = {
     {"lblKopRL", {right_hand_sides, names_top, 1230, name_height}, "RL", small_centred},
     {"lblKopRij_F", {basis, row_F_top, 690, cell_height}, "F", centred},
     {"lblEenF", {column_F, row_F_top, 330, cell_height}, "1", centred},
-    {"lblFRL", {right_hand_sides, row_F_top, 1230, cell_height}, " 0", plain},
+    {"lblFRL", {right_hand_sides + 75, row_F_top, 1155, cell_height}, " 0", plain},
     {"HScroll", {columns, 4125, 5 * column_pitch - 15, 240}},
     {"VScroll", {8685, rows_top, 240, 7 * row_pitch - 15}},
     {"txtShiftTab", aside},

@@ -96,6 +96,8 @@ struct Split {
   std::array<std::string, 3> items;
 };
 
+void PrintTo(const Split& split, std::ostream* out) { *out << '"' << split.list << '"'; }
+
 class ListOfThree : public PageParameters, public testing::WithParamInterface<Split> {};
 
 TEST_P(ListOfThree, IsTakenApartAtItsCommas) {
@@ -119,6 +121,8 @@ struct BadCount {
   const char* text;
   int error;
 };
+
+void PrintTo(const BadCount& bad, std::ostream* out) { *out << bad.name << " = \"" << bad.text << '"'; }
 
 class BadCounts : public PageParameters, public testing::WithParamInterface<BadCount> {};
 

@@ -95,6 +95,8 @@ struct Opening {
   double by_mouse, by_key;  // where the button stands plus 60, or a fixed place
 };
 
+void PrintTo(const Opening& opening, std::ostream* out) { *out << opening.button; }
+
 constexpr Opening openings[] = {
     {"cmd_Bestand", "Alt+B", "mnu_Bestand", -1, -1},
     {"cmd_Bewerken", "Alt+W", "mnu_Bewerken", -1, -1},
@@ -226,6 +228,8 @@ TEST_F(Menus, SeparatorsCannotBeChosen) {
 struct Command {
   const char *item, *form;
 };
+
+void PrintTo(const Command& command, std::ostream* out) { *out << command.item; }
 
 class Commands : public Menus, public testing::WithParamInterface<Command> {};
 

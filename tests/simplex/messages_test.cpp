@@ -20,6 +20,8 @@ struct Message {
   bool warns;
 };
 
+void PrintTo(const Message& message, std::ostream* out) { *out << message.text; }
+
 class NumberedMessages : public Messages, public testing::WithParamInterface<Message> {};
 
 TEST_P(NumberedMessages, ShowTheirTextInItsPlace) {
