@@ -181,6 +181,7 @@ class LPctrl : public platform::Surface {
   void open_traps(bool open);
   platform::Task<> txtTab_GotFocus();
   platform::Task<> txtShiftTab_GotFocus();
+  platform::Task<> walk_on(platform::TextBox& trap, platform::KeyPress press);
   std::optional<GridBox> tab_cell() const;
   void forget_tab_cell(std::int16_t no_index);
 

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "files/tableau_lines.h"
+#include "numbers/conversions.h"
 
 namespace tabulon {
 
@@ -23,38 +24,34 @@ constexpr std::array leading_numbers{
     &basSafeCtl::BigM,
 };
 
-void write_cells(TableauWriter& lines, const basSafeCtl& model, Shape shape) {
-  for (int column = 1; column <= shape.columns; ++column)
-    lines.cell(model.current.row_F(), model.first.row_F(), column);
-  lines.cell(model.current.row_F(), model.first.row_F(), right);
-  for (int row = 1; row <= shape.rows; ++row) {
-    lines.whole(model.current.basis(row));
-    lines.whole(model.first.basis(row));
-  }
-  for (int row = 1; row <= shape.rows; ++row)
-    for (int column = 1; column <= shape.columns; ++column)
-      lines.cell(model.current.row(row), model.first.row(row), column);
-  for (int row = 1; row <= shape.rows; ++row) lines.cell(model.current.row(row), model.first.row(row), right);
+// The slack and artificial counts follow from the rows and are not stored; the surplus count is. Error 6
+// beyond 16 bits.
+Result<> set_counts_not_stored(basSafeCtl& model) {
+  model.NrSpelingsVar = model.NrKleinerGelijkVglen;
+  const auto artificial =
+      numbers::to_int16(static_cast<double>(model.NrGelijkVglen + model.NrGroterGelijkVglen));
+  if (!artificial) return std::unexpected(artificial.error());
+  model.NrKunstmatigeVar = *artificial;
+  return {};
 }
 
-void read_basis(TableauReader& lines, TableauState& tableau, int row) {
-  std::int16_t column = tableau.basis(row);
-  lines.whole(column);
-  tableau.set_basis(row, column);
+template <class Lines, class Row>
+void pass_columns(Lines& lines, Row& current, Row& first, int columns) {
+  for (int column = 1; column <= columns && lines.goes_on_at(column, most_columns); ++column)
+    lines.cell(current, first, column);
 }
 
-void read_cells(TableauReader& lines, basSafeCtl& model, Shape shape) {
-  for (int column = 1; column <= shape.columns; ++column)
-    lines.cell(model.current.row_F(), model.first.row_F(), column);
-  lines.cell(model.current.row_F(), model.first.row_F(), right);
-  for (int row = 1; row <= shape.rows; ++row) {
-    read_basis(lines, model.current, row);
-    read_basis(lines, model.first, row);
-  }
-  for (int row = 1; row <= shape.rows; ++row)
-    for (int column = 1; column <= shape.columns; ++column)
-      lines.cell(model.current.row(row), model.first.row(row), column);
-  for (int row = 1; row <= shape.rows; ++row) lines.cell(model.current.row(row), model.first.row(row), right);
+// Written and read in one order. Counts that exceed the storage end it at the first place that there is not.
+template <class Lines, class Model>
+void pass_cells(Lines& lines, Model& model) {
+  auto &current = model.current, &first = model.first;
+  const int rows = model.rows(), columns = model.columns();
+  const auto goes_on_at = [&](int row) { return row <= rows && lines.goes_on_at(row, most_rows); };
+  pass_columns(lines, current.row_F(), first.row_F(), columns);
+  lines.cell(current.row_F(), first.row_F(), right);
+  for (int row = 1; goes_on_at(row); ++row) lines.basis(current, first, row);
+  for (int row = 1; goes_on_at(row); ++row) pass_columns(lines, current.row(row), first.row(row), columns);
+  for (int row = 1; goes_on_at(row); ++row) lines.cell(current.row(row), first.row(row), right);
 }
 
 void read_fractions(TableauReader& lines, basSafeCtl& model) {
@@ -69,13 +66,12 @@ Result<> write_tableau(basSafeCtl& model, platform::TextFile& file) {
   TableauWriter lines(file);
   lines.text(tableau_header);
   for (const auto number : leading_numbers) lines.whole(model.*number);
-  if (auto counted = model.set_derived_counts(); !counted) return counted;
+  if (!lines.result()) return lines.result();
+  if (auto counted = set_counts_not_stored(model); !counted) return counted;
   lines.text(model.Breuken ? "1" : "0");
   lines.whole(model.StartRij);
   lines.whole(model.StartKolom);
-  const auto shape = model.shape();
-  if (!shape) return std::unexpected(shape.error());
-  write_cells(lines, model, *shape);
+  pass_cells(lines, std::as_const(model));
   if (!lines.result()) return lines.result();
   return file.close();
 }
@@ -91,13 +87,11 @@ Result<TableauRead> read_after_header(basSafeCtl& model, std::string_view header
   TableauReader lines(file);
   for (const auto number : leading_numbers) lines.whole(model.*number);
   if (!lines.result()) return std::unexpected(lines.result().error());
-  if (auto counted = model.set_derived_counts(); !counted) return std::unexpected(counted.error());
+  if (auto counted = set_counts_not_stored(model); !counted) return std::unexpected(counted.error());
   read_fractions(lines, model);
   lines.whole(model.StartRij);
   lines.whole(model.StartKolom);
-  const auto shape = model.shape();
-  if (!shape) return std::unexpected(shape.error());
-  read_cells(lines, model, *shape);
+  pass_cells(lines, model);
   if (!lines.result()) return std::unexpected(lines.result().error());
   if (auto closed = file.close(); !closed) return std::unexpected(closed.error());
   return TableauRead::Read;

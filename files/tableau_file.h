@@ -20,9 +20,9 @@ namespace tabulon {
 
 inline constexpr std::string_view tableau_header = "Tabloria op Internet";
 
-// Writes the model and closes the file. Sets the derived counts of the model from its row counts, which the
-// file does not store. Error 9 when the counts exceed the storage; errors of the file as they come. What
-// was written before an error stays.
+// Writes the model and closes the file. Sets the slack and artificial counts of the model, which the file
+// does not store, from its row counts. Error 6 when they are beyond 16 bits, 9 at the first cell that the
+// storage does not have; errors of the file as they come. What was written before an error stays.
 Result<> write_tableau(basSafeCtl& model, platform::TextFile& file);
 
 enum class TableauRead : std::uint8_t { Read, OtherHeader };
@@ -32,8 +32,8 @@ enum class TableauRead : std::uint8_t { Read, OtherHeader };
 Result<TableauRead> read_tableau(basSafeCtl& model, platform::TextFile& file);
 
 // What follows the header, which was read as `header`; any other header than a tableau's reads nothing.
-// Closes the file. Error 6 for a whole number outside 16 bits, 9 when the counts exceed the storage, 62 when
-// the file ends too soon: the model then holds what was read so far.
+// Closes the file. Error 6 for a whole number outside 16 bits, 9 at the first cell that the storage does not
+// have, 62 when the file ends too soon: the model then holds what was read so far.
 Result<TableauRead> read_after_header(basSafeCtl& model, std::string_view header, platform::TextFile& file);
 
 }  // namespace tabulon

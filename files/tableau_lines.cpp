@@ -6,6 +6,11 @@
 
 namespace tabulon {
 
+bool TableauLines::goes_on_at(int number, int most) {
+  if (result_ && number > most) result_ = fail(ErrorNumber::SubscriptOutOfRange);
+  return result_.has_value();
+}
+
 void TableauWriter::text(std::string_view text) {
   if (result_) result_ = file_.write_line(text);
 }
@@ -23,6 +28,11 @@ void TableauWriter::cell(const CellRow& current, const CellRow& first, int colum
   text(first.text(column));
   real(current.value(column));
   real(first.value(column));
+}
+
+void TableauWriter::basis(const TableauState& current, const TableauState& first, int row) {
+  whole(current.basis(row));
+  whole(first.basis(row));
 }
 
 std::string TableauReader::text() {
@@ -52,6 +62,14 @@ void TableauReader::cell(CellRow& current, CellRow& first, int column) {
   if (!result_) return;
   current.write(column, current_value, current_text);
   first.write(column, first_value, first_text);
+}
+
+void TableauReader::basis(TableauState& current, TableauState& first, int row) {
+  for (TableauState* const tableau : {&current, &first}) {
+    std::int16_t column = tableau->basis(row);
+    whole(column);
+    tableau->set_basis(row, column);
+  }
 }
 
 }  // namespace tabulon

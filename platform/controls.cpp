@@ -23,12 +23,28 @@ void Control::set_text(std::string_view text) {
   if (change_text(text_, text, Property::Text) && kind_ == Kind::TextBox) surface_.on_change(*this);
 }
 
+namespace {
+
+// What stands in a picture's units, or has no bounds of its own, counts with what it stands in.
+Bounds place_on_surface(const Control& control) {
+  Bounds place = control.bounds();
+  for (const Control *at = &control, *outer = at->container(); outer; at = outer, outer = at->container()) {
+    const bool in_units = outer->kind() == Kind::PictureBox || at->kind() == Kind::Line;
+    const Bounds& around = outer->bounds();
+    place = in_units ? around
+                     : Bounds{around.left + place.left, around.top + place.top, place.width, place.height};
+  }
+  return place;
+}
+
+}  // namespace
+
 bool Control::shown() const {
   for (const Control* control = this; control; control = control->container_)
     if (!control->visible_) return false;
-  if (container_) return true;
-  return bounds_.left + bounds_.width > 0 && bounds_.top + bounds_.height > 0 &&
-         bounds_.left < surface_.width() && bounds_.top < surface_.height();
+  const Bounds place = place_on_surface(*this);
+  return place.left + place.width > 0 && place.top + place.height > 0 && place.left < surface_.width() &&
+         place.top < surface_.height();
 }
 
 bool Control::can_take_focus() const {

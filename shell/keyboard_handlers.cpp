@@ -114,13 +114,21 @@ void LPctrl::open_traps(bool open) {
 }
 
 Task<> LPctrl::txtTab_GotFocus() {
-  if (const auto from = tab_cell()) co_await NavigeerCel(*from, {key::tab, held::none});
+  co_await walk_on(txtTab, {key::tab, held::none});
   forget_tab_cell(-1);
 }
 
 Task<> LPctrl::txtShiftTab_GotFocus() {
-  if (const auto from = tab_cell()) co_await NavigeerCel(*from, {key::tab, held::shift});
+  co_await walk_on(txtShiftTab, {key::tab, held::shift});
   forget_tab_cell(0);
+}
+
+// A walk that leads nowhere leaves the focus in the cell, as it does for the keys that need no trap.
+Task<> LPctrl::walk_on(platform::TextBox& trap, KeyPress press) {
+  const auto from = tab_cell();
+  if (!from) co_return;
+  co_await NavigeerCel(*from, press);
+  if (active() == &trap) co_await set_focus(box_of(*from));
 }
 
 std::optional<GridBox> LPctrl::tab_cell() const {

@@ -14,7 +14,7 @@ constexpr platform::Placement placements[] = {
     {"imgAbout", {240, 240, 480, 480}},
     {"lblTitle", {960, 210, 4950, 285}, "", {.points = 11, .bold = true}},
     {"lblVersion", {960, 510, 4950, 240}, "", {.points = 9}},
-    {"lblDescription", {960, 840, 4800, 1110}, "", {.points = 9, .wraps = true}},
+    {"lblDescription", {960, 810, 4800, 1215}, "", {.points = 9, .wraps = true}},
     {"lblDisclaimer",
      {240, 2160, 4200, 900},
      "Waarschuwing: dit programma is auteursrechtelijk beschermd. Het is niet toegestaan het geheel of een "

@@ -18,14 +18,14 @@ constexpr platform::Letters centred{.points = 9, .align = Align::Centre};
 constexpr platform::ArrayPlacement arrays[] = {
     {"lblBasisVar", {240, lines_top, 840, line_height}, 1, 0, line_pitch, "basisvar", centred},
     {"lblGelijk", {1110, lines_top, 240, line_height}, 1, 0, line_pitch, "=", centred},
-    {"txtRL", {1380, lines_top, 1290, line_height}, 1, 0, line_pitch, "", {.points = 9}},
+    {"txtRL", {1380, lines_top, 1650, line_height}, 1, 0, line_pitch, "", {.points = 9}},
 };
 
 // What stands below the lines, measured from the last one's end.
 constexpr platform::Placement below[] = {
-    {"lblDoelfunctie", {240, 150, 1290, 285}, "Doelfunctie F =", {.points = 9, .bold = true}},
-    {"lblFRL", {1560, 150, 1110, 285}, "", {.points = 9, .bold = true}},
-    {"OKButton", {840, 600, 1230, 375}, "OK", centred},
+    {"lblDoelfunctie", {240, 150, 1590, 285}, "Doelfunctie F =", {.points = 9, .bold = true}},
+    {"lblFRL", {1890, 150, 1140, 285}, "", {.points = 9, .bold = true}},
+    {"OKButton", {1020, 600, 1230, 375}, "OK", centred},
 };
 
 constexpr Twips height_below = 1155;
@@ -33,7 +33,7 @@ constexpr Twips height_below = 1155;
 }  // namespace
 
 frmBasis_Oplossing::frmBasis_Oplossing(Surface& owner, basSafeCtl& model)
-    : Dialog(owner, "frmBasis_Oplossing", 2910, lines_top + most_rows * line_pitch + height_below,
+    : Dialog(owner, "frmBasis_Oplossing", 3270, lines_top + most_rows * line_pitch + height_below,
              " Basis oplossing", model) {
   platform::place(*this, arrays);
   platform::place(*this, below);
@@ -66,6 +66,7 @@ void frmBasis_Oplossing::dress_line(int line) {
   const VariableKind kind = model().kind_of_column(basic);
   if (kind == VariableKind::None) return;
   lblBasisVar(line).set_text(model().variable_name(basic));
+  txtRL(line).set_spoken_name(model().variable_name(basic));
   lblBasisVar(line).set_back_colour(dress_of(kind).body);
   lblBasisVar(line).set_tool_tip(dress_of(kind).tip);
   txtRL(line).set_back_colour(dress_of(kind).body);

@@ -24,6 +24,7 @@ frmKolommen_normeren::frmKolommen_normeren(Surface& owner, basSafeCtl& model)
     : Dialog(owner, "frmKolommen_normeren", 3270, 1530, " Kolom normeren", model) {
   platform::place(*this, placements);
   txtKolom.set_locked(true);
+  txtKolom.set_spoken_name("Kolom");
   cancel_button = &CancelButton;
   add_spin_bar(VScrollKolom, txtKolom, "Kolom");
   finish_tab_order();

@@ -13,20 +13,22 @@ constexpr platform::Placement placements[] = {
     {"lblKolom", {270, 330, 750, 270}, "Kolom :", plain},
     {"txtKolom", {1050, 285, 450, 360}, "", centred},
     {"VScrollKolom", {1500, 285, 285, 360}},
-    {"lblRij", {1950, 330, 1290, 270}, "vegen met rij :", plain},
-    {"txtRij", {3270, 285, 450, 360}, "", centred},
-    {"VScrollRij", {3720, 285, 285, 360}},
-    {"OKButton", {780, 960, 1290, 375}, "OK", centred},
-    {"CancelButton", {2220, 960, 1290, 375}, "&Annuleren", centred},
+    {"lblRij", {1950, 330, 1350, 270}, "vegen met rij :", plain},
+    {"txtRij", {3330, 285, 450, 360}, "", centred},
+    {"VScrollRij", {3780, 285, 285, 360}},
+    {"OKButton", {810, 960, 1290, 375}, "OK", centred},
+    {"CancelButton", {2250, 960, 1290, 375}, "&Annuleren", centred},
 };
 
 }  // namespace
 
 frmKolommen_vegen::frmKolommen_vegen(Surface& owner, basSafeCtl& model)
-    : Dialog(owner, "frmKolommen_vegen", 4290, 1530, " Kolom vegen met een rij", model) {
+    : Dialog(owner, "frmKolommen_vegen", 4350, 1530, " Kolom vegen met een rij", model) {
   platform::place(*this, placements);
   txtKolom.set_locked(true);
   txtRij.set_locked(true);
+  txtKolom.set_spoken_name("Kolom");
+  txtRij.set_spoken_name("Rij");
   cancel_button = &CancelButton;
   add_spin_bar(VScrollKolom, txtKolom, "Kolom");
   add_spin_bar(VScrollRij, txtRij, "Rij");

@@ -12,17 +12,17 @@ constexpr platform::Letters bold{.points = 9, .bold = true};
 
 constexpr platform::Placement placements[] = {
     {"imgPivot", {240, 270, 480, 480}},
-    {"lblKolom", {930, 255, 1290, 255}, "Pivot-kolom...:", plain},
-    {"lblPivot_kolom", {2250, 255, 450, 255}, "", bold},
-    {"lblRij", {930, 525, 1290, 255}, "Pivot-rij..........:", plain},
-    {"lblPivot_rij", {2250, 525, 450, 255}, "", bold},
-    {"OKButton", {870, 1020, 1230, 375}, "OK", {.points = 9, .align = platform::Align::Centre}},
+    {"lblKolom", {930, 255, 1350, 255}, "Pivot-kolom...:", plain},
+    {"lblPivot_kolom", {2310, 255, 450, 255}, "", bold},
+    {"lblRij", {930, 525, 1350, 255}, "Pivot-rij..........:", plain},
+    {"lblPivot_rij", {2310, 525, 450, 255}, "", bold},
+    {"OKButton", {900, 1020, 1230, 375}, "OK", {.points = 9, .align = platform::Align::Centre}},
 };
 
 }  // namespace
 
 frmPivot_element::frmPivot_element(Surface& owner, const basSafeCtl& model)
-    : FocusForm(owner, "frmPivot_element", 2970, 1590, " Pivot-element"), model_(model) {
+    : FocusForm(owner, "frmPivot_element", 3030, 1590, " Pivot-element"), model_(model) {
   platform::place(*this, placements);
   imgPivot.set_picture(platform::Picture::Pivot);
 }

@@ -25,17 +25,18 @@ constexpr platform::Letters centred{.points = 9, .align = Align::Centre};
 constexpr platform::Letters heading{.points = 11, .bold = true};
 
 // Two columns of numbers: those that are chosen, and on the right those that follow from them.
-constexpr Twips dialog_width = 7710, first_row = 1020, row_pitch = 420, row_height = 330;
-constexpr Twips texts = 270, numbers = 2940, bars = 3405, derived_texts = 4020, derived_numbers = 6960;
+constexpr Twips dialog_width = 7860, first_row = 1020, row_pitch = 420, row_height = 330;
+constexpr Twips texts = 270, numbers = 3060, bars = 3555, derived_texts = 4170, derived_numbers = 7110;
+constexpr Twips number_width = 480;
 
 constexpr Twips top_of(int row) {
   return first_row + (row - 1) * row_pitch;
 }
 constexpr Bounds text_at(int row) {
-  return {texts, top_of(row) + 45, 2640, 255};
+  return {texts, top_of(row) + 45, 2760, 255};
 }
 constexpr Bounds number_at(int row) {
-  return {numbers, top_of(row), 450, row_height};
+  return {numbers, top_of(row), number_width, row_height};
 }
 constexpr Bounds bar_at(int row) {
   return {bars, top_of(row), 285, row_height};
@@ -44,10 +45,10 @@ constexpr Bounds derived_text_at(int row) {
   return {derived_texts, top_of(row) + 45, 2880, 255};
 }
 constexpr Bounds derived_number_at(int row) {
-  return {derived_numbers, top_of(row), 450, row_height};
+  return {derived_numbers, top_of(row), number_width, row_height};
 }
 constexpr Bounds button_at(int row, int place) {
-  return {2400 + place * 1530.0, top_of(row) + 180, 1380, 375};
+  return {2475 + place * 1530.0, top_of(row) + 180, 1380, 375};
 }
 constexpr Twips height_for(int rows) {
   return top_of(rows + 1) + 180 + 375 + 195;

@@ -82,6 +82,18 @@ const templates: Partial<Record<Kind, HTMLElement>> = {};
 const makeNode = (kind: Kind): HTMLElement =>
   (templates[kind] ??= makeTemplate(kind)).cloneNode() as HTMLElement;
 
+// Sharp again when the window has moved to another screen or is zoomed. Holds no control that is gone.
+function paintAgainAtNewDensity(view: WeakRef<ControlView>): void {
+  const now = matchMedia(`(resolution: ${devicePixelRatio}dppx)`);
+  const repaint = () => {
+    const control = view.deref();
+    if (!control) return;
+    control.repaint();
+    paintAgainAtNewDensity(view);
+  };
+  now.addEventListener("change", repaint, { once: true });
+}
+
 export class ControlView {
   readonly node: HTMLElement;
   readonly bar: ScrollBarView | undefined;
@@ -91,7 +103,9 @@ export class ControlView {
   #ends: [Point, Point] | undefined;
   #wantsSelection = false;
   #canvas: HTMLCanvasElement | undefined;
-  #height = 0;
+  #told: HTMLElement | undefined;
+  #width = -1;
+  #height = -1;
   #align = 0;
   #bold = false;
   #wraps = false;
@@ -109,6 +123,7 @@ export class ControlView {
     if (index) this.node.setAttribute("data-index", String(index));
     if (isScrollBar(kind)) this.bar = new ScrollBarView(this);
     if (kind === Kind.Line) this.node.setAttribute("role", "presentation");
+    if (kind === Kind.PictureBox) this.#makePicture();
   }
 
   get canBeDragged(): boolean {
@@ -157,7 +172,7 @@ export class ControlView {
 
   place(): void {
     const { unit, origin } = this.outerScale;
-    if (this.#ends) return this.#placeLine(this.#ends, unit, origin);
+    if (this.kind === Kind.Line) return this.#placeLine(this.#ends, unit, origin);
     const { left, top, width, height } = this.bounds;
     const [x, y] = [(left - origin.x) * unit.x, (top - origin.y) * unit.y];
     this.#setBox(x, y, Math.abs(width * unit.x), Math.abs(height * unit.y));
@@ -172,9 +187,10 @@ export class ControlView {
     const { style } = this.node;
     style.left = `${left}px`;
     style.top = `${top}px`;
+    if (width === this.#width && height === this.#height) return;
     style.width = `${width}px`;
     style.height = `${height}px`;
-    this.#height = height;
+    [this.#width, this.#height] = [width, height];
     this.#alignLine();
     this.bar?.resize(width, height);
     this.repaint();
@@ -226,7 +242,16 @@ export class ControlView {
     this.#alignLine();
   }
 
+  // The keys are the picture's own, and what they change in it is read out.
+  #makePicture(): void {
+    this.node.setAttribute("role", "application");
+    this.#told = make("span", "told");
+    this.#told.setAttribute("aria-live", "polite");
+    this.node.append(this.#told);
+  }
+
   setSpokenName(name: string): void {
+    if (this.#told && this.surface.active === this) this.#told.textContent = name;
     if (this.kind === Kind.Image) setAttribute(this.node, "role", name ? "img" : undefined);
     setAttribute(this.node, "aria-label", name || undefined);
   }
@@ -246,11 +271,15 @@ export class ControlView {
     this.place();
   }
 
-  #placeLine([from, to]: [Point, Point], unit: Point, origin: Point): void {
+  // A line is a pixel high and lies, turned about the middle of its left end, as a drawn one does.
+  #placeLine(ends: [Point, Point] | undefined, unit: Point, origin: Point): void {
+    if (!ends) return;
+    const [from, to] = ends;
     const { style } = this.node;
     const [x, y] = [(to.x - from.x) * unit.x, (to.y - from.y) * unit.y];
-    style.left = `${(from.x - origin.x) * unit.x}px`;
-    style.top = `${(from.y - origin.y) * unit.y}px`;
+    const [left, top] = [(from.x - origin.x) * unit.x, (from.y - origin.y) * unit.y];
+    style.left = `${(x === 0 ? Math.round(left) : left) + 0.5}px`;
+    style.top = `${y === 0 ? Math.round(top) : top}px`;
     style.width = `${Math.hypot(x, y)}px`;
     style.rotate = `${Math.atan2(y, x)}rad`;
   }
@@ -270,12 +299,7 @@ export class ControlView {
   #makeCanvas(): HTMLCanvasElement {
     const canvas = make("canvas", "");
     this.node.prepend(canvas);
-    try {
-      // Sharp again when the window has moved to another screen or is zoomed.
-      new ResizeObserver(() => this.repaint()).observe(canvas, { box: "device-pixel-content-box" });
-    } catch {
-      // A browser that does not tell; the next drawing is sharp.
-    }
+    paintAgainAtNewDensity(new WeakRef(this));
     return canvas;
   }
 }

@@ -67,16 +67,20 @@ export function pixelsPerUnit({ topLeft, bottomRight }: Scale, width: number, he
   return { x: width / (bottomRight.x - topLeft.x || 1), y: height / (bottomRight.y - topLeft.y || 1) };
 }
 
-// Paints strokes on a canvas's context, in pixels from its corner.
+// Paints strokes on a canvas's context, in pixels from its corner. What lies along an axis begins and ends on
+// the screen's own pixels, so that it is sharp.
 class Painter {
   readonly #context: CanvasRenderingContext2D;
   readonly #origin: Point;
   readonly #unit: Point;
+  readonly #density: number;
 
-  constructor(context: CanvasRenderingContext2D, scale: Scale, width: number, height: number) {
+  constructor(context: CanvasRenderingContext2D, scale: Scale, width: number, height: number, density: number) {
     this.#context = context;
     this.#origin = scale.topLeft;
     this.#unit = pixelsPerUnit(scale, width, height);
+    this.#density = density;
+    context.lineWidth = Math.max(1, Math.round(density)) / density;
   }
 
   paint(stroke: Stroke): void {
@@ -92,6 +96,16 @@ class Painter {
     return [(point.x - this.#origin.x) * this.#unit.x, (point.y - this.#origin.y) * this.#unit.y];
   }
 
+  // The nearest edge between two of the screen's pixels.
+  #edge(at: number): number {
+    return Math.round(at * this.#density) / this.#density;
+  }
+
+  #fill(left: number, top: number, width: number, height: number): void {
+    const [x, y] = [this.#edge(left), this.#edge(top)];
+    this.#context.fillRect(x, y, this.#edge(left + width) - x, this.#edge(top + height) - y);
+  }
+
   // A dot is a pixel. Dots that touch along an axis are one rectangle.
   #dots(first: Point, count: number, step: Point): void {
     const [x, y] = this.#pixels(first);
@@ -99,20 +113,21 @@ class Painter {
     const [lengthX, lengthY] = [stepX * (count - 1), stepY * (count - 1)];
     if (Math.max(Math.abs(stepX), Math.abs(stepY)) <= 1 && (stepX === 0 || stepY === 0)) {
       const [left, top] = [Math.min(x, x + lengthX), Math.min(y, y + lengthY)];
-      this.#context.fillRect(left, top, Math.abs(lengthX) + 1, Math.abs(lengthY) + 1);
+      this.#fill(left, top, Math.abs(lengthX) + 1, Math.abs(lengthY) + 1);
     } else {
-      for (let at = 0; at < count; ++at) this.#context.fillRect(x + at * stepX, y + at * stepY, 1, 1);
+      for (let at = 0; at < count; ++at) this.#fill(x + at * stepX, y + at * stepY, 1, 1);
     }
   }
 
-  // Upright and level lines are put on whole pixels, so that they are sharp.
+  // A line covers the dots of its points.
   #segment(from: Point, to: Point): void {
-    let [[x1, y1], [x2, y2]] = [this.#pixels(from), this.#pixels(to)];
-    if (Math.abs(x1 - x2) < 0.01) x1 = x2 = Math.floor(x1) + 0.5;
-    if (Math.abs(y1 - y2) < 0.01) y1 = y2 = Math.floor(y1) + 0.5;
+    const [[x1, y1], [x2, y2]] = [this.#pixels(from), this.#pixels(to)];
+    const { lineWidth } = this.#context;
+    if (Math.abs(x1 - x2) < 0.01) return this.#fill(x1, Math.min(y1, y2), lineWidth, Math.abs(y1 - y2) + lineWidth);
+    if (Math.abs(y1 - y2) < 0.01) return this.#fill(Math.min(x1, x2), y1, Math.abs(x1 - x2) + lineWidth, lineWidth);
     this.#context.beginPath();
-    this.#context.moveTo(x1, y1);
-    this.#context.lineTo(x2, y2);
+    this.#context.moveTo(x1 + lineWidth / 2, y1 + lineWidth / 2);
+    this.#context.lineTo(x2 + lineWidth / 2, y2 + lineWidth / 2);
     this.#context.stroke();
   }
 
@@ -124,7 +139,8 @@ class Painter {
   }
 }
 
-// Paints a drawing on a canvas of width by height pixels, with `density` device pixels to a pixel.
+// Paints a drawing on a canvas of width by height pixels, with `density` device pixels to a pixel. Without a
+// ground the canvas stays transparent where nothing is drawn.
 export function paint(
   canvas: HTMLCanvasElement,
   { scale, strokes }: Drawing,
@@ -132,14 +148,19 @@ export function paint(
   height: number,
   density: number,
   font: string,
+  ground?: string,
 ): void {
   canvas.width = Math.round(width * density);
   canvas.height = Math.round(height * density);
   const context = canvas.getContext("2d");
   if (!context) return;
+  if (ground) {
+    context.fillStyle = ground;
+    context.fillRect(0, 0, canvas.width, canvas.height);
+  }
   context.scale(density, density);
   context.font = font;
   context.textBaseline = "top";
-  const painter = new Painter(context, scale, width, height);
+  const painter = new Painter(context, scale, width, height, density);
   for (const stroke of strokes) painter.paint(stroke);
 }

@@ -13,6 +13,22 @@ enum PointerAction {
   Lost,
 }
 
+// While one button is held, a browser tells of the others as moves; then `button` is the one that changed, and
+// `buttons` has a bit for each that is held now.
+function actionOfMove({ button, buttons }: PointerEvent): PointerAction {
+  if (button < 0) return PointerAction.Move;
+  const bit = [1, 4, 2, 8, 16][button] ?? 32;
+  return buttons & bit ? PointerAction.Down : PointerAction.Up;
+}
+
+// A control that holds the pointer is told of a click wherever the pointer is released; a button that is left
+// before that is not pressed. A click that no pointer made has no place.
+function isReleasedBeside({ kind, node }: ControlView, { detail, clientX, clientY }: MouseEvent): boolean {
+  if (kind !== Kind.CommandButton || detail === 0) return false;
+  const { left, top, right, bottom } = node.getBoundingClientRect();
+  return clientX < Math.floor(left) || clientX > right || clientY < Math.floor(top) || clientY > bottom;
+}
+
 const isActivation = ({ key }: KeyboardEvent) => key === "Enter" || key === " ";
 
 export class ElementView {
@@ -189,7 +205,7 @@ export class ElementView {
     const control = this.#controlAt(event);
     const ignored = control && control === this.#ignoredClick;
     this.#ignoredClick = undefined;
-    if (ignored) return;
+    if (ignored || (control && isReleasedBeside(control, event as MouseEvent))) return;
     const path = event.composedPath();
     const surface = control?.surface ?? [this.surface, ...this.forms].find(({ ground }) => path.includes(ground));
     if (!surface || (control && !control.canBeClicked)) return;
@@ -208,15 +224,23 @@ export class ElementView {
   // From press to release the pointer is the control's, wherever it goes.
   #pointerDown(event: PointerEvent): void {
     const control = this.#controlAt(event);
-    if (event.button !== 0 || !control?.canBeDragged) return;
+    if (!event.isPrimary || !control?.canBeDragged) return;
     const { node } = control;
     const held = new AbortController();
-    const pass = (type: string, action: PointerAction) =>
-      node.addEventListener(type, (passed) => this.#point(control, passed as PointerEvent, action), held);
-    pass("pointermove", PointerAction.Move);
-    pass("pointerup", PointerAction.Up);
-    pass("pointercancel", PointerAction.Lost);
-    node.addEventListener("lostpointercapture", () => held.abort(), { once: true });
+    const pass = (type: string, actionOf: (passed: PointerEvent) => PointerAction) =>
+      node.addEventListener(
+        type,
+        (passed) => {
+          if ((passed as PointerEvent).pointerId !== event.pointerId) return;
+          const action = actionOf(passed as PointerEvent);
+          if (type !== "pointermove") held.abort();
+          this.#point(control, passed as PointerEvent, action);
+        },
+        held,
+      );
+    pass("pointermove", actionOfMove);
+    pass("pointerup", () => PointerAction.Up);
+    pass("lostpointercapture", () => PointerAction.Lost);
     node.setPointerCapture(event.pointerId);
     this.#point(control, event, PointerAction.Down);
   }
@@ -226,7 +250,8 @@ export class ElementView {
     const { unit } = control.outerScale;
     const { left, top } = control.node.getBoundingClientRect();
     const [x, y] = [(event.clientX - left) / Math.abs(unit.x), (event.clientY - top) / Math.abs(unit.y)];
-    const leftButton = Number(action === PointerAction.Down || (event.buttons & 1) !== 0);
+    const isLeft = action === PointerAction.Down ? event.button === 0 : (event.buttons & 1) !== 0;
+    const leftButton = Number(isLeft);
     this.page.send((module) => module.pointer(control.surface.id, control.id, action, leftButton, x, y));
   }
 }

@@ -28,7 +28,6 @@ export class ScrollBarView {
     this.#vertical = control.kind === Kind.VScrollBar;
     const { node } = control;
     node.classList.add(this.#vertical ? "vertical" : "horizontal");
-    node.setAttribute("aria-orientation", this.#vertical ? "vertical" : "horizontal");
     this.#track.append(this.#thumb);
     node.append(this.#back, this.#track, this.#forward);
     node.addEventListener("pointerdown", (event) => this.#press(event));
@@ -52,6 +51,8 @@ export class ScrollBarView {
     const { node } = this.#control;
     node.classList.toggle("spin", arrowsAlone);
     setAttribute(node, "role", arrowsAlone ? "spinbutton" : "scrollbar");
+    // A pair of arrows has no orientation for who does not see it.
+    setAttribute(node, "aria-orientation", arrowsAlone ? undefined : this.#vertical ? "vertical" : "horizontal");
     node.style.setProperty("--thickness", `${thickness}px`);
     this.#placeThumb();
   }

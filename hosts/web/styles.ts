@@ -70,13 +70,18 @@ const css = `
 .label { white-space: pre; text-align: left; }
 .label.wraps { white-space: pre-wrap; line-height: 1.35; overflow-wrap: break-word; }
 .caption { position: absolute; left: 8px; top: 2px; white-space: pre; }
-.frame { overflow: clip; }
+.frame { overflow: clip; contain: layout style; }
 .frame.captioned { border-radius: 4px; box-shadow: 0 0 0 1px #a5aebb, 0 6px 18px 1px rgb(16 24 40 / 22%); }
-.line { height: 1px; transform-origin: 0 0; pointer-events: none; }
+.line { height: 1px; transform-origin: 0 0.5px; pointer-events: none; }
 .image svg { display: block; width: 100%; height: 100%; }
-.picture { overflow: clip; outline: 1px solid var(--line); outline-offset: -1px; }
+.picture { overflow: clip; contain: layout style; outline: 1px solid var(--line); outline-offset: -1px; }
 .picture:focus { outline: 2px solid var(--accent); }
+.told { position: absolute; width: 1px; height: 1px; overflow: clip; clip-path: inset(50%); white-space: nowrap; }
 .picture .image, .frame .button { touch-action: none; }
+.picture .image { border-radius: 3px; }
+.button[data-name="cmdFrame"] { color: #4b5563 !important; cursor: move; border-color: var(--line); border-radius: 3px; background: radial-gradient(circle, #a5aebb 0.8px, transparent 1.2px) 0 1px / 5px 5px #f7f8fa; text-shadow: 0 0 2px #ffffff, 0 0 2px #ffffff, 0 0 2px #ffffff; }
+.button[data-name="cmdFrame"]:hover { border-color: #5d6878; }
+.picture .image:hover { background-color: rgb(192 0 0 / 10%) !important; }
 .picture .image { cursor: grab; }
 .picture .image:active { cursor: grabbing; }
 .picture canvas { position: absolute; inset: 0; width: 100%; height: 100%; }

@@ -22,7 +22,7 @@ export function look({ what, name, index }) {
 
   const kindOf = (node) => {
     const kind = kinds[[...node.classList].find((word) => kinds[word])];
-    return kind === "bar" ? (node.getAttribute("aria-orientation") === "vertical" ? "vscroll" : "hscroll") : kind;
+    return kind === "bar" ? (node.classList.contains("vertical") ? "vscroll" : "hscroll") : kind;
   };
   const isOn = (node, ground) => {
     const [one, other] = [node.getBoundingClientRect(), ground.getBoundingClientRect()];
@@ -144,7 +144,7 @@ export function look({ what, name, index }) {
       value: aria(node, "valuenow"),
       box: box(node),
       focused: focused() === node,
-      vertical: aria(node, "orientation") === "vertical",
+      vertical: node.classList.contains("vertical"),
       bar: bar && {
         back: box(node.querySelector(".arrow.back")),
         forward: box(node.querySelector(".arrow.forward")),

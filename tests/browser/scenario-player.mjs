@@ -2,7 +2,9 @@
 //
 //   await play(browser, readScenario(text), readDumps(headless));   // throws at the first line that fails
 import assert from "node:assert/strict";
+import { readFile } from "node:fs/promises";
 import { setTimeout as sleep } from "node:timers/promises";
+import { fileURLToPath } from "node:url";
 import { noise, problem, settled } from "./browser.mjs";
 import { look } from "./scenario-eyes.mjs";
 
@@ -24,6 +26,40 @@ const errorsScript = `
   document.addEventListener("tabulon-error", (event) => scenarioErrors.push(event.detail.number));
 `;
 
+// Whoever saves is asked here and not in a window of the browser, which nobody could answer. What is saved, in the
+// place that was picked or as a download, is kept by its name.
+const filesScript = `
+  window.scenarioFiles = {};
+  const keep = async (name, blob) => (scenarioFiles[name] = [...new Uint8Array(await blob.arrayBuffer())]);
+  const handleOf = (name) => ({
+    name,
+    async createWritable() {
+      const parts = [];
+      return { write: async (part) => void parts.push(part), close: () => keep(name, new Blob(parts)) };
+    },
+  });
+  window.showSaveFilePicker = () =>
+    new Promise((resolve, reject) => {
+      window.answerSave = (name) => {
+        delete window.answerSave;
+        if (name === undefined) reject(new DOMException("The person has cancelled", "AbortError"));
+        else resolve(handleOf(name));
+      };
+    });
+  const contents = new Map();
+  const { createObjectURL } = URL;
+  URL.createObjectURL = (blob) => {
+    const address = createObjectURL.call(URL, blob);
+    contents.set(address, blob);
+    return address;
+  };
+  HTMLAnchorElement.prototype.click = function () {
+    void keep(this.download, contents.get(this.href));
+  };
+`;
+
+const projectFile = (path) => fileURLToPath(new URL(`../../${path}`, import.meta.url));
+
 const pageWith = (element, scripts) => `<!doctype html>
 <html lang="nl">
 <meta charset="utf-8">
@@ -42,8 +78,8 @@ class Player {
   error = undefined;
   expectsErrors = false;
 
-  constructor(browser, { fakeTimers, dumps, hasClock }) {
-    Object.assign(this, { browser, fakeTimers, dumps, hasClock });
+  constructor(browser, { fakeTimers, dumps, hasClock, opensFiles }) {
+    Object.assign(this, { browser, fakeTimers, dumps, hasClock, opensFiles });
   }
 
   // ---- Looking
@@ -98,6 +134,17 @@ class Player {
     this.errorsSeen = errors.length;
   }
 
+  // The browser's own question for a file to open, as soon as it comes.
+  awaitChooser() {
+    this.chooser = undefined;
+    this.page.waitForFileChooser({ timeout: 0 }).then((chooser) => (this.chooser = chooser), () => {});
+  }
+
+  savedFiles = () => this.page.evaluate(() => Object.keys(window.scenarioFiles));
+  answerToOpen = () => this.eventually(() => this.chooser ?? assert.fail("nothing asks for a file to open"));
+  asksToSave = () => this.page.evaluate(() => "answerSave" in window);
+  answerSave = (name) => this.page.evaluate((given) => window.answerSave(given ?? undefined), name);
+
   expectNoError() {
     assert.equal(this.error, undefined, `error ${this.error} that nobody looks at`);
   }
@@ -112,7 +159,7 @@ class Player {
     if (word !== "see") this.expectNoError();
     await run.call(this, command);
     if (!this.page || word === "see") return;
-    await this.settle();
+    if (word !== "press") await this.settle(); // it has settled after each key
     await this.noteErrors();
   }
 
@@ -170,8 +217,10 @@ const commands = {
     const { browser } = this;
     await browser.write("scenario-clock.js", this.fakeTimers + clockScript);
     await browser.write("scenario-errors.js", errorsScript);
-    const scripts = [...(this.hasClock ? ["scenario-clock.js"] : []), "scenario-errors.js", "tabulon.js"];
+    await browser.write("scenario-files.js", filesScript);
+    const scripts = [...(this.hasClock ? ["scenario-clock.js"] : []), "scenario-errors.js", "scenario-files.js", "tabulon.js"];
     this.page = await browser.open(pageWith(problem(this.parameters), scripts), { wait: false });
+    if (this.opensFiles) this.awaitChooser();
     await settled(this.page);
     this.error = await this.page.evaluate(() =>
       document.querySelector("tabulon-lpctrl").ready.then(() => undefined, (error) => error.number),
@@ -224,7 +273,39 @@ const commands = {
     this.error = result;
   },
 
-  async call({ words }) {
+  async save({ words: [, as, name] }) {
+    assert.ok(as === "as" && name, "save as which name?");
+    await this.eventually(async () => assert.ok(await this.asksToSave(), "nothing asks where to save"));
+    await this.answerSave(name);
+  },
+
+  async open({ words: [, what, path] }) {
+    assert.ok(what === "file" && path, "open file of which path?");
+    const chooser = await this.answerToOpen();
+    this.awaitChooser();
+    await chooser.accept([projectFile(path)]);
+  },
+
+  async cancel({ words: [, what] }) {
+    assert.equal(what, "file", "cancel file");
+    const asked = await this.eventually(async () => {
+      if (await this.asksToSave()) return "save";
+      return this.chooser ?? assert.fail("nothing asks for a file");
+    });
+    if (asked === "save") return this.answerSave(undefined);
+    this.awaitChooser();
+    await asked.cancel();
+  },
+
+  async call({ words, value }) {
+    if (["SchrijfTableau", "LeesTableau"].includes(words[1])) {
+      this.error = await this.page.evaluate(
+        (name, file) => document.querySelector("tabulon-lpctrl")[name](file).then(() => undefined, (error) => error.number),
+        words[1],
+        value,
+      );
+      return;
+    }
     this.error = await this.page.evaluate((name) => {
       try {
         void document.querySelector("tabulon-lpctrl")[name]();
@@ -255,6 +336,18 @@ const commands = {
     }
   },
 
+  async drag(command) {
+    const { shown, called, next, box } = await this.find(command);
+    assert.ok(shown, `${called} is not shown`);
+    const [by, right, down] = command.words.slice(next);
+    assert.ok(by === "by" && [right, down].every((far) => /^[+-]?\d+$/.test(far)), "drag by how many pixels to the right and down?");
+    const [x, y] = [box.left + box.width / 2, box.top + box.height / 2];
+    await this.page.mouse.move(x, y);
+    await this.page.mouse.down();
+    await this.page.mouse.move(x + Number(right), y + Number(down), { steps: 5 });
+    await this.page.mouse.up();
+  },
+
   async dump({ words }) {
     assert.equal(words.length, 2, "dump under what name?");
     const wanted = this.dumps[words[1]];
@@ -274,7 +367,15 @@ const seen = {
   async no({ words: [, , what] }) {
     if (what === "form") return assert.equal(await this.look("form"), null, "a form is open");
     if (what === "menu") return assert.deepEqual(await this.look("menus"), [], "a menu is open");
-    throw new Error("see no form, or see no menu");
+    if (what === "file") return assert.deepEqual(await this.savedFiles(), [], "a file was written");
+    throw new Error("see no form, see no menu, or see no file");
+  },
+
+  async file({ words: [, , name, like, path] }) {
+    assert.ok(like === "like" && path, "see file NAME like PATH");
+    const bytes = await this.page.evaluate((file) => window.scenarioFiles[file], name);
+    assert.ok(bytes, `no file ${name} was written`);
+    assert.equal(Buffer.from(bytes).toString("latin1"), await readFile(projectFile(path), "latin1"));
   },
 
   async form({ words: [, , name, caption] }) {
@@ -332,7 +433,8 @@ async function seeControl(command) {
 
 // `fakeTimers` is a script that gives the page the global FakeTimers.
 export async function play(browser, scenario, { fakeTimers, dumps, file }) {
-  const player = new Player(browser, { fakeTimers, dumps, hasClock: scenario.some(({ words }) => words[0] === "wait") });
+  const has = (...commands) => scenario.some(({ words }) => commands.includes(words[0]));
+  const player = new Player(browser, { fakeTimers, dumps, hasClock: has("wait"), opensFiles: has("open", "cancel") });
   try {
     for (const command of scenario) {
       try {

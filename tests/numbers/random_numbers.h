@@ -16,6 +16,16 @@
 
 namespace tabulon::numbers {
 
+// How many rounds of a test that computes much: where every step is checked, one in seven will do.
+constexpr int rounds(int rounds_natively) {
+#if defined(__has_feature)
+#if __has_feature(address_sanitizer)
+  return rounds_natively / 7;
+#endif
+#endif
+  return rounds_natively;
+}
+
 class RandomNumbers {
  public:
   RandomNumbers() : seed_(chosen_seed()), engine_(seed_) {}

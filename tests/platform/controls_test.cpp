@@ -120,6 +120,7 @@ TEST(SurfaceControls, AreShownWhenVisibleAndPartlyOnTheSurface) {
   Frame frame(sheet, "frame");
   frame.set_bounds({0, 0, 900, 900});
   Label inside(sheet, "inside", 0, &frame);
+  inside.set_bounds({0, 750, 150, 150});
   TextBox& box = sheet.first;
   box.set_bounds({0, 0, 150, 150});
   EXPECT_TRUE(box.shown());
@@ -136,6 +137,10 @@ TEST(SurfaceControls, AreShownWhenVisibleAndPartlyOnTheSurface) {
   box.set_visible(false);
   EXPECT_FALSE(box.shown());
   EXPECT_TRUE(inside.shown());
+  frame.set_bounds({0, 3690, 900, 900});
+  EXPECT_TRUE(frame.shown());
+  EXPECT_FALSE(inside.shown());
+  frame.set_bounds({0, 0, 900, 900});
   frame.set_visible(false);
   EXPECT_FALSE(inside.shown());
 }

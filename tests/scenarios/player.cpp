@@ -2,6 +2,9 @@
 
 #include <algorithm>
 #include <charconv>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
 #include <utility>
 
 #include "hosts/headless/visible_state.h"
@@ -74,6 +77,14 @@ std::optional<KeyPress> key_press(std::string_view name) {
   return press;
 }
 
+// A file of this project, by its path in it; nothing where there is none.
+std::optional<std::string> project_file(const std::string& path) {
+  std::ifstream stream(TABULON_SOURCE_DIR "/" + path, std::ios::binary);
+  std::ostringstream bytes;
+  if (!(bytes << stream.rdbuf())) return std::nullopt;
+  return bytes.str();
+}
+
 std::string back_text(Colour colour) {
   if (colour == system_colour::transparent) return "none";
   if (colour.is_system()) return "system";
@@ -108,13 +119,14 @@ const Player::Entry Player::entries[] = {
     {"choose", &Player::choose}, {"hover", &Player::hover},   {"press", &Player::press},
     {"type", &Player::type},     {"script", &Player::script}, {"call", &Player::call},
     {"wait", &Player::wait},     {"scroll", &Player::scroll}, {"see", &Player::see},
-    {"dump", &Player::dump},
+    {"dump", &Player::dump},     {"save", &Player::save},     {"open", &Player::open},
+    {"cancel", &Player::cancel}, {"drag", &Player::drag},
 };
 
 const Player::Entry Player::seen_entries[] = {
     {"no", &Player::see_no},       {"form", &Player::see_form},   {"menu", &Player::see_menu},
     {"focus", &Player::see_focus}, {"error", &Player::see_error}, {"busy", &Player::see_busy},
-    {"idle", &Player::see_idle},
+    {"idle", &Player::see_idle},   {"file", &Player::see_file},
 };
 
 const Player::State Player::states[] = {
@@ -288,9 +300,43 @@ void Player::call(const Command& command) {
   };
   if (command.words.size() != 2) return fail("call which method?");
   if (command.words[1] == "InitTableau") return note(control_.InitTableau());
+  if (command.words[1].ends_with("Tableau")) return call_with_file(command);
   const auto found = std::ranges::find(methods, command.words[1], &Method::name);
   if (found == std::end(methods)) return fail("there is no method " + command.words[1]);
   host_.desk().call(control_, (control_.*found->run)());
+}
+
+void Player::call_with_file(const Command& command) {
+  if (command.words[1] == "SchrijfTableau") return note(control_.SchrijfTableau(command.value));
+  if (command.words[1] == "LeesTableau") return note(control_.LeesTableau(command.value));
+  fail("there is no method " + command.words[1]);
+}
+
+bool Player::asks_for_file(std::optional<FileDialog::Purpose> purpose) {
+  const auto& asked = host_.file_dialog();
+  const bool does = asked && (!purpose || asked->purpose == *purpose);
+  expect(does, "nothing asks for such a file");
+  return does;
+}
+
+void Player::save(const Command& command) {
+  if (command.words.size() != 3 || command.words[1] != "as") return fail("save as which name?");
+  if (asks_for_file(FileDialog::Purpose::Save)) host_.answer_file_dialog(command.words[2]);
+}
+
+void Player::open(const Command& command) {
+  if (command.words.size() != 3 || command.words[1] != "file") return fail("open file of which path?");
+  auto bytes = project_file(command.words[2]);
+  if (!bytes) return fail("there is no file " + command.words[2]);
+  if (!asks_for_file(FileDialog::Purpose::Open)) return;
+  const std::string name = std::filesystem::path(command.words[2]).filename().string();
+  host_.memory_files.contents[name] = brought_[name] = *std::move(bytes);
+  host_.answer_file_dialog(name);
+}
+
+void Player::cancel(const Command& command) {
+  if (command.words.size() != 2 || command.words[1] != "file") return fail("cancel file");
+  if (asks_for_file({})) host_.cancel_file_dialog();
 }
 
 void Player::wait(const Command& command) {
@@ -322,6 +368,26 @@ void Player::scroll(const Command& command) {
   }
 }
 
+// A pixel is 15 units, on the surface and in its pictures.
+void Player::drag(const Command& command) {
+  using Action = Pointer::Action;
+  const Found found = find(command, 1);
+  if (!found.control) return;
+  if (!found.control->shown()) return fail(described(*found.control) + " is not shown");
+  const bool is_told = found.next + 3 == command.words.size() && command.words[found.next] == "by";
+  const auto right = is_told ? whole_number(command.words[found.next + 1]) : std::nullopt;
+  const auto down = is_told ? whole_number(command.words[found.next + 2]) : std::nullopt;
+  if (!right || !down) return fail("drag by how many pixels to the right and down?");
+  const Bounds& bounds = found.control->bounds();
+  const double x = bounds.width / 2, y = bounds.height / 2;
+  Desk& desk = host_.desk();
+  desk.pointer(*found.control, {Action::Down, true, x, y});
+  desk.pointer(*found.control, {Action::Move, true, x + 15 * *right, y + 15 * *down});
+  desk.pointer(*found.control, {Action::Up, false, x, y});
+  host_.answer_all();
+  desk.click(*found.control);
+}
+
 void Player::dump(const Command& command) {
   if (command.words.size() != 2) return fail("dump under what name?");
   dumps_ += "== " + command.words[1] + "\n" + visible_state(host_, control_);
@@ -339,7 +405,8 @@ void Player::see_no(const Command& command) {
   const std::string what = command.words.size() == 3 ? command.words[2] : "";
   if (what == "form") return expect(!host_.top_form(), "a form is open");
   if (what == "menu") return expect(!host_.open_menu(), "a menu is open");
-  fail("see no form, or see no menu");
+  if (what == "file") return expect(host_.memory_files.contents == brought_, "a file was written");
+  fail("see no form, see no menu, or see no file");
 }
 
 void Player::see_form(const Command& command) {
@@ -380,6 +447,16 @@ void Player::see_busy(const Command&) {
 }
 void Player::see_idle(const Command&) {
   expect(!host_.is_busy(control_), "the control is busy");
+}
+
+void Player::see_file(const Command& command) {
+  if (command.words.size() != 5 || command.words[3] != "like") return fail("see file NAME like PATH");
+  const auto wanted = project_file(command.words[4]);
+  if (!wanted) return fail("there is no file " + command.words[4]);
+  const auto& files = host_.memory_files.contents;
+  const auto written = files.find(command.words[2]);
+  if (written == files.end()) return fail("no file " + command.words[2] + " was written");
+  expect(written->second == *wanted, command.words[2] + " is not like " + command.words[4]);
 }
 
 void Player::see_control(const Command& command) {

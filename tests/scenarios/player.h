@@ -6,6 +6,8 @@
 //   player.dumps();        // what `dump` wrote, for comparison with other hosts
 #pragma once
 
+#include <functional>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -68,6 +70,10 @@ class Player {
   void call(const Command& command);
   void wait(const Command& command);
   void scroll(const Command& command);
+  void drag(const Command& command);
+  void save(const Command& command);
+  void open(const Command& command);
+  void cancel(const Command& command);
   void see(const Command& command);
   void dump(const Command& command);
 
@@ -78,16 +84,21 @@ class Player {
   void see_error(const Command& command);
   void see_busy(const Command& command);
   void see_idle(const Command& command);
+  void see_file(const Command& command);
   void see_control(const Command& command);
   bool see_property(const Command& command, const Found& found);
 
   platform::Menu* open_item(const std::string& name);
+  // Whether the person is asked for a file, for this purpose; a failure when not.
+  bool asks_for_file(std::optional<platform::FileDialog::Purpose> purpose);
+  void call_with_file(const Command& command);
 
   platform::HeadlessHost host_;
   basSafeCtl model_;
   LPctrl control_{host_.desk(), model_};
   PageParameters page_;
-  platform::Control* typing_in_ = nullptr;  // typing goes on behind what was typed there
+  std::map<std::string, std::string, std::less<>> brought_;  // files to open, by name
+  platform::Control* typing_in_ = nullptr;                   // typing goes on behind what was typed there
   std::optional<RunTimeError> error_;
   std::size_t reports_seen_ = 0;
   int line_ = 0, last_line_ = 0;

@@ -80,6 +80,16 @@ TEST(ScenarioLanguage, WhatIsNotKnownIsAFailureWithItsLine) {
   EXPECT_EQ(failures_of("show\nchoose mnu_Reset\n"), "line 2: no menu is open\n");
 }
 
+TEST(ScenarioLanguage, AFileThatNobodyAsksForIsAFailure) {
+  EXPECT_EQ(failures_of("show\nsave as a.tbl\n"), "line 2: nothing asks for such a file\n");
+  EXPECT_EQ(failures_of("show\ncancel file\n"), "line 2: nothing asks for such a file\n");
+  EXPECT_EQ(failures_of("show\nopen file nowhere.tbl\n"), "line 2: there is no file nowhere.tbl\n");
+  EXPECT_EQ(failures_of("show\nsee file a.tbl like README.md\n"), "line 2: no file a.tbl was written\n");
+  EXPECT_EQ(failures_of("show\ncall SchrijfTableau = a.tbl\nsee no file\n"), "line 3: a file was written\n");
+  EXPECT_EQ(failures_of("show\ncall SchrijfTableau = a.tbl\nsee file a.tbl like README.md\n"),
+            "line 3: a.tbl is not like README.md\n");
+}
+
 TEST(ScenarioLanguage, WhatIsSeenOtherwiseIsAFailure) {
   EXPECT_EQ(failures_of("show\nsee lblFRL \" 7\"\n"), "line 2: lblFRL shows \" 0\", not \" 7\"\n");
   EXPECT_EQ(failures_of("show\nsee form frmMelding\n"), "line 2: no form is open\n");

@@ -48,10 +48,14 @@ TEST_F(Keyboard, ShiftTabAndCtrlLeftReadItInReverse) {
 }
 
 TEST_F(Keyboard, BeforeTheFirstCellThereIsNone) {
-  open();
-  click("txtRij_F", 1);
-  press("Ctrl+Left");
-  EXPECT_EQ(focus(), "txtRij_F 1");
+  for (const char* key : {"Shift+Tab", "Ctrl+Left"}) {
+    open();
+    click("txtRij_F", 1);
+    press(key);
+    EXPECT_EQ(focus(), "txtRij_F 1") << key;
+    press("Tab");
+    EXPECT_EQ(focus(), "txtRij_F 2") << key;
+  }
 }
 
 TEST_F(Keyboard, TabInTheLastColumnOfRowFGoesToTheFirstCellAndScrollsBack) {

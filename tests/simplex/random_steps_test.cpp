@@ -191,11 +191,11 @@ class RandomSteps : public testing::Test {
 };
 
 TEST_F(RandomSteps, InDecimalsAreThoseOfTheReference) {
-  work_problems(3000, false);
+  work_problems(numbers::rounds(3000), false);
 }
 
 TEST_F(RandomSteps, InFractionsAreThoseOfTheReference) {
-  work_problems(1500, true);
+  work_problems(numbers::rounds(1500), true);
 }
 
 }  // namespace
