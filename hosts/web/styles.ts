@@ -79,7 +79,7 @@ const css = `
 .told { position: absolute; width: 1px; height: 1px; overflow: clip; clip-path: inset(50%); white-space: nowrap; }
 .picture .image, .frame .button { touch-action: none; }
 .picture .image { border-radius: 3px; }
-.button[data-name="cmdFrame"] { color: #4b5563 !important; cursor: move; border-color: var(--line); border-radius: 3px; background: radial-gradient(circle, #a5aebb 0.8px, transparent 1.2px) 0 1px / 5px 5px #f7f8fa; text-shadow: 0 0 2px #ffffff, 0 0 2px #ffffff, 0 0 2px #ffffff; }
+.button[data-name="cmdFrame"] { cursor: move; border-color: var(--line); border-radius: 3px; background: linear-gradient(90deg, transparent 40%, #f7f8fa 40% 60%, transparent 60%), radial-gradient(circle, #a5aebb 0.8px, transparent 1.2px) 0 0 / 5px 5px #f7f8fa; }
 .button[data-name="cmdFrame"]:hover { border-color: #5d6878; }
 .picture .image:hover { background-color: rgb(192 0 0 / 10%) !important; }
 .picture .image { cursor: grab; }
