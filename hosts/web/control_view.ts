@@ -82,14 +82,19 @@ const templates: Partial<Record<Kind, HTMLElement>> = {};
 const makeNode = (kind: Kind): HTMLElement =>
   (templates[kind] ??= makeTemplate(kind)).cloneNode() as HTMLElement;
 
-// Sharp again when the window has moved to another screen or is zoomed. Holds no control that is gone.
-function paintAgainAtNewDensity(view: WeakRef<ControlView>): void {
+// Pictures are painted again, sharp, when the window has moved to another screen or is zoomed. The page listens
+// once for all of them, and holds none that is gone.
+const painted = new Set<WeakRef<ControlView>>();
+
+function paintAgainAtNewDensity(): void {
   const now = matchMedia(`(resolution: ${devicePixelRatio}dppx)`);
   const repaint = () => {
-    const control = view.deref();
-    if (!control) return;
-    control.repaint();
-    paintAgainAtNewDensity(view);
+    for (const view of painted) {
+      const control = view.deref();
+      if (control) control.repaint();
+      else painted.delete(view);
+    }
+    if (painted.size) paintAgainAtNewDensity();
   };
   now.addEventListener("change", repaint, { once: true });
 }
@@ -291,7 +296,7 @@ export class ControlView {
   }
 
   repaint(): void {
-    if (!this.drawing) return;
+    if (!this.drawing || (!this.#canvas && this.drawing.strokes.length === 0)) return;
     this.#canvas ??= this.#makeCanvas();
     paint(this.#canvas, this.drawing, ...this.size, devicePixelRatio, `${this.node.style.fontSize} ${letters}`);
   }
@@ -299,7 +304,8 @@ export class ControlView {
   #makeCanvas(): HTMLCanvasElement {
     const canvas = make("canvas", "");
     this.node.prepend(canvas);
-    paintAgainAtNewDensity(new WeakRef(this));
+    painted.add(new WeakRef(this));
+    if (painted.size === 1) paintAgainAtNewDensity();
     return canvas;
   }
 }
