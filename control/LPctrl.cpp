@@ -60,7 +60,7 @@ Task<> LPctrl::on_scroll(platform::ScrollBar&) {
   co_await desk().pending_events();
 }
 
-std::string LPctrl::strSoortGetal(std::int16_t Soort, double Getal) const {
+std::string LPctrl::strSoortGetal(std::int16_t Soort, double& Getal) const {
   return numbers::strSoortGetal(Soort, Getal);
 }
 

@@ -57,8 +57,8 @@ class LPctrl : public platform::Surface {
   // the property. Nothing for a name that is no property.
   std::optional<Result<>> set_property(std::string_view name, const PropertyValue& value);
   Result<> InitTableau() { return tabulon::InitTableau(model_); }
-  // The display text of a number; see numbers/display.h.
-  std::string strSoortGetal(std::int16_t Soort, double Getal) const;
+  // The display text of a number, which in fractions becomes the number that is shown; see numbers/display.h.
+  std::string strSoortGetal(std::int16_t Soort, double& Getal) const;
   // Saves the tableau under that name, replacing what is there. Errors 9, 52, 61, 70, 76.
   Result<> SchrijfTableau(std::string_view strFile);
   // Error 54 for every file that is there, and nothing is read; 52, 53, 70, 76 for the others.

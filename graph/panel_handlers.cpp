@@ -128,9 +128,10 @@ void LPctrl::place_cross(platform::Point place) {
 // The values of a point, and the level line through it.
 void LPctrl::show_point(graph::PlanePoint point) {
   const graph::Objective objective = graph::objective_of(model_);
-  lblDoelfunctie.set_text(strSoortGetal(number_mode(), graph::objective_value(objective, point)));
-  lblValX1.set_text(strSoortGetal(number_mode(), point.x1));
-  lblValX2.set_text(strSoortGetal(number_mode(), point.x2));
+  const auto shown = [this](double value) { return strSoortGetal(number_mode(), value); };
+  lblDoelfunctie.set_text(shown(graph::objective_value(objective, point)));
+  lblValX1.set_text(shown(point.x1));
+  lblValX2.set_text(shown(point.x2));
   PictureLN.set_spoken_name("Grafiek, x 1 = " + std::string(trimmed(lblValX1.text())) +
                             ", x 2 = " + std::string(trimmed(lblValX2.text())) +
                             ", F = " + std::string(trimmed(lblDoelfunctie.text())));

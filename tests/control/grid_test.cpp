@@ -337,10 +337,13 @@ TEST_F(Fractions, WhatIsNotShownIsRewrittenToo) {
   EXPECT_EQ(model.current.row(9).text(CellRow::right_hand_side), " 1/4");
 }
 
-TEST_F(Fractions, TheMethodForScriptsGivesTheDisplayText) {
-  EXPECT_EQ(control.strSoortGetal(0, 0.5), " 0.5");
-  EXPECT_EQ(control.strSoortGetal(-1, 0.5), " 1/2");
-  EXPECT_EQ(control.strSoortGetal(2, 0.5), "");
+TEST_F(Fractions, TheMethodForScriptsGivesTheDisplayTextAndTheNumberShown) {
+  double number = 0.1 + 0.2;
+  EXPECT_EQ(control.strSoortGetal(0, number), " 0.3");
+  EXPECT_EQ(control.strSoortGetal(2, number), "");
+  EXPECT_NE(number, 0.3);
+  EXPECT_EQ(control.strSoortGetal(-1, number), " 3/10");
+  EXPECT_EQ(number, 0.3);
 }
 
 }  // namespace
