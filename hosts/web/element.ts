@@ -2,7 +2,7 @@
 import { ElementView } from "./element_view.js";
 import { TabulonError } from "./errors.js";
 import { loadPage, type Page } from "./page.js";
-import { isParsed, readParameters } from "./parameters.js";
+import { readParameters, whenGiven } from "./parameters.js";
 import { sheet } from "./styles.js";
 
 // A whole number of 16 bits, or a text that is one.
@@ -46,8 +46,7 @@ export class TabulonLPctrl extends HTMLElement {
     this.#started = true;
     this.setAttribute("aria-busy", "true");
     this.#takeOwnProperties();
-    if (isParsed(this)) void this.#start();
-    else document.addEventListener("DOMContentLoaded", () => void this.#start(), { once: true });
+    whenGiven(this, () => void this.#start());
   }
 
   disconnectedCallback(): void {

@@ -1,4 +1,6 @@
 // The parameters that a page gives to an element: attributes and <param> children, in the order of the source.
+// An element without any takes those of the <object> that it stands in: there it is what browsers show that do
+// not take the object's class, and both are to be given the same problem.
 
 export interface Parameters {
   // name, text, name, text, ...
@@ -9,17 +11,25 @@ export interface Parameters {
 const isParameterName = (name: string) => /^prm/i.test(name);
 const withoutNul = (text: string) => text.replaceAll("\0", "\uFFFD");
 
-function* given(element: Element): Generator<[string, string]> {
-  for (const attribute of element.attributes) yield [attribute.name, attribute.value];
-  for (const child of element.children)
-    if (child.localName === "param") yield [child.getAttribute("name") ?? "", child.getAttribute("value") ?? ""];
+type Given = [name: string, text: string];
+
+const attributesOf = (element: Element) => [...element.attributes].map(({ name, value }): Given => [name, value]);
+const paramsOf = (element: Element) =>
+  [...element.children]
+    .filter(({ localName }) => localName === "param")
+    .map((param): Given => [param.getAttribute("name") ?? "", param.getAttribute("value") ?? ""]);
+const ofParameters = (all: Given[]) => all.filter(([name]) => isParameterName(name));
+
+function given(element: Element): Given[] {
+  const own = ofParameters([...attributesOf(element), ...paramsOf(element)]);
+  const object = element.closest("object");
+  return own.length || !object ? own : ofParameters(paramsOf(object));
 }
 
 export function readParameters(element: Element): Parameters {
   const texts = new Map<string, string>();
   const listing: string[] = [];
   for (const [name, value] of given(element)) {
-    if (!isParameterName(name)) continue;
     if (texts.has(name.toLowerCase())) {
       console.warn(`Tabulon: ${name} is tweemaal gegeven; de eerste telt.`);
       continue;
@@ -32,8 +42,19 @@ export function readParameters(element: Element): Parameters {
 
 // The parser calls for an element before it has read what stands in it. It is past the element's end as soon
 // as something stands after it.
-export function isParsed(element: Element): boolean {
+function isParsed(element: Element): boolean {
   if (element.ownerDocument.readyState !== "loading") return true;
   for (let node: Node | null = element; node; node = node.parentNode) if (node.nextSibling) return true;
   return false;
+}
+
+// Calls when the parameters stand there and the element can be seen. One in an <object> is not seen before the
+// browser has found that it has nothing else to show there, which it does before it says that the page is loaded.
+// (Chromium must not be asked for anything of the object before that, or it never shows what stands in it.)
+export function whenGiven(element: Element, start: () => void): void {
+  const page = element.ownerDocument;
+  const once = { once: true };
+  if (page.readyState !== "complete" && element.closest("object")) addEventListener("load", start, once);
+  else if (isParsed(element)) start();
+  else page.addEventListener("DOMContentLoaded", start, once);
 }

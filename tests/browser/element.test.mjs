@@ -63,6 +63,27 @@ describe("parameters", () => {
     assert.deepEqual(noise(page), []);
   });
 
+  const inObject = (params, element) =>
+    `<object classid="clsid:7B0E9C1A-4D52-4C7E-9E0F-5A9D3C61B8F4" width="600" height="296">${params}${element}</object>`;
+  const objectParams =
+    '<param name="prmNrBeslisVar" value="1"><param name="prmSTR_DLfunctie" value=" 9"><param name="quality" value="high">';
+
+  test("an element in an object for COM is shown in its place, with the object's own", async () => {
+    await open(inObject(objectParams, problem()));
+    assert.equal(await text(page, "txtRij_F", 1), " 9");
+    assert.equal(await text(page, "lblKolom", 4), null);
+    const [width, height] = await page.$eval("#LPctrl1", (node) => [node.offsetWidth, node.offsetHeight]);
+    assert.deepEqual([width, height], [600, 296]);
+    assert.equal(await page.evaluate(() => document.activeElement?.id), "LPctrl1");
+    assert.deepEqual(noise(page), []);
+  });
+
+  test("an element with parameters of its own takes none of the object's", async () => {
+    await open(inObject(objectParams, problem({ prmSTR_DLfunctie: " 3, 5" })));
+    assert.deepEqual(await rowF(), [" 3", " 5"]);
+    assert.deepEqual(noise(page), []);
+  });
+
   const refused = [
     ["text for a count", { prmNrBeslisVar: "drie" }, 13, 'prmNrBeslisVar: "drie" is geen getal (fout 13)'],
     ["a count beyond 16 bits", { prmBigM: "40000" }, 6, 'prmBigM: "40000" past niet; het moet'],
