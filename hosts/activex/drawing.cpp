@@ -1,0 +1,172 @@
+#include "hosts/activex/drawing.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "hosts/activex/pictures.h"
+#include "hosts/activex/text.h"
+
+namespace tabulon::activex {
+
+namespace stroke = platform::stroke;
+using platform::Colour;
+using platform::Point;
+
+namespace {
+
+constexpr double dots_per_inch = 96;
+
+int line_width(int dpi) {
+  return std::max(1, nearest_edge(dpi / dots_per_inch));
+}
+
+// The side of a dot, in a box so many pixels long. The box itself was rounded to whole pixels; a dot grows
+// with it, so that dots which touch at one density touch at every one.
+double dot_side(int dpi, long length) {
+  const double pixels = static_cast<double>(std::max(length, 1L));
+  return dpi / dots_per_inch * pixels / (pixels - 0.5);
+}
+
+// Fills with the colour of the DC's own brush.
+void fill(HDC dc, double left, double top, double right, double bottom) {
+  const RECT box{nearest_edge(left), nearest_edge(top), nearest_edge(right), nearest_edge(bottom)};
+  FillRect(dc, &box, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
+}
+
+HPEN make_pen(int width, COLORREF colour) {
+  if (width == 1) return CreatePen(PS_SOLID, 1, colour);
+  const LOGBRUSH ink{BS_SOLID, colour, 0};
+  return ExtCreatePen(PS_GEOMETRIC | PS_SOLID | PS_ENDCAP_FLAT, static_cast<DWORD>(width), &ink, 0, nullptr);
+}
+
+void slanting_line(HDC dc, Point from, Point to, COLORREF colour, int width) {
+  const HPEN pen = make_pen(width, colour);
+  const HGDIOBJ before = SelectObject(dc, pen);
+  const auto middle = [&](double at) { return nearest_edge(at) + width / 2; };
+  const POINT end{middle(to.x), middle(to.y)};
+  MoveToEx(dc, middle(from.x), middle(from.y), nullptr);
+  LineTo(dc, end.x, end.y);
+  if (width == 1) SetPixelV(dc, end.x, end.y, colour);  // LineTo stops before it
+  SelectObject(dc, before);
+  DeleteObject(pen);
+}
+
+class Painter {
+ public:
+  Painter(HDC dc, SIZE size, const platform::Scale& scale, int dpi)
+      : dc_(dc),
+        scale_(pixel_scale(scale, size)),
+        dot_{dot_side(dpi, size.cx), dot_side(dpi, size.cy)},
+        dpi_(dpi) {}
+
+  void operator()(const stroke::Dots& dots) {
+    SetDCBrushColor(dc_, colour_ref(dots.colour));
+    for (const Point& point : dots.points) dot(scale_.pixels(point));
+  }
+
+  void operator()(const stroke::DotRuns& dots) {
+    SetDCBrushColor(dc_, colour_ref(dots.colour));
+    const Point step{dots.step.x * scale_.unit_x, dots.step.y * scale_.unit_y};
+    for (const stroke::DotRuns::Run& run : dots.runs) this->run(scale_.pixels(run.first), run.count, step);
+  }
+
+  void operator()(const stroke::Segment& line) {
+    paint_line(dc_, scale_.pixels(line.from), scale_.pixels(line.to), line.colour, dpi_);
+  }
+
+  void operator()(const stroke::Text& text) {
+    const Point at = scale_.pixels(text.at);
+    const std::wstring letters = wide(text.text);
+    SetTextColor(dc_, colour_ref(text.colour));
+    TextOutW(dc_, nearest_edge(at.x), nearest_edge(at.y), letters.data(), static_cast<int>(letters.size()));
+  }
+
+  void operator()(const stroke::Stamp& stamp) {
+    const Point at = scale_.pixels(stamp.at);
+    const double width = std::abs(stamp.size.x * scale_.unit_x);
+    const double height = std::abs(stamp.size.y * scale_.unit_y);
+    paint_picture(
+        dc_,
+        {nearest_edge(at.x), nearest_edge(at.y), nearest_edge(at.x + width), nearest_edge(at.y + height)},
+        stamp.picture, stamp.raster);
+  }
+
+ private:
+  void dot(Point at) { fill(dc_, at.x, at.y, at.x + dot_.x, at.y + dot_.y); }
+
+  bool touching(Point step) const {
+    return (step.x == 0 && std::abs(step.y) <= dot_.y) || (step.y == 0 && std::abs(step.x) <= dot_.x);
+  }
+
+  // Dots that touch along an axis are one rectangle.
+  void run(Point first, std::uint32_t count, Point step) {
+    if (count == 0) return;
+    const Point last{first.x + step.x * (count - 1), first.y + step.y * (count - 1)};
+    if (touching(step))
+      fill(dc_, std::min(first.x, last.x), std::min(first.y, last.y), std::max(first.x, last.x) + dot_.x,
+           std::max(first.y, last.y) + dot_.y);
+    else
+      for (std::uint32_t at = 0; at < count; ++at) dot({first.x + at * step.x, first.y + at * step.y});
+  }
+
+  HDC dc_;
+  PixelScale scale_;
+  Point dot_;
+  int dpi_;
+};
+
+double units(double pixels, double from, double to) {
+  return to == from ? pixels : pixels / (to - from);
+}
+
+}  // namespace
+
+PixelScale pixel_scale(const platform::Scale& scale, const SIZE& pixels) {
+  const auto& [from, to] = scale;
+  return {units(static_cast<double>(pixels.cx), from.x, to.x),
+          units(static_cast<double>(pixels.cy), from.y, to.y), from};
+}
+
+PixelScale twip_scale(int dpi) {
+  constexpr double twips_per_inch = 1440;
+  return {dpi / twips_per_inch, dpi / twips_per_inch, {}};
+}
+
+int nearest_edge(double pixels) {
+  return static_cast<int>(std::floor(pixels + 0.5));
+}
+
+void paint_drawing(HDC dc, const RECT& box, const platform::Scale& scale,
+                   const platform::DisplayList& drawing, HFONT letters, int dpi) {
+  const int before = SaveDC(dc);
+  IntersectClipRect(dc, box.left, box.top, box.right, box.bottom);
+  OffsetViewportOrgEx(dc, box.left, box.top, nullptr);
+  SelectObject(dc, letters);
+  SetBkMode(dc, TRANSPARENT);
+  SetTextAlign(dc, TA_LEFT | TA_TOP);
+  Painter painter(dc, {box.right - box.left, box.bottom - box.top}, scale, dpi);
+  for (const platform::Stroke& each : drawing.strokes()) std::visit(painter, each);
+  RestoreDC(dc, before);
+}
+
+// A line covers the dots of its points.
+void paint_line(HDC dc, Point from, Point to, Colour colour, int dpi) {
+  constexpr double straight = 0.01;
+  const int width = line_width(dpi);
+  const double left = std::min(from.x, to.x), top = std::min(from.y, to.y);
+  const double across = std::abs(from.x - to.x), down = std::abs(from.y - to.y);
+  if (across >= straight && down >= straight) return slanting_line(dc, from, to, colour_ref(colour), width);
+  SetDCBrushColor(dc, colour_ref(colour));
+  fill(dc, left, top, left + width + (across < straight ? 0 : across),
+       top + width + (down < straight ? 0 : down));
+}
+
+bool is_transparent(Colour colour) {
+  return colour == platform::system_colour::transparent;
+}
+
+COLORREF colour_ref(Colour colour) {
+  return colour.is_system() ? GetSysColor(static_cast<int>(colour.value & 0xFFU)) : colour.value;
+}
+
+}  // namespace tabulon::activex

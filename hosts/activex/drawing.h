@@ -1,0 +1,42 @@
+// Paints what a picture box shows, and the lines that lie on it, in the system's pixels.
+//
+//   paint_drawing(dc, client, box.scale(), box.drawing(), letters, dpi);
+//
+// A dot is 1/96 inch. What lies along an axis begins and ends between two pixels, so that it is sharp.
+#pragma once
+
+#include <windows.h>
+
+#include "platform/display_list.h"
+
+namespace tabulon::activex {
+
+// From the user coordinates of a container to pixels from its corner; an axis may grow the other way, and
+// then its unit is negative.
+struct PixelScale {
+  double unit_x = 0, unit_y = 0;  // pixels in a user unit
+  platform::Point origin;         // the user coordinates of the corner
+
+  platform::Point pixels(platform::Point user) const {
+    return {(user.x - origin.x) * unit_x, (user.y - origin.y) * unit_y};
+  }
+};
+
+// The scale of a picture box of so many pixels.
+PixelScale pixel_scale(const platform::Scale& scale, const SIZE& pixels);
+// The scale of what has none of its own: twips from the corner.
+PixelScale twip_scale(int dpi);
+// Between two pixels, halves upwards.
+int nearest_edge(double pixels);
+
+// What the whole list shows, clipped to the box (in pixels of `dc`). `letters` are those of the texts.
+void paint_drawing(HDC dc, const RECT& box, const platform::Scale& scale,
+                   const platform::DisplayList& drawing, HFONT letters, int dpi);
+// A line as a drawing has them, from and to in pixels of `dc`.
+void paint_line(HDC dc, platform::Point from, platform::Point to, platform::Colour colour, int dpi);
+
+bool is_transparent(platform::Colour colour);
+// The system's value of a colour that is not transparent.
+COLORREF colour_ref(platform::Colour colour);
+
+}  // namespace tabulon::activex

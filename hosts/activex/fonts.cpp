@@ -1,0 +1,55 @@
+#include "hosts/activex/fonts.h"
+
+#include <algorithm>
+#include <cwchar>
+#include <iterator>
+
+namespace tabulon::activex {
+
+namespace {
+
+// All about as wide, so that every caption fits its place; the first that the system has.
+constexpr const wchar_t* faces[] = {L"Segoe UI", L"Arial", L"Liberation Sans", L"Tahoma"};
+
+int CALLBACK found(const LOGFONTW*, const TEXTMETRICW*, DWORD, LPARAM answer) {
+  *reinterpret_cast<bool*>(answer) = true;
+  return 0;
+}
+
+bool is_installed(HDC screen, const wchar_t* face) {
+  LOGFONTW wanted{};
+  wanted.lfCharSet = DEFAULT_CHARSET;
+  wcscpy_s(wanted.lfFaceName, face);
+  bool answer = false;
+  EnumFontFamiliesExW(screen, &wanted, found, reinterpret_cast<LPARAM>(&answer), 0);
+  return answer;
+}
+
+const wchar_t* installed_face() {
+  HDC const screen = GetDC(nullptr);
+  const auto face =
+      std::ranges::find_if(faces, [&](const wchar_t* each) { return is_installed(screen, each); });
+  ReleaseDC(nullptr, screen);
+  return face != std::end(faces) ? *face : L"";
+}
+
+HFONT make(const platform::Letters& letters, int dpi) {
+  static const wchar_t* const face = installed_face();
+  return CreateFontW(-MulDiv(letters.points, dpi, 72), 0, 0, 0, letters.bold ? FW_SEMIBOLD : FW_NORMAL, FALSE,
+                     FALSE, FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS,
+                     CLEARTYPE_QUALITY, DEFAULT_PITCH | FF_SWISS, face);
+}
+
+}  // namespace
+
+Fonts::~Fonts() {
+  for (const auto& [which, font] : fonts_) DeleteObject(font);
+}
+
+HFONT Fonts::of(const platform::Letters& letters, int dpi) {
+  HFONT& font = fonts_[{letters.points, letters.bold, dpi}];
+  if (!font) font = make(letters, dpi);
+  return font;
+}
+
+}  // namespace tabulon::activex

@@ -1,0 +1,329 @@
+#include "hosts/activex/painting.h"
+
+#include <algorithm>
+#include <cmath>
+#include <string>
+
+#include "hosts/activex/pictures.h"
+#include "hosts/activex/text.h"
+
+namespace tabulon::activex {
+
+using namespace platform;
+
+namespace {
+
+constexpr Twips menu_bar = 315;  // the height of the band behind the control's menu buttons
+
+struct Palette {
+  COLORREF ground, band, form, edge, ink;
+  COLORREF button, button_edge, grip, grip_dot;
+  COLORREF box_edge, locked_edge, accent;
+};
+
+constexpr Palette usual{
+    .ground = RGB(255, 255, 255),
+    .band = RGB(239, 241, 244),
+    .form = RGB(247, 248, 250),
+    .edge = RGB(195, 201, 210),
+    .ink = RGB(28, 36, 48),
+    .button = RGB(251, 252, 253),
+    .button_edge = RGB(165, 174, 187),
+    .grip = RGB(247, 248, 250),
+    .grip_dot = RGB(165, 174, 187),
+    .box_edge = RGB(154, 164, 178),
+    .locked_edge = RGB(223, 227, 233),
+    .accent = RGB(21, 87, 192),
+};
+
+// Who has asked the system for strong contrast gets the system's colours only.
+Palette of_strong_contrast() {
+  const COLORREF window = GetSysColor(COLOR_WINDOW), text = GetSysColor(COLOR_WINDOWTEXT);
+  return {.ground = window,
+          .band = window,
+          .form = GetSysColor(COLOR_BTNFACE),
+          .edge = text,
+          .ink = text,
+          .button = GetSysColor(COLOR_BTNFACE),
+          .button_edge = GetSysColor(COLOR_BTNTEXT),
+          .grip = GetSysColor(COLOR_BTNFACE),
+          .grip_dot = GetSysColor(COLOR_BTNTEXT),
+          .box_edge = text,
+          .locked_edge = GetSysColor(COLOR_GRAYTEXT),
+          .accent = GetSysColor(COLOR_HIGHLIGHT)};
+}
+
+Palette palette() {
+  HIGHCONTRASTW contrast{};
+  contrast.cbSize = sizeof contrast;
+  const bool is_strong = SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0) &&
+                         (contrast.dwFlags & HCF_HIGHCONTRASTON) != 0;
+  return is_strong ? of_strong_contrast() : usual;
+}
+
+// `part` percent of the one colour over the other.
+COLORREF blend(COLORREF over, COLORREF under, int part) {
+  const auto mix = [part](int one, int other) { return (one * part + other * (100 - part)) / 100; };
+  return RGB(mix(GetRValue(over), GetRValue(under)), mix(GetGValue(over), GetGValue(under)),
+             mix(GetBValue(over), GetBValue(under)));
+}
+
+constexpr UINT alignments[] = {DT_LEFT, DT_RIGHT, DT_CENTER};
+
+UINT alignment(const Letters& letters) {
+  return alignments[static_cast<std::size_t>(letters.align)];
+}
+
+// The scale of what stands in a control: twips, or the user units of a picture box.
+PixelScale scale_inside(const Control* container, int dpi) {
+  if (!container || container->kind() != Kind::PictureBox) return twip_scale(dpi);
+  const Bounds& bounds = container->bounds();
+  return pixel_scale(static_cast<const PictureBox*>(container)->scale(),
+                     {pixels_at(bounds.width, dpi), pixels_at(bounds.height, dpi)});
+}
+
+RECT moved(RECT box, POINT by) {
+  OffsetRect(&box, by.x, by.y);
+  return box;
+}
+
+// The colours that the letters and grounds of a button go through as it is pointed at and pressed.
+int shade(ButtonState state) {
+  return state.pressed ? 15 : state.hot ? 8 : 0;
+}
+
+// Selects what it is given for as long as it lives.
+class Selected {
+ public:
+  Selected(HDC dc, HGDIOBJ object) : dc_(dc), before_(SelectObject(dc, object)) {}
+  Selected(const Selected&) = delete;
+  ~Selected() { SelectObject(dc_, before_); }
+
+ private:
+  HDC dc_;
+  HGDIOBJ before_;
+};
+
+}  // namespace
+
+int pixels_at(Twips twips, int dpi) {
+  return nearest_edge(twip_scale(dpi).unit_x * twips);
+}
+
+RECT bounds_in_pixels(const Control& control, int dpi) {
+  const auto [unit_x, unit_y, origin] = scale_inside(control.container(), dpi);
+  const Bounds& bounds = control.bounds();
+  const int left = nearest_edge((bounds.left - origin.x) * unit_x),
+            top = nearest_edge((bounds.top - origin.y) * unit_y);
+  return {left, top, left + nearest_edge(std::abs(bounds.width * unit_x)),
+          top + nearest_edge(std::abs(bounds.height * unit_y))};
+}
+
+int text_height(HDC dc, HFONT font) {
+  const Selected selected(dc, font);
+  TEXTMETRICW metric{};
+  GetTextMetricsW(dc, &metric);
+  return metric.tmHeight;
+}
+
+COLORREF ground_behind(const Control& control) {
+  for (const Control* outer = control.container(); outer; outer = outer->container())
+    if (!is_transparent(outer->back_colour())) return colour_ref(outer->back_colour());
+  if (control.surface().is_form()) return palette().form;
+  return control.bounds().top < menu_bar && !control.container() ? palette().band : palette().ground;
+}
+
+HBRUSH ground_brush(HDC dc, const Control& control) {
+  const Colour back = control.back_colour();
+  SetTextColor(dc, colour_ref(control.fore_colour()));
+  if (is_transparent(back)) {
+    SetBkMode(dc, TRANSPARENT);
+    return static_cast<HBRUSH>(GetStockObject(NULL_BRUSH));
+  }
+  SetBkColor(dc, colour_ref(back));
+  if (back.is_system()) return GetSysColorBrush(static_cast<int>(back.value & 0xFFU));
+  SetDCBrushColor(dc, colour_ref(back));
+  return static_cast<HBRUSH>(GetStockObject(DC_BRUSH));
+}
+
+// ---- Strokes
+
+void Painter::fill(const RECT& box, COLORREF colour) const {
+  SetBkColor(dc_, colour);
+  ExtTextOutW(dc_, 0, 0, ETO_OPAQUE, &box, nullptr, 0, nullptr);
+}
+
+void Painter::outline(const RECT& box, COLORREF colour, int width) const {
+  fill({box.left, box.top, box.right, box.top + width}, colour);
+  fill({box.left, box.bottom - width, box.right, box.bottom}, colour);
+  fill({box.left, box.top, box.left + width, box.bottom}, colour);
+  fill({box.right - width, box.top, box.right, box.bottom}, colour);
+}
+
+void Painter::words(const std::string& text, RECT box, const Letters& letters, COLORREF colour,
+                    UINT format) const {
+  const Selected font(dc_, fonts_.of(letters, dpi_));
+  SetTextColor(dc_, colour);
+  SetBkMode(dc_, TRANSPARENT);
+  const std::wstring wide_text = wide(text);
+  DrawTextW(dc_, wide_text.c_str(), static_cast<int>(wide_text.size()), &box, format);
+}
+
+// ---- Controls
+
+void Painter::label(const Control& label, const RECT& box) const {
+  fill(box, is_transparent(label.back_colour()) ? ground_behind(label) : colour_ref(label.back_colour()));
+  const UINT layout = label.letters().wraps ? DT_WORDBREAK : DT_SINGLELINE | DT_VCENTER;
+  const COLORREF ink = colour_ref(label.enabled() ? label.fore_colour() : system_colour::grey_text);
+  words(label.text(), box, label.letters(), ink, layout | DT_NOPREFIX | alignment(label.letters()));
+}
+
+void Painter::button(const Control& button, const RECT& box, ButtonState state) const {
+  const Palette colours = palette();
+  const bool is_flat = !button.surface().is_form() && !button.container();
+  const COLORREF behind = ground_behind(button);
+  const COLORREF face = is_flat ? behind : colours.button;
+  const COLORREF edge = state.focused ? colours.accent : is_flat ? behind : colours.button_edge;
+  fill(box, behind);
+  {
+    const Selected brush(dc_, GetStockObject(DC_BRUSH));
+    const Selected pen(dc_, GetStockObject(DC_PEN));
+    SetDCBrushColor(dc_, blend(colours.ink, face, shade(state)));
+    SetDCPenColor(dc_, edge);
+    const int corner = 6 * hair();
+    RoundRect(dc_, box.left, box.top, box.right, box.bottom, corner, corner);
+  }
+  if (button.text().empty()) {  // a handle: dots to take hold of
+    const int step = 5 * hair();
+    for (int y = box.top + step; y < box.bottom - step / 2; y += step)
+      for (int x = box.left + step; x < box.right - step / 2; x += step)
+        fill({x, y, x + hair(), y + hair()}, colours.grip_dot);
+    return;
+  }
+  const COLORREF ink = colour_ref(button.enabled() ? button.fore_colour() : system_colour::grey_text);
+  words(button.text(), box, button.letters(), ink, DT_SINGLELINE | DT_VCENTER | DT_CENTER);
+}
+
+void Painter::box_edge(const TextBox& box, const RECT& bounds, bool focused) const {
+  const Palette colours = palette();
+  fill(bounds, colour_ref(box.back_colour()));
+  const COLORREF edge = focused ? colours.accent : box.locked() ? colours.locked_edge : colours.box_edge;
+  outline(bounds, edge, focused ? 2 * hair() : hair());
+}
+
+void Painter::text_box(const TextBox& box, const RECT& bounds) const {
+  box_edge(box, bounds, false);
+  const RECT inside{bounds.left + 5 * hair(), bounds.top, bounds.right - 5 * hair(), bounds.bottom};
+  const COLORREF ink = colour_ref(box.enabled() ? box.fore_colour() : system_colour::grey_text);
+  words(box.text(), inside, box.letters(), ink,
+        DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | alignment(box.letters()));
+}
+
+void Painter::scroll_bar(const ScrollBar& bar, RECT box) const {
+  const bool stands = bar.kind() == Kind::VScrollBar;
+  const int length = stands ? box.bottom - box.top : box.right - box.left;
+  const int thickness =
+      std::min(length / 2, static_cast<int>(stands ? box.right - box.left : box.bottom - box.top));
+  fill(box, GetSysColor(COLOR_SCROLLBAR));
+  RECT first = box, last = box;
+  (stands ? first.bottom : first.right) = (stands ? box.top : box.left) + thickness;
+  (stands ? last.top : last.left) = (stands ? box.bottom : box.right) - thickness;
+  const UINT off = bar.enabled() ? 0 : DFCS_INACTIVE;
+  DrawFrameControl(dc_, &first, DFC_SCROLL, (stands ? DFCS_SCROLLUP : DFCS_SCROLLLEFT) | off);
+  DrawFrameControl(dc_, &last, DFC_SCROLL, (stands ? DFCS_SCROLLDOWN : DFCS_SCROLLRIGHT) | off);
+}
+
+void Painter::frame(const Control& frame, const RECT& box) const {
+  fill(box, is_transparent(frame.back_colour()) ? ground_behind(frame) : colour_ref(frame.back_colour()));
+  if (frame.text().empty()) return;
+  outline(box, palette().button_edge, hair());
+  const RECT caption{box.left + 8 * hair(), box.top + 2 * hair(), box.right, box.bottom};
+  words(frame.text(), caption, frame.letters(), colour_ref(frame.fore_colour()), DT_SINGLELINE | DT_NOPREFIX);
+}
+
+void Painter::picture_box(const PictureBox& picture, const RECT& box, bool focused) const {
+  fill(box,
+       is_transparent(picture.back_colour()) ? ground_behind(picture) : colour_ref(picture.back_colour()));
+  paint_drawing(dc_, box, picture.scale(), picture.drawing(), fonts_.of(picture.letters(), dpi_), dpi_);
+  outline(box, focused ? palette().accent : palette().edge, focused ? 2 * hair() : hair());
+}
+
+void Painter::lines(const Surface& surface, const Control* container, POINT origin) const {
+  for (const Control* control : surface.controls()) {
+    if (control->kind() != Kind::Line || control->container() != container || !control->visible()) continue;
+    const auto& line = static_cast<const Line&>(*control);
+    const PixelScale scale = scale_inside(container, dpi_);
+    const auto place = [&](Point user) -> Point {
+      const Point at = scale.pixels(user);
+      return {origin.x + at.x, origin.y + at.y};
+    };
+    paint_line(dc_, place(line.from()), place(line.to()), line.fore_colour(), dpi_);
+  }
+}
+
+// ---- Surfaces
+
+void Painter::ground(const Surface& surface, POINT origin) const {
+  const Palette colours = palette();
+  const RECT all = moved({0, 0, pixels_at(surface.width(), dpi_), pixels_at(surface.height(), dpi_)}, origin);
+  if (surface.is_form()) return fill(all, colours.form);
+  fill(all, colours.ground);
+  RECT band = all;
+  band.bottom = band.top + pixels_at(menu_bar, dpi_);
+  fill(band, colours.band);
+  outline(all, colours.edge, hair());
+}
+
+void Painter::below(const Surface& surface, const Control* container, POINT origin) const {
+  if (!container) return ground(surface, origin);
+  const RECT box = bounds_in_pixels(*container, dpi_);
+  const RECT inside = moved({0, 0, box.right - box.left, box.bottom - box.top}, origin);
+  if (container->kind() == Kind::PictureBox)
+    picture_box(static_cast<const PictureBox&>(*container), inside, false);
+  else
+    frame(*container, inside);
+}
+
+void Painter::control(const Control& control, POINT origin) const {
+  const RECT box = moved(bounds_in_pixels(control, dpi_), origin);
+  switch (control.kind()) {
+    case Kind::Label:
+      return label(control, box);
+    case Kind::CommandButton:
+      return button(control, box, {});
+    case Kind::TextBox:
+      return text_box(static_cast<const TextBox&>(control), box);
+    case Kind::HScrollBar:
+    case Kind::VScrollBar:
+      return scroll_bar(static_cast<const ScrollBar&>(control), box);
+    case Kind::Image:
+      return paint_picture(dc_, box, static_cast<const Image&>(control).picture(), Raster::Copy);
+    case Kind::Frame:
+    case Kind::PictureBox:
+      below(control.surface(), &control, {box.left, box.top});
+      return inside(control.surface(), &control, {box.left, box.top});
+    case Kind::Line:
+    case Kind::Menu:
+      return;
+  }
+}
+
+void Painter::inside(const Surface& surface, const Control* container, POINT origin) const {
+  lines(surface, container, origin);
+  for (const Control* each : surface.controls())
+    if (each->container() == container && each->kind() != Kind::Menu && each->shown()) control(*each, origin);
+}
+
+void Painter::surface(const Surface& surface, POINT origin) const {
+  ground(surface, origin);
+  inside(surface, nullptr, origin);
+}
+
+void Painter::image(const Image& image, const RECT& box) const {
+  const RECT place = bounds_in_pixels(image, dpi_);
+  below(image.surface(), image.container(), {box.left - place.left, box.top - place.top});
+  lines(image.surface(), image.container(), {box.left - place.left, box.top - place.top});
+  paint_picture(dc_, box, image.picture(), Raster::Copy);
+}
+
+}  // namespace tabulon::activex

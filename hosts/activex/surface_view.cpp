@@ -1,0 +1,483 @@
+#include "hosts/activex/surface_view.h"
+
+#include <olectl.h>
+#include <windowsx.h>
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+#include "hosts/activex/names.h"
+#include "hosts/activex/painting.h"
+#include "hosts/activex/text.h"
+#include "hosts/activex/window_text.h"
+#include "hosts/activex/windows_host.h"
+
+namespace tabulon::activex {
+
+using namespace platform;
+
+namespace {
+
+constexpr UINT dpi_changed = 0x02E0, dpi_changed_after_parent = 0x02E3;
+constexpr DWORD form_style = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
+constexpr DWORD form_extended = WS_EX_DLGMODALFRAME;
+
+// The keys that a surface knows, by the system's numbers, which are its own too.
+constexpr int known_keys[] = {key::back,    key::tab,       key::enter, key::escape, key::space,
+                              key::page_up, key::page_down, key::end,   key::home,   key::left,
+                              key::up,      key::right,     key::down,  key::f10};
+
+bool is_known(int code) {
+  return (code >= '0' && code <= '9') || (code >= 'A' && code <= 'Z') ||
+         std::ranges::find(known_keys, code) != std::end(known_keys);
+}
+
+bool is_down(int key) {
+  return GetKeyState(key) < 0;
+}
+
+int held_keys() {
+  return (is_down(VK_SHIFT) ? held::shift : 0) + (is_down(VK_CONTROL) ? held::ctrl : 0) +
+         (is_down(VK_MENU) ? held::alt : 0);
+}
+
+bool is_repeated(const MSG& key) {
+  return (key.lParam & (1 << 30)) != 0;
+}
+
+// The characters that the key has put in the queue already go with it.
+void drop_characters(HWND window) {
+  MSG character;
+  while (PeekMessageW(&character, window, WM_CHAR, WM_DEADCHAR, PM_REMOVE) ||
+         PeekMessageW(&character, window, WM_SYSCHAR, WM_SYSDEADCHAR, PM_REMOVE)) {
+  }
+}
+
+POINT point_of(LPARAM where) {
+  return {GET_X_LPARAM(where), GET_Y_LPARAM(where)};
+}
+
+// The place nearest to the wanted one that is on the screen.
+RECT within_screen(RECT place, HWND near_to) {
+  MONITORINFO monitor{};
+  monitor.cbSize = sizeof monitor;
+  GetMonitorInfoW(MonitorFromWindow(near_to, MONITOR_DEFAULTTONEAREST), &monitor);
+  const RECT& screen = monitor.rcWork;
+  OffsetRect(&place, std::min(0L, screen.right - place.right), std::min(0L, screen.bottom - place.bottom));
+  OffsetRect(&place, std::max(0L, screen.left - place.left), std::max(0L, screen.top - place.top));
+  return place;
+}
+
+const wchar_t* cursor_of(const Control* control) {
+  if (!control) return nullptr;
+  if (control->kind() == Kind::CommandButton && control->text().empty()) return IDC_SIZEALL;
+  return control->kind() == Kind::Image && control->container() ? IDC_HAND : nullptr;
+}
+
+bool is_same(const MSG& one, const MSG& other) {
+  return one.hwnd == other.hwnd && one.message == other.message && one.wParam == other.wParam &&
+         one.lParam == other.lParam && one.time == other.time;
+}
+
+}  // namespace
+
+int dpi_of(HWND window) {
+  using GetDpi = UINT(WINAPI*)(HWND);
+  static const auto get_dpi = reinterpret_cast<GetDpi>(
+      reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"user32.dll"), "GetDpiForWindow")));
+  if (window && get_dpi)
+    if (const UINT dpi = get_dpi(window)) return static_cast<int>(dpi);
+  HDC const screen = GetDC(nullptr);
+  const int dpi = GetDeviceCaps(screen, LOGPIXELSY);
+  ReleaseDC(nullptr, screen);
+  return dpi;
+}
+
+SurfaceView::SurfaceView(WindowsHost& host, Surface& surface, ViewSite& site)
+    : host_(host), surface_(&surface), site_(site), dpi_(dpi_of(nullptr)) {
+  host_.add(*this);
+}
+
+SurfaceView::~SurfaceView() {
+  close();
+  host_.remove(*this);
+}
+
+// ---- Windows
+
+SIZE SurfaceView::size() const {
+  return {pixels_at(surface_->width(), dpi_), pixels_at(surface_->height(), dpi_)};
+}
+
+bool SurfaceView::create(const wchar_t* window_class, DWORD style, const RECT& place, HWND parent) {
+  window_ = CreateWindowExW(parent == owner_ ? form_extended : 0, window_class, nullptr, style, place.left,
+                            place.top, place.right - place.left, place.bottom - place.top, parent, nullptr,
+                            nullptr, nullptr);
+  if (!window_) return false;
+  SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+  create_controls();
+  mirror();
+  return true;
+}
+
+bool SurfaceView::open(HWND parent, POINT at) {
+  dpi_ = dpi_of(parent);
+  const auto [width, height] = size();
+  return create(surface_class, WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS,
+                {at.x, at.y, at.x + width, at.y + height}, parent);
+}
+
+bool SurfaceView::open_form(HWND owner, HWND over) {
+  owner_ = owner;
+  dpi_ = dpi_of(over);
+  const auto [width, height] = size();
+  RECT place{0, 0, width, height}, around{};
+  AdjustWindowRectEx(&place, form_style, FALSE, form_extended);
+  GetWindowRect(over ? over : GetDesktopWindow(), &around);
+  OffsetRect(&place, (around.left + around.right - place.left - place.right) / 2,
+             (around.top + around.bottom - place.top - place.bottom) / 2);
+  return create(form_class, form_style, within_screen(place, over), owner);
+}
+
+void SurfaceView::show_form() {
+  if (!window_ || IsWindowVisible(window_)) return;
+  if (HWND const holder = GetCapture()) SendMessageW(holder, WM_CANCELMODE, 0, 0);
+  if (owner_) EnableWindow(owner_, FALSE);
+  ShowWindow(window_, SW_SHOW);
+}
+
+void SurfaceView::detach() {
+  surface_ = nullptr;
+  for (const auto& control : controls_)
+    if (control) control->forget_control();
+  if (!window_ || (GetWindowLongW(window_, GWL_STYLE) & WS_CHILD)) return;
+  // The owner first: a window that disappears gives the keyboard to one that takes it.
+  if (owner_) EnableWindow(owner_, TRUE);
+  if (owner_ && GetActiveWindow() == window_) SetActiveWindow(owner_);
+  ShowWindow(window_, SW_HIDE);
+}
+
+void SurfaceView::close() {
+  if (HWND const window = std::exchange(window_, nullptr)) {
+    SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+    DestroyWindow(window);
+  }
+  controls_.clear();
+  tool_tips_.forget();
+}
+
+void SurfaceView::create_controls() {
+  const std::vector<Control*>& controls = surface_->controls();
+  controls_.resize(controls.size());
+  std::ranges::transform(controls, controls_.begin(), [this](Control* control) {
+    const bool has_window = control->kind() != Kind::Menu && control->kind() != Kind::Line;
+    return has_window ? std::make_unique<ControlView>(*this, *control) : nullptr;
+  });
+  for (const auto& view : controls_)
+    if (view) view->create_if_seen();
+}
+
+// ---- What is seen
+
+ControlView* SurfaceView::view_of(const Control& control) const {
+  const auto at = static_cast<std::size_t>(control.id());
+  return at < controls_.size() ? controls_[at].get() : nullptr;
+}
+
+void SurfaceView::mirror() {
+  if (!surface_) return;
+  if (!window_) return site_.picture_changed();
+  for (Control* control : surface_->controls()) {
+    const Properties marked = control->take_changes();
+    if (ControlView* const view = view_of(*control)) {
+      if (!view->window() || !marked.none()) view->apply(marked);
+    } else if (control->kind() == Kind::Line && !marked.none()) {
+      mirror_line(*control);
+    }
+  }
+  if (!surface_->is_form()) return;
+  const std::wstring caption = wide(static_cast<const Form&>(*surface_).caption());
+  if (window_text(window_) != caption) SetWindowTextW(window_, caption.c_str());
+}
+
+void SurfaceView::mirror_line(const Control& line) {
+  const ControlView* const container = line.container() ? view_of(*line.container()) : nullptr;
+  HWND const around = container ? container->window() : window_;
+  if (around) RedrawWindow(around, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+}
+
+void SurfaceView::place_inside(const Control& container) {
+  for (const auto& view : controls_)
+    if (view && view->control() && view->control()->container() == &container) view->place();
+}
+
+void SurfaceView::focus_active() {
+  if (!surface_ || !window_ || !surface_->has_focus() || !GetActiveWindow()) return;
+  const Control* const active = surface_->active();
+  ControlView* const view = active ? view_of(*active) : nullptr;
+  HWND const target = view && view->window() ? view->window() : window_;
+  if (GetFocus() != target) SetFocus(target);
+  if (view && view->window()) view->select_if_wanted();
+}
+
+void SurfaceView::density_changed() {
+  dpi_ = dpi_of(window_);
+  RECT place{0, 0, size().cx, size().cy};
+  if (is_form()) AdjustWindowRectEx(&place, form_style, FALSE, form_extended);
+  SetWindowPos(window_, nullptr, 0, 0, place.right - place.left, place.bottom - place.top,
+               SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+  for (const auto& view : controls_)
+    if (view) view->density_changed();
+}
+
+void SurfaceView::paint() {
+  PAINTSTRUCT painting{};
+  HDC const dc = BeginPaint(window_, &painting);
+  if (surface_) {
+    const Painter painter(dc, host_.fonts(), dpi_);
+    painter.ground(*surface_, {0, 0});
+    painter.lines(*surface_, nullptr, {0, 0});
+  }
+  EndPaint(window_, &painting);
+}
+
+bool SurfaceView::set_cursor(const Control* on) const {
+  const wchar_t* const shape = busy_ ? IDC_WAIT : cursor_of(on);
+  if (shape) SetCursor(LoadCursorW(nullptr, shape));
+  return shape != nullptr;
+}
+
+// ---- Keys
+
+bool SurfaceView::key_pressed(const MSG& key) {
+  if (!surface_ || is_same(key, refused_)) return false;
+  const bool used = host_.handle([&] {
+    const bool taken = offer(key);
+    if (taken) drop_characters(key.hwnd);
+    if (!taken) refused_ = key;
+    return taken;
+  });
+  return used || leave_by_tab(key);
+}
+
+bool SurfaceView::offer(const MSG& pressed) {
+  const int held = held_keys();
+  const int code =
+      site_.fire_key(DISPID_KEYDOWN, static_cast<short>(pressed.wParam), static_cast<short>(held));
+  if (code == 0 || !surface_) return true;
+  if (!is_known(code)) return false;
+  const bool used =
+      !host_.is_meant_for_top(is_repeated(pressed)) || host_.desk().key(*surface_, {code, held});
+  alt_used_ = used && (held & held::alt) != 0;
+  return used;
+}
+
+bool SurfaceView::key_released(const MSG& key) {
+  const auto code = static_cast<short>(key.wParam);
+  if (key.message != WM_CHAR) {
+    site_.fire_key(DISPID_KEYUP, code, static_cast<short>(held_keys()));
+    return key.wParam == VK_MENU && std::exchange(alt_used_, false);
+  }
+  // A box of one line would only beep at these.
+  if (code == VK_TAB || code == VK_RETURN || code == VK_ESCAPE) return true;
+  return site_.fire_key(DISPID_KEYPRESS, code, 0) == 0;
+}
+
+// Out of the control, to what stands before or behind it in its container.
+bool SurfaceView::leave_by_tab(const MSG& key) {
+  if (key.wParam != VK_TAB || !surface_ || surface_->is_form() || is_down(VK_CONTROL) || is_down(VK_MENU))
+    return false;
+  if (site_.pass_on(key)) return true;
+  HWND const next = GetNextDlgTabItem(GetAncestor(window_, GA_ROOT), window_, is_down(VK_SHIFT));
+  if (next && next != window_ && !IsChild(window_, next) && !IsChild(next, window_)) SetFocus(next);
+  return true;
+}
+
+// ---- Focus
+
+void SurfaceView::focus_arrived(const ControlView* on) {
+  if (!surface_ || host_.moves_focus()) return;
+  host_.handle([&] {
+    if (!surface_->has_focus()) host_.focus_came(*this);
+    if (on && on->control() && on->control() != surface_->active()) host_.desk().focus(*on->control());
+  });
+}
+
+// A window that is put aside, or waits for a dialog of its own, keeps its focus for when it comes back.
+void SurfaceView::focus_left(HWND to) {
+  if (!surface_ || surface_->is_form() || host_.moves_focus() || host_.form_is_open()) return;
+  if (!to || to == window_ || IsChild(window_, to) || !IsWindowEnabled(GetAncestor(window_, GA_ROOT))) return;
+  if (GetWindowThreadProcessId(to, nullptr) != GetCurrentThreadId() || !surface_->has_focus()) return;
+  host_.handle([this] { host_.focus_went(*this); });
+}
+
+void SurfaceView::mouse_pressed() {
+  if (surface_ && !surface_->is_form() && !surface_->has_focus() && !host_.form_is_open())
+    host_.focus_came(*this);
+}
+
+// ---- Scroll bars
+
+void SurfaceView::scroll(HWND window, int code) {
+  const ControlView* const view = window ? ControlView::of(window) : nullptr;
+  if (!view || !view->control()) return;
+  auto& bar = static_cast<ScrollBar&>(*view->control());
+  SCROLLINFO info{};
+  info.cbSize = sizeof info;
+  info.fMask = SIF_TRACKPOS;
+  const auto dragged_to = [&] {
+    GetScrollInfo(window, SB_CTL, &info);
+    return bar.min() > bar.max() ? -info.nTrackPos : info.nTrackPos;
+  };
+  int value = bar.value();
+  switch (code) {
+    case SB_LINEUP:
+      value = bar.stepped(-bar.small_change());
+      break;
+    case SB_LINEDOWN:
+      value = bar.stepped(bar.small_change());
+      break;
+    case SB_PAGEUP:
+      value = bar.stepped(-bar.large_change());
+      break;
+    case SB_PAGEDOWN:
+      value = bar.stepped(bar.large_change());
+      break;
+    case SB_TOP:
+      value = bar.min();
+      break;
+    case SB_BOTTOM:
+      value = bar.max();
+      break;
+    case SB_THUMBTRACK:
+    case SB_THUMBPOSITION:
+      value = dragged_to();
+      break;
+    default:
+      return;
+  }
+  host_.handle([&] { host_.desk().scroll(bar, value, code == SB_THUMBTRACK); });
+}
+
+// ---- Messages
+
+LRESULT CALLBACK SurfaceView::procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+  auto* const view = reinterpret_cast<SurfaceView*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  if (!view) return DefWindowProcW(window, message, wparam, lparam);
+  if (message != WM_NCDESTROY) return view->handle(message, wparam, lparam);
+  SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+  view->window_ = nullptr;
+  return DefWindowProcW(window, message, wparam, lparam);
+}
+
+LRESULT SurfaceView::handle(UINT message, WPARAM wparam, LPARAM lparam) {
+  const auto otherwise = [&] { return DefWindowProcW(window_, message, wparam, lparam); };
+  HWND const child = reinterpret_cast<HWND>(lparam);
+  if (message == name_message()) return surface_ ? answer_text(surface_->name(), wparam, lparam) : 0;
+  if (message == busy_message()) return busy_;
+  switch (message) {
+    case WM_ERASEBKGND:
+      return TRUE;
+    case WM_PAINT:
+      paint();
+      return 0;
+    case WM_CTLCOLOREDIT:
+    case WM_CTLCOLORSTATIC:
+    case WM_CTLCOLORBTN:
+      if (const ControlView* const view = ControlView::of(child); view && view->control())
+        return reinterpret_cast<LRESULT>(ground_brush(reinterpret_cast<HDC>(wparam), *view->control()));
+      return otherwise();
+    case WM_COMMAND:
+      if (HIWORD(wparam) == EN_CHANGE && child) ControlView::of(child)->text_changed();
+      return 0;
+    case WM_HSCROLL:
+    case WM_VSCROLL:
+      scroll(child, LOWORD(wparam));
+      return 0;
+    case WM_SETFOCUS:
+      focus_arrived(nullptr);
+      return 0;
+    case WM_KILLFOCUS:
+      focus_left(reinterpret_cast<HWND>(wparam));
+      return 0;
+    case WM_KEYDOWN:
+    case WM_SYSKEYDOWN:
+      return key_pressed({window_, message, wparam, lparam, static_cast<DWORD>(GetMessageTime()), {}})
+                 ? 0
+                 : otherwise();
+    case WM_GETDLGCODE:
+      return DLGC_WANTALLKEYS;
+    case WM_SETCURSOR:
+      return set_cursor(nullptr) ? TRUE : otherwise();
+    case WM_CLOSE:
+      if (surface_) host_.handle([this] { host_.desk().key(*surface_, {key::escape}); });
+      return 0;
+    case dpi_changed:
+    case dpi_changed_after_parent:
+      if (surface_) density_changed();
+      return 0;
+    case WM_LBUTTONDOWN:
+    case WM_LBUTTONUP:
+    case WM_LBUTTONDBLCLK:
+    case WM_RBUTTONDOWN:
+    case WM_RBUTTONUP:
+    case WM_MOUSEMOVE:
+      return handle_mouse(message, wparam, lparam);
+    default:
+      return otherwise();
+  }
+}
+
+// The ground of the surface. What is disabled lets the pointer through to here; that is no click on the
+// ground.
+LRESULT SurfaceView::handle_mouse(UINT message, WPARAM wparam, LPARAM lparam) {
+  if (!surface_ || surface_->is_form()) return 0;
+  const POINT at = point_of(lparam);
+  const bool right = message == WM_RBUTTONDOWN || message == WM_RBUTTONUP;
+  const short button = message == WM_MOUSEMOVE ? static_cast<short>(wparam & (MK_LBUTTON | MK_RBUTTON))
+                       : right                 ? 2
+                                               : 1;
+  const auto held = static_cast<short>(held_keys());
+  const bool on_ground = ChildWindowFromPoint(window_, at) == window_;
+  host_.handle([&] {
+    if (message == WM_MOUSEMOVE) return site_.fire_mouse(DISPID_MOUSEMOVE, button, held, at);
+    if (message == WM_LBUTTONUP || message == WM_RBUTTONUP) {
+      site_.fire_mouse(DISPID_MOUSEUP, button, held, at);
+      if (right || !std::exchange(pressed_, false) || !on_ground || !surface_) return;
+      host_.desk().click(*surface_);
+      return site_.fire_click(DISPID_CLICK);
+    }
+    mouse_pressed();
+    pressed_ = !right && on_ground;
+    if (message == WM_LBUTTONDBLCLK) site_.fire_click(DISPID_DBLCLICK);
+    site_.fire_mouse(DISPID_MOUSEDOWN, button, held, at);
+  });
+  return 0;
+}
+
+// ---- Classes
+
+WindowClasses::WindowClasses(HINSTANCE module) : module_(module) {
+  WNDCLASSW shape{};
+  shape.hInstance = module_;
+  shape.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+  shape.style = CS_DBLCLKS;
+  // A library's window can be made from any module of the process only if its class is known to all.
+  shape.style |= CS_GLOBALCLASS;
+  shape.lpfnWndProc = SurfaceView::procedure;
+  for (const wchar_t* const name : {surface_class, form_class}) {
+    shape.lpszClassName = name;
+    RegisterClassW(&shape);
+  }
+  shape.style = CS_GLOBALCLASS;
+  shape.lpfnWndProc = DefWindowProcW;
+  shape.lpszClassName = pane_class;
+  RegisterClassW(&shape);
+}
+
+WindowClasses::~WindowClasses() {
+  for (const wchar_t* const name : {surface_class, form_class, pane_class}) UnregisterClassW(name, module_);
+}
+
+}  // namespace tabulon::activex

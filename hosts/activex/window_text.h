@@ -1,0 +1,19 @@
+// Texts between windows and who asks for them.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+#include "platform/controls.h"
+
+namespace tabulon::activex {
+
+// What stands in a window.
+std::wstring window_text(HWND window);
+
+// Answers hosts/activex/names.h's name message: the control's name, with its index: "txtTableau[3]".
+LRESULT answer_name(const platform::Control& control, WPARAM room, LPARAM buffer);
+LRESULT answer_text(std::string_view text, WPARAM room, LPARAM buffer);
+
+}  // namespace tabulon::activex

@@ -1,0 +1,24 @@
+// The files of this machine, as Windows has them.
+//
+//   WindowsFiles files;
+//   auto file = TextFile::open(files, "C:\\Lessen\\oefening.tbl", TextFile::Mode::Output);
+//
+// A file that is open here may be read and written by others too.
+#pragma once
+
+#include <memory>
+#include <string_view>
+
+#include "platform/text_file.h"
+
+namespace tabulon::activex {
+
+// Errors 52 (a name with "*" or "?", an empty one, one that the system cannot hold), 53, 61, 70 (also a
+// folder in place of a file) and 76 (a folder on the way that is missing or is no folder).
+class WindowsFiles : public platform::FileStore {
+ public:
+  Result<std::unique_ptr<platform::FileBytes>> open_for_input(std::string_view name) override;
+  Result<std::unique_ptr<platform::FileBytes>> open_for_output(std::string_view name) override;
+};
+
+}  // namespace tabulon::activex

@@ -1,0 +1,269 @@
+#include "hosts/activex/windows_host.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "hosts/activex/clipboard.h"
+#include "hosts/activex/file_dialog.h"
+#include "hosts/activex/popup_menu.h"
+#include "hosts/activex/text.h"
+
+namespace tabulon::activex {
+
+using namespace platform;
+
+namespace {
+
+// As long as a handler may hold the thread before a person would notice, in milliseconds.
+constexpr ULONGLONG breath = 100;
+
+// wParam: the ticket. lParam: 1 where what was asked for is refused.
+constexpr UINT answer_message = WM_APP;
+constexpr UINT dispose_message = WM_APP + 1;
+constexpr wchar_t messages_class[] = L"TabulonMessages";
+
+}  // namespace
+
+WindowsHost::Handling::Handling(WindowsHost& on) : host(on) {
+  if (host.depth_++ == 0) host.entered_ = GetTickCount64();
+}
+
+WindowsHost::Handling::~Handling() {
+  if (--host.depth_ == 0) host.afterwards();
+}
+
+WindowsHost::~WindowsHost() {
+  if (!messages_) return;
+  DestroyWindow(messages_);
+  UnregisterClassW(messages_class, nullptr);
+}
+
+// A window that nobody sees: timers and answers come to it.
+HWND WindowsHost::messages() {
+  if (messages_) return messages_;
+  WNDCLASSW shape{};
+  shape.lpfnWndProc = procedure;
+  shape.lpszClassName = messages_class;
+  RegisterClassW(&shape);
+  messages_ =
+      CreateWindowExW(0, messages_class, nullptr, 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
+  SetWindowLongPtrW(messages_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+  return messages_;
+}
+
+LRESULT CALLBACK WindowsHost::procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+  auto* const host = reinterpret_cast<WindowsHost*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  const bool answers = message == WM_TIMER || message == answer_message;
+  if (!host || (!answers && message != dispose_message))
+    return DefWindowProcW(window, message, wparam, lparam);
+  if (message == WM_TIMER) KillTimer(window, wparam);
+  if (answers)
+    host->handle([&] { host->desk_.answer(static_cast<Ticket>(wparam), lparam ? "refused" : ""); });
+  if (message == dispose_message) host->closed_.clear();
+  return 0;
+}
+
+// ---- After an event
+
+void WindowsHost::afterwards() {
+  show_focus();
+  if (question_) ask_for_file();
+  if (menu_ && !tracking_menu_) track_menu();
+  if (!forms_.empty() && !loop_runs_) run_messages_while([this] { return !forms_.empty(); });
+}
+
+void WindowsHost::show_focus() {
+  const bool before = std::exchange(moves_focus_, true);
+  for (const auto& form : forms_) form->show_form();
+  if (SurfaceView* const view = top(); view && !menu_) view->focus_active();
+  moves_focus_ = before;
+}
+
+template <class Condition>
+void WindowsHost::run_messages_while(Condition condition) {
+  const bool before = std::exchange(loop_runs_, true);
+  MSG message;
+  while (condition()) {
+    if (GetMessageW(&message, nullptr, 0, 0) <= 0) {  // the program ends: its own loop is to know
+      PostQuitMessage(static_cast<int>(message.wParam));
+      break;
+    }
+    TranslateMessage(&message);
+    DispatchMessageW(&message);
+  }
+  loop_runs_ = before;
+}
+
+void WindowsHost::wait_for(Surface& surface, Task<> task) {
+  Ticket call = 0;
+  handle([&] {
+    call = desk_.call(surface, std::move(task));
+    if (call != 0) calls_.emplace(call, &surface);
+  });
+  run_messages_while([&] { return calls_.contains(call); });
+}
+
+void WindowsHost::abandon(Surface& surface) {
+  std::erase_if(calls_, [&](const auto& call) { return call.second == &surface; });
+  handle([&] { desk_.abandon(surface); });
+}
+
+// ---- Views
+
+void WindowsHost::remove(SurfaceView& view) {
+  std::erase(views_, &view);
+  if (focused_ == &view) focused_ = nullptr;
+  if (key_pressed_on_ == &view) key_pressed_on_ = nullptr;
+}
+
+SurfaceView* WindowsHost::view_of(const Surface& surface) const {
+  const auto found = std::ranges::find(views_, &surface, &SurfaceView::surface);
+  return found != views_.end() ? *found : nullptr;
+}
+
+SurfaceView* WindowsHost::top() const {
+  return forms_.empty() ? focused_ : forms_.back().get();
+}
+
+HWND WindowsHost::window_on_top() const {
+  if (!forms_.empty()) return forms_.back()->window();
+  return focused_ ? GetAncestor(focused_->window(), GA_ROOT) : nullptr;
+}
+
+void WindowsHost::focus_came(SurfaceView& view) {
+  focused_ = &view;
+  view.site().focus_changed(true);
+  desk_.enter(*view.surface());
+}
+
+void WindowsHost::focus_went(SurfaceView& view) {
+  if (focused_ == &view) focused_ = nullptr;
+  view.site().focus_changed(false);
+  desk_.leave(*view.surface());
+}
+
+bool WindowsHost::is_meant_for_top(bool repeated) {
+  if (!repeated) key_pressed_on_ = top();
+  return key_pressed_on_ == top();
+}
+
+// ---- What is seen
+
+void WindowsHost::mirror(Surface& surface) {
+  if (SurfaceView* const view = view_of(surface)) view->mirror();
+}
+
+void WindowsHost::set_busy(Surface& surface, bool busy) {
+  if (SurfaceView* const view = view_of(surface)) view->set_busy(busy);
+}
+
+void WindowsHost::open_form(Form& form) {
+  SurfaceView* const opener = view_of(form.owner());
+  if (!opener) return;
+  HWND const over = opener->window();
+  auto view = std::make_unique<SurfaceView>(*this, form, opener->site());
+  view->open_form(over ? GetAncestor(over, GA_ROOT) : nullptr, over);
+  view->site().enable_modeless(false);
+  forms_.push_back(std::move(view));
+}
+
+// A procedure of the form's may be running: its windows go when all have returned.
+void WindowsHost::close_form(Form& form) {
+  const auto found = std::ranges::find(forms_, &form, [](const auto& view) { return view->surface(); });
+  if (found == forms_.end()) return;
+  const bool before = std::exchange(moves_focus_, true);
+  (*found)->detach();
+  (*found)->site().enable_modeless(true);
+  moves_focus_ = before;
+  closed_.push_back(std::move(*found));
+  forms_.erase(found);
+  PostMessageW(messages(), dispose_message, 0, 0);
+}
+
+void WindowsHost::track_menu() {
+  const SurfaceView* const view = view_of(menu_->surface());
+  if (!view || !view->window()) return desk_.menu_dismiss();
+  tracking_menu_ = view->window();
+  Menu* const chosen = track_popup_menu(*menu_, view->window(), view->dpi());
+  tracking_menu_ = nullptr;
+  if (!menu_) return;  // closed by somebody else meanwhile
+  handle([&] {
+    if (!chosen) return desk_.menu_dismiss();
+    // The system has opened the submenu that holds the item; the desk is to know.
+    desk_.menu_point_at(*chosen->parent());
+    desk_.menu_choose(*chosen);
+  });
+}
+
+void WindowsHost::close_menu() {
+  menu_ = nullptr;
+  if (tracking_menu_) EndMenu();
+}
+
+// A page or form may be occupied with something of its own; from that the control does not take the keyboard.
+bool WindowsHost::take_focus(Surface& surface) {
+  SurfaceView* const view = view_of(surface);
+  if (!view || !view->window()) return false;
+  HWND const focus = GetFocus();
+  const bool is_free =
+      !focus || focus == view->window() || IsChild(focus, view->window()) || IsChild(view->window(), focus);
+  if (surface.is_form()) return true;
+  if (!is_free) return false;
+  focused_ = view;
+  view->site().focus_changed(true);
+  return true;
+}
+
+// ---- Time
+
+float WindowsHost::seconds_since_midnight() {
+  SYSTEMTIME now;
+  GetLocalTime(&now);
+  const int seconds = (now.wHour * 60 + now.wMinute) * 60 + now.wSecond;
+  return static_cast<float>(seconds + now.wMilliseconds / 1000.0);
+}
+
+void WindowsHost::wake_after(double milliseconds, Ticket ticket) {
+  SetTimer(messages(), static_cast<UINT_PTR>(ticket), static_cast<UINT>(std::ceil(milliseconds)), nullptr);
+}
+
+void WindowsHost::wake_after_repaint(Ticket ticket) {
+  for (const SurfaceView* view : views_)
+    if (view->window()) RedrawWindow(view->window(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+  PostMessageW(messages(), answer_message, static_cast<WPARAM>(ticket), 0);
+}
+
+bool WindowsHost::breath_due() {
+  return GetTickCount64() - entered_ > breath;
+}
+
+// ---- Capabilities
+
+void WindowsHost::show_file_dialog(const FileDialog& dialog, Ticket ticket) {
+  question_ = Question{dialog, ticket};
+}
+
+void WindowsHost::ask_for_file() {
+  const Question question = *std::exchange(question_, {});
+  ViewSite* const site = focused_ ? &focused_->site() : nullptr;
+  if (site) site->enable_modeless(false);
+  std::string name = activex::ask_for_file(window_on_top(), question.dialog);
+  if (site) site->enable_modeless(true);
+  handle([&] { desk_.answer(question.ticket, std::move(name)); });
+}
+
+void WindowsHost::clear_clipboard() {
+  activex::clear_clipboard(messages());
+}
+
+void WindowsHost::copy_picture(const ClipboardPicture& picture, Ticket ticket) {
+  const int dpi = focused_ ? focused_->dpi() : dpi_of(nullptr);
+  const bool is_copied = activex::copy_picture(messages(), picture, fonts_.of({.points = 9}, dpi), dpi);
+  PostMessageW(messages(), answer_message, static_cast<WPARAM>(ticket), !is_copied);
+}
+
+void WindowsHost::report(Surface&, const RunTimeError& error) {
+  error_ = error;
+}
+
+}  // namespace tabulon::activex
