@@ -1,0 +1,101 @@
+// Small help for COM: a pointer that counts, texts, and the one way to answer QueryInterface.
+//
+//   ComPtr<IOleInPlaceSite> site;
+//   if (FAILED(client->QueryInterface(IID_IOleInPlaceSite, site.put()))) return E_FAIL;
+#pragma once
+
+#include <windows.h>
+
+#include <oleauto.h>
+
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "hosts/activex/text.h"
+
+namespace tabulon::activex {
+
+template <class Interface>
+class ComPtr {
+ public:
+  ComPtr() = default;
+  explicit ComPtr(Interface* held) : held_(held) {
+    if (held_) held_->AddRef();
+  }
+  ComPtr(const ComPtr& other) : ComPtr(other.held_) {}
+  ComPtr(ComPtr&& other) noexcept : held_(std::exchange(other.held_, nullptr)) {}
+  ComPtr& operator=(ComPtr other) noexcept {
+    std::swap(held_, other.held_);
+    return *this;
+  }
+  ~ComPtr() {
+    if (held_) held_->Release();
+  }
+
+  // The same object by another of its interfaces; null where it has none such.
+  template <class Other>
+  static ComPtr from(Other* object, REFIID id) {
+    ComPtr found;
+    if (object) object->QueryInterface(id, found.put());
+    return found;
+  }
+
+  Interface* get() const { return held_; }
+  Interface* operator->() const { return held_; }
+  explicit operator bool() const { return held_ != nullptr; }
+  // The pointer, which the caller now counts.
+  Interface* detach() { return std::exchange(held_, nullptr); }
+  // Where a function leaves a pointer that is counted already. What was held is let go.
+  void** put() {
+    *this = ComPtr();
+    return reinterpret_cast<void**>(&held_);
+  }
+  Interface** receive() {
+    *this = ComPtr();
+    return &held_;
+  }
+
+ private:
+  Interface* held_ = nullptr;
+};
+
+inline std::string text_of(BSTR text) {
+  return narrow({text, SysStringLen(text)});
+}
+inline BSTR new_text(std::string_view text) {
+  const std::wstring letters = wide(text);
+  return SysAllocStringLen(letters.data(), static_cast<UINT>(letters.size()));
+}
+
+// The locale of programs: "." is the decimal point, whoever is at the machine.
+inline constexpr LCID program_locale = MAKELCID(MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US), SORT_DEFAULT);
+
+// A value that is cleared when it goes.
+class Variant : public VARIANT {
+ public:
+  Variant() { VariantInit(this); }
+  Variant(const Variant&) = delete;
+  ~Variant() { VariantClear(this); }
+};
+
+// One interface of an object: its number, and the object as it.
+struct Offered {
+  const IID* id;
+  IUnknown* as;
+};
+
+template <std::size_t count>
+HRESULT answer_query(const Offered (&offered)[count], REFIID id, void** out) {
+  if (!out) return E_POINTER;
+  *out = nullptr;
+  for (const Offered& each : offered) {
+    if (*each.id != id) continue;
+    each.as->AddRef();
+    *out = each.as;
+    return S_OK;
+  }
+  return E_NOINTERFACE;
+}
+
+}  // namespace tabulon::activex

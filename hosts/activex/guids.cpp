@@ -1,0 +1,6 @@
+// The numbers of Tabulon.idl, defined once.
+#include <windows.h>
+
+#include <initguid.h>
+
+#include <Tabulon_idl.h>

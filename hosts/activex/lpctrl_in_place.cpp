@@ -1,0 +1,191 @@
+// The control's windows inside the container's.
+#include "hosts/activex/lpctrl_object.h"
+
+namespace tabulon::activex {
+
+namespace {
+
+// How a container of controls names the keys that are held.
+DWORD held_for_site() {
+  const auto is_down = [](int key) { return GetKeyState(key) < 0; };
+  return (is_down(VK_SHIFT) ? 1U : 0U) | (is_down(VK_CONTROL) ? 2U : 0U) | (is_down(VK_MENU) ? 4U : 0U);
+}
+
+VARIANT lent(short& number) {
+  VARIANT variable{};
+  variable.vt = VT_BYREF | VT_I2;
+  variable.piVal = &number;
+  return variable;
+}
+
+VARIANT value(short number) {
+  VARIANT given{};
+  given.vt = VT_I2;
+  given.iVal = number;
+  return given;
+}
+
+VARIANT value(LONG number) {
+  VARIANT given{};
+  given.vt = VT_R4;
+  given.fltVal = static_cast<float>(number);
+  return given;
+}
+
+}  // namespace
+
+// ---- Coming and going
+
+HRESULT LPctrlObject::activate() {
+  if (!view_.window())
+    if (const HRESULT entered = enter_site(); FAILED(entered)) return entered;
+  show_surface();
+  return S_OK;
+}
+
+HRESULT LPctrlObject::enter_site() {
+  in_place_site_ = ComPtr<IOleInPlaceSite>::from(site_.get(), IID_IOleInPlaceSite);
+  if (!in_place_site_ || in_place_site_->CanInPlaceActivate() != S_OK) return leave_site(), E_FAIL;
+  HWND parent = nullptr;
+  RECT wanted{}, clip{};
+  OLEINPLACEFRAMEINFO info{};
+  info.cb = sizeof info;
+  HRESULT answer = in_place_site_->OnInPlaceActivate();
+  if (FAILED(answer)) return leave_site(), answer;
+  answer = in_place_site_->GetWindow(&parent);
+  if (SUCCEEDED(answer))
+    answer = in_place_site_->GetWindowContext(frame_.receive(), document_.receive(), &wanted, &clip, &info);
+  if (SUCCEEDED(answer) && !view_.open(parent, {wanted.left, wanted.top})) answer = E_FAIL;
+  if (FAILED(answer)) {
+    in_place_site_->OnInPlaceDeactivate();
+    return leave_site(), answer;
+  }
+  place(wanted, clip);
+  follow_ambient();
+  if (site_) site_->ShowObject();
+  return S_OK;
+}
+
+void LPctrlObject::leave_site() {
+  in_place_site_ = {};
+  frame_ = {};
+  document_ = {};
+}
+
+void LPctrlObject::show_surface() {
+  HWND const window = view_.window();
+  if ((GetWindowLongW(window, GWL_STYLE) & WS_VISIBLE) != 0) return;
+  ShowWindow(window, SW_SHOWNA);
+  host().handle([&] { host().desk().call(control_, control_.UserControl_Show()); });
+}
+
+// The container's place says where the control stands; how large it is, it knows itself.
+void LPctrlObject::place(const RECT& wanted, const RECT& clip) {
+  const auto [width, height] = view_.size();
+  const RECT own{wanted.left, wanted.top, wanted.left + width, wanted.top + height};
+  RECT seen{};
+  IntersectRect(&seen, &own, &clip);
+  HRGN region = nullptr;  // all of it
+  if (!EqualRect(&seen, &own)) {
+    OffsetRect(&seen, -own.left, -own.top);
+    region = CreateRectRgnIndirect(&seen);
+  }
+  SetWindowRgn(view_.window(), region, TRUE);
+  SetWindowPos(view_.window(), nullptr, own.left, own.top, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+HRESULT LPctrlObject::activate_ui() {
+  if (const HRESULT active = activate(); FAILED(active)) return active;
+  HWND const window = view_.window(), focus = GetFocus();
+  if (focus != window && !IsChild(window, focus)) SetFocus(window);
+  become_ui_active();
+  return S_OK;
+}
+
+void LPctrlObject::become_ui_active() {
+  if (ui_active_ || !in_place_site_) return;
+  ui_active_ = SUCCEEDED(in_place_site_->OnUIActivate());
+  if (!ui_active_) return;
+  if (frame_) frame_->SetActiveObject(this, L"LPctrl");
+  if (document_) document_->SetActiveObject(this, L"LPctrl");
+  if (frame_) frame_->SetBorderSpace(nullptr);
+}
+
+// ---- IOleInPlaceObject
+
+STDMETHODIMP LPctrlObject::GetWindow(HWND* window) {
+  if (!window) return E_POINTER;
+  *window = view_.window();
+  return *window ? S_OK : E_FAIL;
+}
+
+STDMETHODIMP LPctrlObject::InPlaceDeactivate() {
+  if (!in_place_site_) return S_OK;
+  const ComPtr<ILPctrl> alive(this);
+  UIDeactivate();
+  const ComPtr<IOleInPlaceSite> site = in_place_site_;
+  leave_site();
+  view_.close();
+  site->OnInPlaceDeactivate();
+  return S_OK;
+}
+
+STDMETHODIMP LPctrlObject::UIDeactivate() {
+  if (!std::exchange(ui_active_, false)) return S_OK;
+  if (document_) document_->SetActiveObject(nullptr, nullptr);
+  if (frame_) frame_->SetActiveObject(nullptr, nullptr);
+  in_place_site_->OnUIDeactivate(FALSE);
+  return S_OK;
+}
+
+STDMETHODIMP LPctrlObject::SetObjectRects(LPCRECT wanted, LPCRECT clip) {
+  if (!wanted) return E_INVALIDARG;
+  if (!view_.window()) return E_UNEXPECTED;
+  place(*wanted, clip ? *clip : *wanted);
+  return S_OK;
+}
+
+// ---- IOleInPlaceActiveObject
+
+STDMETHODIMP LPctrlObject::TranslateAccelerator(MSG* message) {
+  if (!message) return E_POINTER;
+  const ComPtr<ILPctrl> alive(this);
+  const bool presses = message->message == WM_KEYDOWN || message->message == WM_SYSKEYDOWN;
+  return presses && view_.window() && view_.key_pressed(*message) ? S_OK : S_FALSE;
+}
+
+// ---- ViewSite
+
+void LPctrlObject::focus_changed(bool has_focus) {
+  if (has_focus) become_ui_active();
+  if (const auto site = ComPtr<IOleControlSite>::from(site_.get(), IID_IOleControlSite))
+    site->OnFocus(has_focus);
+}
+
+void LPctrlObject::enable_modeless(bool enabled) {
+  if (frame_) frame_->EnableModeless(enabled);
+}
+
+bool LPctrlObject::pass_on(const MSG& key) {
+  const auto site = ComPtr<IOleControlSite>::from(site_.get(), IID_IOleControlSite);
+  MSG message = key;
+  return site && site->TranslateAccelerator(&message, held_for_site()) == S_OK;
+}
+
+void LPctrlObject::fire_click(DISPID event) {
+  events_.fire(event, {});
+}
+
+// The event of a character says nothing of the keys that are held.
+short LPctrlObject::fire_key(DISPID event, short code, short held) {
+  VARIANT arguments[] = {lent(code), value(held)};
+  events_.fire(event, std::span(arguments, event == DISPID_KEYPRESS ? 1 : 2));
+  return code;
+}
+
+void LPctrlObject::fire_mouse(DISPID event, short button, short held, POINT at) {
+  VARIANT arguments[] = {value(button), value(held), value(at.x), value(at.y)};
+  events_.fire(event, arguments);
+}
+
+}  // namespace tabulon::activex

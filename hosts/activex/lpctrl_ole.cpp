@@ -1,0 +1,172 @@
+// The control as an object on a container's form, and as a control among others there.
+#include <cmath>
+#include <iterator>
+
+#include "hosts/activex/lpctrl_object.h"
+
+namespace tabulon::activex {
+
+namespace {
+
+// With Alt, each opens a menu of the control.
+constexpr WORD menu_letters[] = {'B', 'W', 'O', 'H'};
+
+// Twips to hundredths of a millimetre.
+LONG himetric(platform::Twips twips) {
+  return std::lround(twips * 2540 / 1440);
+}
+
+HACCEL make_accelerators() {
+  ACCEL keys[std::size(menu_letters)]{};
+  for (std::size_t at = 0; at < std::size(keys); ++at)
+    keys[at] = {FALT | FVIRTKEY, menu_letters[at], static_cast<WORD>(at)};
+  return CreateAcceleratorTableW(keys, static_cast<int>(std::size(keys)));
+}
+
+}  // namespace
+
+// ---- IOleObject
+
+STDMETHODIMP LPctrlObject::SetClientSite(IOleClientSite* site) {
+  site_ = ComPtr<IOleClientSite>(site);
+  return S_OK;
+}
+
+STDMETHODIMP LPctrlObject::GetClientSite(IOleClientSite** out) {
+  if (!out) return E_POINTER;
+  *out = ComPtr(site_).detach();
+  return S_OK;
+}
+
+// The control has nothing to save.
+STDMETHODIMP LPctrlObject::Close(DWORD) {
+  const ComPtr<ILPctrl> alive(this);
+  InPlaceDeactivate();
+  if (advised_) advised_->SendOnClose();
+  return S_OK;
+}
+
+STDMETHODIMP LPctrlObject::GetMoniker(DWORD, DWORD, IMoniker** out) {
+  if (out) *out = nullptr;
+  return out ? E_NOTIMPL : E_POINTER;
+}
+
+STDMETHODIMP LPctrlObject::GetClipboardData(DWORD, IDataObject** out) {
+  if (out) *out = nullptr;
+  return out ? E_NOTIMPL : E_POINTER;
+}
+
+STDMETHODIMP LPctrlObject::DoVerb(LONG verb, MSG*, IOleClientSite* site, LONG, HWND, LPCRECT) {
+  const ComPtr<ILPctrl> alive(this);
+  if (site && !site_) SetClientSite(site);
+  switch (verb) {
+    case OLEIVERB_SHOW:
+    case OLEIVERB_INPLACEACTIVATE:
+      return activate();
+    case OLEIVERB_PRIMARY:
+    case OLEIVERB_UIACTIVATE:
+      return activate_ui();
+    case OLEIVERB_HIDE:
+      if (view_.window()) ShowWindow(view_.window(), SW_HIDE);
+      return S_OK;
+    default:
+      return verb > 0 ? OLEOBJ_E_INVALIDVERB : E_NOTIMPL;
+  }
+}
+
+STDMETHODIMP LPctrlObject::EnumVerbs(IEnumOLEVERB** out) {
+  return out ? OleRegEnumVerbs(CLSID_LPctrl, out) : E_POINTER;
+}
+
+STDMETHODIMP LPctrlObject::GetUserType(DWORD form, LPOLESTR* out) {
+  return out ? OleRegGetUserType(CLSID_LPctrl, form, out) : E_POINTER;
+}
+
+// Its size is fixed.
+STDMETHODIMP LPctrlObject::SetExtent(DWORD aspect, SIZEL* size) {
+  if (!size) return E_POINTER;
+  SIZEL fixed{};
+  if (const HRESULT known = GetExtent(aspect, &fixed); FAILED(known)) return known;
+  return size->cx == fixed.cx && size->cy == fixed.cy ? S_OK : E_FAIL;
+}
+
+STDMETHODIMP LPctrlObject::GetExtent(DWORD aspect, SIZEL* size) {
+  if (!size) return E_POINTER;
+  if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
+  *size = {himetric(LPctrl::fixed_width), himetric(LPctrl::fixed_height)};
+  return S_OK;
+}
+
+STDMETHODIMP LPctrlObject::Advise(IAdviseSink* sink, DWORD* cookie) {
+  if (!cookie) return E_POINTER;
+  *cookie = 0;
+  if (!advised_)
+    if (const HRESULT made = CreateOleAdviseHolder(advised_.receive()); FAILED(made)) return made;
+  return advised_->Advise(sink, cookie);
+}
+
+STDMETHODIMP LPctrlObject::Unadvise(DWORD cookie) {
+  return advised_ ? advised_->Unadvise(cookie) : OLE_E_NOCONNECTION;
+}
+
+STDMETHODIMP LPctrlObject::EnumAdvise(IEnumSTATDATA** out) {
+  if (!out) return E_POINTER;
+  *out = nullptr;
+  return advised_ ? advised_->EnumAdvise(out) : S_OK;
+}
+
+STDMETHODIMP LPctrlObject::GetMiscStatus(DWORD, DWORD* status) {
+  if (!status) return E_POINTER;
+  *status = misc_status;
+  return S_OK;
+}
+
+// ---- IOleControl
+
+STDMETHODIMP LPctrlObject::GetControlInfo(CONTROLINFO* info) {
+  if (!info || info->cb < sizeof *info) return E_POINTER;
+  if (!accelerators_) accelerators_ = make_accelerators();
+  info->hAccel = accelerators_;
+  info->cAccel = std::size(menu_letters);
+  info->dwFlags = 0;
+  return S_OK;
+}
+
+// One of the menus' letters, pressed while something else of the container has the focus.
+STDMETHODIMP LPctrlObject::OnMnemonic(MSG* message) {
+  if (!message) return E_POINTER;
+  const ComPtr<ILPctrl> alive(this);
+  if (const HRESULT active = activate_ui(); FAILED(active)) return active;
+  return view_.key_pressed(*message) ? S_OK : S_FALSE;
+}
+
+STDMETHODIMP LPctrlObject::OnAmbientPropertyChange(DISPID property) {
+  const bool matters =
+      property == DISPID_UNKNOWN || property == DISPID_AMBIENT_USERMODE || property == DISPID_AMBIENT_UIDEAD;
+  if (matters) follow_ambient();
+  return S_OK;
+}
+
+STDMETHODIMP LPctrlObject::FreezeEvents(BOOL freeze) {
+  events_.freeze(freeze != FALSE);
+  return S_OK;
+}
+
+bool LPctrlObject::ambient(DISPID property, bool otherwise) const {
+  const auto container = ComPtr<IDispatch>::from(site_.get(), IID_IDispatch);
+  if (!container) return otherwise;
+  DISPPARAMS none{};
+  Variant value;
+  const HRESULT answered = container->Invoke(property, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET,
+                                             &none, &value, nullptr, nullptr);
+  return SUCCEEDED(answered) && value.vt == VT_BOOL ? value.boolVal != VARIANT_FALSE : otherwise;
+}
+
+// While the page or form is being designed, or stands still, nobody types into the control.
+void LPctrlObject::follow_ambient() {
+  if (!view_.window()) return;
+  EnableWindow(view_.window(),
+               ambient(DISPID_AMBIENT_USERMODE, true) && !ambient(DISPID_AMBIENT_UIDEAD, false));
+}
+
+}  // namespace tabulon::activex

@@ -1,0 +1,84 @@
+// The control where it has no windows: on paper, on a form that is being designed.
+#include <algorithm>
+#include <cmath>
+
+#include "hosts/activex/lpctrl_object.h"
+#include "hosts/activex/painting.h"
+
+namespace tabulon::activex {
+
+namespace {
+
+// A device context in pixels, clipped to a box, for as long as this lives.
+class Clipped {
+ public:
+  // `box` is in the units of the device context, and afterwards in pixels.
+  Clipped(HDC dc, RECT& box) : dc_(dc), before_(SaveDC(dc)) {
+    const DWORD kind = GetObjectType(dc);
+    const bool is_record =
+        kind == OBJ_METADC || kind == OBJ_ENHMETADC;  // whoever plays it says what a unit is
+    if (!is_record) {
+      LPtoDP(dc, reinterpret_cast<POINT*>(&box), 2);
+      SetMapMode(dc, MM_TEXT);
+      SetWindowOrgEx(dc, 0, 0, nullptr);
+      SetViewportOrgEx(dc, 0, 0, nullptr);
+    }
+    box = {std::min(box.left, box.right), std::min(box.top, box.bottom), std::max(box.left, box.right),
+           std::max(box.top, box.bottom)};
+    IntersectClipRect(dc, box.left, box.top, box.right, box.bottom);
+  }
+  Clipped(const Clipped&) = delete;
+  ~Clipped() { RestoreDC(dc_, before_); }
+
+ private:
+  HDC dc_;
+  int before_;
+};
+
+}  // namespace
+
+STDMETHODIMP LPctrlObject::Draw(DWORD aspect, LONG, void*, DVTARGETDEVICE*, HDC, HDC dc, LPCRECTL bounds,
+                                LPCRECTL, BOOL(STDMETHODCALLTYPE*)(ULONG_PTR), ULONG_PTR) {
+  if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
+  if (!dc || !bounds) return E_INVALIDARG;
+  RECT box{bounds->left, bounds->top, bounds->right, bounds->bottom};
+  const Clipped clipped(dc, box);
+  // As large as the box is wide.
+  const auto dpi = static_cast<int>(std::lround((box.right - box.left) * 1440 / LPctrl::fixed_width));
+  if (dpi > 0) Painter(dc, host().fonts(), dpi).surface(control_, {box.left, box.top});
+  return S_OK;
+}
+
+STDMETHODIMP LPctrlObject::GetColorSet(DWORD, LONG, void*, DVTARGETDEVICE*, HDC, LOGPALETTE** out) {
+  if (!out) return E_POINTER;
+  *out = nullptr;
+  return S_FALSE;
+}
+
+STDMETHODIMP LPctrlObject::SetAdvise(DWORD aspects, DWORD flags, IAdviseSink* sink) {
+  picture_sink_ = ComPtr<IAdviseSink>(sink);
+  picture_aspects_ = aspects;
+  picture_flags_ = flags;
+  if (flags & ADVF_PRIMEFIRST) picture_changed();
+  return S_OK;
+}
+
+STDMETHODIMP LPctrlObject::GetAdvise(DWORD* aspects, DWORD* flags, IAdviseSink** sink) {
+  if (aspects) *aspects = picture_aspects_;
+  if (flags) *flags = picture_flags_;
+  if (sink) *sink = ComPtr(picture_sink_).detach();
+  return S_OK;
+}
+
+STDMETHODIMP LPctrlObject::GetExtent(DWORD aspect, LONG, DVTARGETDEVICE*, SIZEL* size) {
+  return GetExtent(aspect, size);
+}
+
+void LPctrlObject::picture_changed() {
+  if (!(picture_aspects_ & DVASPECT_CONTENT)) return;
+  const ComPtr<IAdviseSink> sink = picture_sink_;
+  if (picture_flags_ & ADVF_ONLYONCE) picture_sink_ = {};
+  if (sink) sink->OnViewChange(DVASPECT_CONTENT, -1);
+}
+
+}  // namespace tabulon::activex
