@@ -1,0 +1,3 @@
+# clang 19 for 32-bit Windows, with the distribution's mingw-w64.
+set(CMAKE_SYSTEM_PROCESSOR i686)
+include(${CMAKE_CURRENT_LIST_DIR}/mingw32.cmake)
