@@ -1,0 +1,74 @@
+// A program with the control in a window, as any program that takes controls has it: the system's own ATL
+// library makes the place for it, and the frame around it has a box of its own.
+//
+//   Container container({.order = Container::Order::LoadFirst});
+//   container.show({{"prmNrBeslisVar", "3"}});      // S_OK, or the error that the page's parameters made
+//   container.run();                                // its message loop, until close()
+//
+// It lives on the thread that makes it; only close() and the windows are for others too.
+#pragma once
+
+#include <windows.h>
+
+#include <ocidl.h>
+#include <ole2.h>
+#include <wrl/client.h>
+
+#include <string>
+#include <string_view>
+#include <utility>
+#include <variant>
+#include <vector>
+
+#include "window_thread.h"
+
+namespace tabulon::activex {
+
+class Container {
+ public:
+  // Whether the control stands in the window before it reads the page's parameters, or after.
+  enum class Order { ShowFirst, LoadFirst };
+  struct Options {
+    Order order = Order::ShowFirst;
+    // Whether the message loop offers every key to the control before it is dispatched.
+    bool offers_keys = false;
+  };
+  using Parameters = std::vector<std::pair<std::string, std::string>>;
+  using Value = std::variant<double, bool, std::string>;
+
+  explicit Container(const Options& options);
+  ~Container();
+  Container(const Container&) = delete;
+  Container& operator=(const Container&) = delete;
+
+  void run();
+  void close() { PostMessageW(frame_, WM_CLOSE, 0, 0); }
+
+  // The control with the page's parameters. What loading them answers; the control stands there also when
+  // that is an error. E_FAIL and others of the system where there is no control.
+  HRESULT show(const Parameters& parameters);
+  // A script sets a property. DISP_E_UNKNOWNNAME where there is none of that name.
+  HRESULT set(std::string_view property, const Value& value);
+  // A script calls a method; a name of a file is handed over by reference. Answers when the method has ended.
+  HRESULT call(std::string_view method, const std::string* file = nullptr);
+
+  WindowThread& thread() { return thread_; }
+  HWND frame() const { return frame_; }
+  HWND own_box() const { return own_box_; }
+  HWND surface() const;  // the control's window; null before it is shown
+  IUnknown* control() const { return control_.Get(); }
+
+ private:
+  HRESULT load_and_show(const Parameters& parameters);
+  HRESULT show_and_load(const Parameters& parameters);
+  HRESULT load(const Parameters& parameters);
+  HRESULT invoke(std::string_view name, WORD how, DISPPARAMS& given);
+  bool offer_key(MSG& message);
+
+  Options options_;
+  WindowThread thread_;
+  HWND frame_ = nullptr, place_ = nullptr, own_box_ = nullptr;
+  Microsoft::WRL::ComPtr<IUnknown> control_;
+};
+
+}  // namespace tabulon::activex

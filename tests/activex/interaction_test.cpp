@@ -1,0 +1,202 @@
+// Focus, keys, menus and scroll bars of the control among other windows of a program, with real input. What a
+// test does and sees is written in the language of tests/scenarios.
+#include <gtest/gtest.h>
+
+#include "com_player.h"
+#include "stage.h"
+
+namespace tabulon::activex {
+namespace {
+
+class Visit {
+ public:
+  Visit(Container& container, Person& person)
+      : container_(container), person_(person), player_(container, person, {}) {}
+
+  void play(std::string_view text) {
+    const std::size_t before = player_.failures().size();
+    for (const auto& command : scenarios::read_scenario(text)) player_.play(command);
+    player_.end();
+    for (std::size_t at = before; at < player_.failures().size(); ++at)
+      ADD_FAILURE() << player_.failures()[at] << "\n" << text;
+  }
+
+  void click_own_box() {
+    RECT box{};
+    GetWindowRect(container_.own_box(), &box);
+    person_.click({(box.left + box.right) / 2, (box.top + box.bottom) / 2});
+    person_.settle();
+  }
+  // A place on the control's surface, in pixels.
+  void click_surface(POINT at) {
+    ClientToScreen(container_.surface(), &at);
+    person_.click(at);
+    person_.settle();
+  }
+  bool own_box_has_focus() const {
+    GUITHREADINFO thread{};
+    thread.cbSize = sizeof thread;
+    GetGUIThreadInfo(container_.thread().id(), &thread);
+    return thread.hwndFocus == container_.own_box();
+  }
+  Seen seen(std::string_view name) const { return Eyes(container_.surface()).find(name, 0).value_or(Seen{}); }
+  Person& person() { return person_; }
+
+ private:
+  Container& container_;
+  Person& person_;
+  ComPlayer player_;
+};
+
+// In containers that offer each key to the control first, and in those that only dispatch them.
+class InAContainer : public testing::TestWithParam<bool> {
+ protected:
+  static void visit(const std::function<void(Visit&)>& play) {
+    on_stage({.offers_keys = GetParam()}, [&](Container& container, Person& person) {
+      Visit visit(container, person);
+      play(visit);
+    });
+  }
+};
+
+constexpr std::string_view in_front = "see FrameHead back 0,192,192\n";
+constexpr std::string_view behind = "see FrameHead back 192,192,192\n";
+constexpr std::string_view wide_problem =
+    "page\n  prmNrBeslisVar = 12\n  prmNrKleinerGelijkVglen = 3\nshow\n";
+
+using FocusInAContainer = InAContainer;
+
+TEST_P(FocusInAContainer, GoesIntoACellThatIsClickedAndTheCaretWithIt) {
+  visit([](Visit& visit) {
+    visit.play(
+        "show\nclick txtTableau 2\nsee focus txtTableau 2\npress End\ntype 5\nsee txtTableau 2 \" 05\"\n");
+  });
+}
+
+TEST_P(FocusInAContainer, StaysWhereItIsWhenAHeadingIsClicked) {
+  visit([](Visit& visit) {
+    visit.play("show\nclick txtTableau 2\nclick lblKolom 1\nsee focus txtTableau 2\n");
+  });
+}
+
+TEST_P(FocusInAContainer, ThatLeavesForTheContainerIsNoticed) {
+  visit([](Visit& visit) {
+    visit.play("show\nclick txtTableau 2\n");
+    visit.play(in_front);
+    visit.click_own_box();
+    EXPECT_TRUE(visit.own_box_has_focus());
+    visit.play(behind);
+  });
+}
+
+TEST_P(FocusInAContainer, ComesToTheControlWhenItsEmptyGroundIsClicked) {
+  visit([](Visit& visit) {
+    visit.play("show\n");
+    visit.click_own_box();
+    visit.play(behind);
+    visit.click_surface({300, 270});
+    visit.play("see focus txtFocus\n");
+    visit.play(in_front);
+  });
+}
+
+TEST_P(FocusInAContainer, GoesBackToTheContainerWhenAFormThatAScriptOpenedHasClosed) {
+  visit([](Visit& visit) {
+    visit.play("show\n");
+    visit.click_own_box();
+    visit.play("call ShowAboutBox\nsee form frmAboutLP\nsee focus cmdOK\npress Enter\nsee no form\n");
+    EXPECT_TRUE(visit.own_box_has_focus());
+  });
+}
+
+using KeysInAContainer = InAContainer;
+
+TEST_P(KeysInAContainer, ThatMeanNothingToTheControlEditTheBox) {
+  visit([](Visit& visit) {
+    visit.play("show\nclick txtTableau 1\ntype 12\npress Left\ntype /\nsee txtTableau 1 \"1/2\"\n");
+    visit.play("press Backspace\nsee txtTableau 1 \"12\"\n");
+  });
+}
+
+TEST_P(KeysInAContainer, GoToTheContainersOwnBoxWhenThatHasTheFocus) {
+  visit([](Visit& visit) {
+    visit.play("show\nclick txtTableau 1\n");
+    visit.click_own_box();
+    visit.person().type(L"7");
+    visit.person().press({VK_TAB});
+    visit.person().settle();
+    EXPECT_TRUE(visit.own_box_has_focus());
+    visit.play("see txtTableau 1 \" 0\"\n");
+  });
+}
+
+TEST_P(KeysInAContainer, ThatAreHeldDoNotGoOnInWhatAppears) {
+  visit([](Visit& visit) {
+    visit.play("show\nclick txtTableau 1\ncall ShowAboutBox\nsee form frmAboutLP\n");
+    visit.person().key_down(VK_RETURN);
+    visit.person().key_down(VK_RETURN);
+    visit.person().key_up(VK_RETURN);
+    visit.person().settle();
+    visit.play("see no form\nsee focus txtTableau 1\n");
+  });
+}
+
+TEST_P(KeysInAContainer, TypedIntoALockedCellChangeNothing) {
+  visit([](Visit& visit) { visit.play("show\nclick txtTableau 3\ntype 9\nsee txtTableau 3 \" 1\"\n"); });
+}
+
+TEST_P(KeysInAContainer, LeaveNothingBehindInAFormsBoxes) {
+  visit([](Visit& visit) {
+    visit.play(
+        "show\ncall ShowAboutBox\nsee form frmAboutLP\npress Tab\nsee focus cmdOK\npress Escape\nsee no "
+        "form\n");
+  });
+}
+
+using MenusInAContainer = InAContainer;
+
+TEST_P(MenusInAContainer, CloseByAClickOutside) {
+  visit([](Visit& visit) {
+    visit.play("show\nclick cmd_Bestand\nsee menu mnu_Bestand\n");
+    visit.click_own_box();
+    visit.play("see no menu\n");
+  });
+}
+
+using BarsInAContainer = InAContainer;
+
+TEST_P(BarsInAContainer, GoOnWhileTheirArrowIsHeldAndNoLonger) {
+  visit([](Visit& visit) {
+    visit.play(wide_problem);
+    const RECT bar = visit.seen("HScroll").box;
+    const POINT arrow{bar.right - (bar.bottom - bar.top) / 2, (bar.top + bar.bottom) / 2};
+    visit.person().button_down(arrow);
+    for (int turn = 0; turn < 200 && visit.seen("HScroll").value < 4; ++turn) Sleep(20);
+    visit.person().button_up(arrow);
+    visit.person().settle();
+    const int value = visit.seen("HScroll").value;
+    EXPECT_GE(value, 4);
+    Sleep(200);
+    EXPECT_EQ(visit.seen("HScroll").value, value);
+    visit.play("see lblKLM 1 \" " + std::to_string(value) + "\"\n");
+  });
+}
+
+TEST_P(BarsInAContainer, LeaveTheFocusInTheGrid) {
+  visit([](Visit& visit) {
+    visit.play(wide_problem);
+    visit.play("scroll HScroll to 6\nsee HScroll value 6\nsee lblKLM 1 \" 6\"\nsee focus txtFocus\n");
+  });
+}
+
+std::string name_of(const testing::TestParamInfo<bool>& info) {
+  return info.param ? "thatOffersKeys" : "thatDispatchesKeys";
+}
+
+INSTANTIATE_TEST_SUITE_P(All, FocusInAContainer, testing::Bool(), name_of);
+INSTANTIATE_TEST_SUITE_P(All, KeysInAContainer, testing::Bool(), name_of);
+INSTANTIATE_TEST_SUITE_P(All, MenusInAContainer, testing::Bool(), name_of);
+INSTANTIATE_TEST_SUITE_P(All, BarsInAContainer, testing::Bool(), name_of);
+
+}  // namespace
+}  // namespace tabulon::activex

@@ -1,0 +1,93 @@
+// Ten thousand controls, one after the other: nothing of them stays behind.
+#include <algorithm>
+#include <cstdint>
+#include <functional>
+#include <vector>
+
+#include "tests/activex/bags.h"
+#include "tests/activex/com.h"
+
+namespace tabulon::client {
+namespace {
+
+// The system numbers what it makes by its place in a table, and takes free places first. So the numbers of
+// new things grow where old ones are not given back. Not every system counts them for us.
+std::uintptr_t highest(const std::function<HANDLE()>& make, const std::function<void(HANDLE)>& destroy) {
+  std::vector<HANDLE> made(50);
+  std::ranges::generate(made, make);
+  std::uintptr_t highest = 0;
+  for (const HANDLE each : made) {
+    EXPECT_TRUE(each);
+    highest = std::max(highest, reinterpret_cast<std::uintptr_t>(each) & 0xFFFF);
+    destroy(each);
+  }
+  return highest;
+}
+
+// Of this process alone, in use.
+std::size_t private_bytes() {
+  std::size_t bytes = 0;
+  MEMORY_BASIC_INFORMATION region{};
+  for (const char* at = nullptr; VirtualQuery(at, &region, sizeof region) != 0;
+       at = static_cast<const char*>(region.BaseAddress) + region.RegionSize)
+    if (region.State == MEM_COMMIT && region.Type == MEM_PRIVATE) bytes += region.RegionSize;
+  return bytes;
+}
+
+struct Held {
+  std::uintptr_t drawing_object, window, handle;
+  std::size_t bytes;
+};
+
+Held held_now() {
+  return {
+      .drawing_object =
+          highest([] { return CreateSolidBrush(RGB(1, 2, 3)); }, [](HANDLE brush) { DeleteObject(brush); }),
+      .window = highest(
+          [] {
+            return CreateWindowExW(0, L"STATIC", nullptr, 0, 0, 0, 1, 1, HWND_MESSAGE, nullptr, nullptr,
+                                   nullptr);
+          },
+          [](HANDLE window) { DestroyWindow(static_cast<HWND>(window)); }),
+      .handle = highest([] { return CreateEventW(nullptr, FALSE, FALSE, nullptr); }, CloseHandle),
+      .bytes = private_bytes(),
+  };
+}
+
+class LongLife : public ComTest {
+ protected:
+  void use_one() {
+    const ComPtr<IPersistPropertyBag> persist = make_as<IPersistPropertyBag>();
+    ASSERT_TRUE(persist);
+    const ComPtr<Bag> bag = Bag::of({{L"prmNrBeslisVar", L"3"}, {L"prmSTR_DLfunctie", L" 1, 2, 3"}});
+    ASSERT_EQ(code(persist->Load(bag.Get(), nullptr)), code(S_OK));
+    const ComPtr<ILPctrl> control = as<ILPctrl>(persist);
+    ASSERT_EQ(code(control->put_prmRL(_bstr_t(L" 1, 2"))), code(S_OK));
+    const ScriptError error = call(control.Get(), L"LeesTableau", {L"?"});
+    ASSERT_EQ(code(error.info.scode), code(run_time_error(52)));
+    const HDC dc = CreateCompatibleDC(nullptr);
+    const RECTL box{0, 0, 60, 30};
+    ASSERT_EQ(code(as<IViewObject2>(persist)->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, dc, &box,
+                                                   nullptr, nullptr, 0)),
+              code(S_OK));
+    DeleteDC(dc);
+    ASSERT_EQ(code(as<IOleObject>(persist)->Close(OLECLOSE_NOSAVE)), code(S_OK));
+  }
+  void use(int count) {
+    for (int at = 0; at < count && !HasFatalFailure(); ++at) use_one();
+  }
+};
+
+TEST_F(LongLife, NothingIsLeftOfTenThousandControls) {
+  use(500);  // fonts and tables that are made once
+  const Held before = held_now();
+  use(10'000);
+  const Held after = held_now();
+  EXPECT_LE(after.drawing_object, before.drawing_object + 100);
+  EXPECT_LE(after.window, before.window + 100);
+  EXPECT_LE(after.handle, before.handle + 400);
+  EXPECT_LE(after.bytes, before.bytes + 2 * 1024 * 1024);
+}
+
+}  // namespace
+}  // namespace tabulon::client

@@ -1,0 +1,20 @@
+// A container with its windows on this thread, and a person who works it from another.
+//
+//   on_stage({}, [](Container& container, Person& person) {
+//     container.thread().run([&] { container.show({}); });
+//     person.click(...);
+//     person.settle();
+//   });
+#pragma once
+
+#include <functional>
+
+#include "container.h"
+#include "person.h"
+
+namespace tabulon::activex {
+
+// Ends when the play has ended and the container has closed.
+void on_stage(const Container::Options& options, const std::function<void(Container&, Person&)>& play);
+
+}  // namespace tabulon::activex

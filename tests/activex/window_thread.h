@@ -1,0 +1,36 @@
+// The thread that has the windows, as other threads reach it: what they give it, it does in whatever loop it
+// is, also inside a menu or a form.
+//
+//   WindowThread windows;                                      // made on that thread
+//   windows.post([&] { container.show(parameters); });         // on any thread
+//   windows.run([&] { text = container.text(); });             // and waits until it is done
+#pragma once
+
+#include <windows.h>
+
+#include <chrono>
+#include <functional>
+
+namespace tabulon::activex {
+
+class WindowThread {
+ public:
+  using Work = std::function<void()>;
+
+  WindowThread();
+  ~WindowThread();
+  WindowThread(const WindowThread&) = delete;
+  WindowThread& operator=(const WindowThread&) = delete;
+
+  DWORD id() const { return id_; }
+  void post(Work work);
+  // False where the work is not done within `patience`; it may still be done later, so it must own what it
+  // needs.
+  bool run(Work work, std::chrono::milliseconds patience = std::chrono::seconds(10));
+
+ private:
+  DWORD id_;
+  HWND door_;
+};
+
+}  // namespace tabulon::activex
