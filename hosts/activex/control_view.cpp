@@ -218,7 +218,7 @@ void ControlView::paint() {
       case Kind::Label:
         return painter.label(*control_, all);
       case Kind::CommandButton:
-        return painter.button(*control_, all, {hot_, pressed_ && over_, focused});
+        return painter.button(*control_, all, {surface_.hot() == this, pressed_ && over_, focused});
       case Kind::Image:
         return painter.image(static_cast<const Image&>(*control_), all);
       case Kind::PictureBox:
@@ -268,10 +268,9 @@ void ControlView::text_changed() {
 // ---- The pointer
 
 void ControlView::hover() {
-  if (hot_ || !is_button(*control_)) return;
+  if (surface_.hot() == this || !is_button(*control_)) return;
   TRACKMOUSEEVENT track{sizeof track, TME_LEAVE, window_, 0};
-  hot_ = TrackMouseEvent(&track) != 0;
-  repaint();
+  if (TrackMouseEvent(&track)) surface_.set_hot(this);
 }
 
 // In the units in which the control itself stands, from its corner.
@@ -446,8 +445,7 @@ LRESULT ControlView::handle_drawn(UINT message, WPARAM wparam, LPARAM lparam) {
       move(lparam);
       return 0;
     case WM_MOUSELEAVE:
-      hot_ = false;
-      repaint();
+      if (surface_.hot() == this) surface_.set_hot(nullptr);
       return 0;
     case WM_LBUTTONUP:
     case WM_RBUTTONUP:

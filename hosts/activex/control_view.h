@@ -72,7 +72,6 @@ class ControlView {
   platform::Control* control_;
   HWND window_ = nullptr;
   WNDPROC original_ = nullptr;
-  bool hot_ = false;                    // the pointer is over it
   bool pressed_ = false, left_ = true;  // it holds the pointer, pressed with the left button
   bool over_ = false;                   // and the pointer is still over it
   bool wants_selection_ = false, writes_text_ = false;

@@ -17,7 +17,7 @@ constexpr Twips menu_bar = 315;  // the height of the band behind the control's 
 
 struct Palette {
   COLORREF ground, band, form, edge, ink;
-  COLORREF button, button_edge, grip, grip_dot;
+  COLORREF button, button_edge, grip_dot;
   COLORREF box_edge, locked_edge, accent;
 };
 
@@ -29,7 +29,6 @@ constexpr Palette usual{
     .ink = RGB(28, 36, 48),
     .button = RGB(251, 252, 253),
     .button_edge = RGB(165, 174, 187),
-    .grip = RGB(247, 248, 250),
     .grip_dot = RGB(165, 174, 187),
     .box_edge = RGB(154, 164, 178),
     .locked_edge = RGB(223, 227, 233),
@@ -46,7 +45,6 @@ Palette of_strong_contrast() {
           .ink = text,
           .button = GetSysColor(COLOR_BTNFACE),
           .button_edge = GetSysColor(COLOR_BTNTEXT),
-          .grip = GetSysColor(COLOR_BTNFACE),
           .grip_dot = GetSysColor(COLOR_BTNTEXT),
           .box_edge = text,
           .locked_edge = GetSysColor(COLOR_GRAYTEXT),
@@ -92,6 +90,16 @@ int shade(ButtonState state) {
   return state.pressed ? 15 : state.hot ? 8 : 0;
 }
 
+// In a label that wraps, a gap as wide as this was made to end the line, however wide the letters are.
+std::string lines_of(std::string text) {
+  constexpr std::size_t wide_gap = 10;
+  for (std::size_t at = 0; (at = text.find(std::string(wide_gap, ' '), at)) != std::string::npos; ++at) {
+    const std::size_t end = std::min(text.find_first_not_of(' ', at), text.size());
+    text.replace(at, end - at, "\n");
+  }
+  return text;
+}
+
 // Selects what it is given for as long as it lives.
 class Selected {
  public:
@@ -117,6 +125,10 @@ RECT bounds_in_pixels(const Control& control, int dpi) {
             top = nearest_edge((bounds.top - origin.y) * unit_y);
   return {left, top, left + nearest_edge(std::abs(bounds.width * unit_x)),
           top + nearest_edge(std::abs(bounds.height * unit_y))};
+}
+
+bool is_handle(const Control& control) {
+  return control.name() == "cmdFrame";
 }
 
 int text_height(HDC dc, HFONT font) {
@@ -175,7 +187,8 @@ void Painter::label(const Control& label, const RECT& box) const {
   fill(box, is_transparent(label.back_colour()) ? ground_behind(label) : colour_ref(label.back_colour()));
   const UINT layout = label.letters().wraps ? DT_WORDBREAK : DT_SINGLELINE | DT_VCENTER;
   const COLORREF ink = colour_ref(label.enabled() ? label.fore_colour() : system_colour::grey_text);
-  words(label.text(), box, label.letters(), ink, layout | DT_NOPREFIX | alignment(label.letters()));
+  words(label.letters().wraps ? lines_of(label.text()) : label.text(), box, label.letters(), ink,
+        layout | DT_NOPREFIX | alignment(label.letters()));
 }
 
 void Painter::button(const Control& button, const RECT& box, ButtonState state) const {
@@ -193,15 +206,21 @@ void Painter::button(const Control& button, const RECT& box, ButtonState state) 
     const int corner = 6 * hair();
     RoundRect(dc_, box.left, box.top, box.right, box.bottom, corner, corner);
   }
-  if (button.text().empty()) {  // a handle: dots to take hold of
-    const int step = 5 * hair();
-    for (int y = box.top + step; y < box.bottom - step / 2; y += step)
-      for (int x = box.left + step; x < box.right - step / 2; x += step)
-        fill({x, y, x + hair(), y + hair()}, colours.grip_dot);
-    return;
+  if (is_handle(button)) {
+    const int side = (box.right - box.left) * 2 / 5;
+    dots({box.left, box.top, box.left + side, box.bottom});
+    dots({box.right - side, box.top, box.right, box.bottom});
   }
   const COLORREF ink = colour_ref(button.enabled() ? button.fore_colour() : system_colour::grey_text);
   words(button.text(), box, button.letters(), ink, DT_SINGLELINE | DT_VCENTER | DT_CENTER);
+}
+
+// Rough ground to take hold of.
+void Painter::dots(const RECT& box) const {
+  const int step = 5 * hair();
+  for (int y = box.top + step; y < box.bottom - step / 2; y += step)
+    for (int x = box.left + step; x < box.right - step / 2; x += step)
+      fill({x, y, x + hair(), y + hair()}, palette().grip_dot);
 }
 
 void Painter::box_edge(const TextBox& box, const RECT& bounds, bool focused) const {

@@ -46,6 +46,7 @@ class Painter {
   void scroll_bar(const platform::ScrollBar& bar, RECT box) const;
   void below(const platform::Surface& surface, const platform::Control* container, POINT origin) const;
   void inside(const platform::Surface& surface, const platform::Control* container, POINT origin) const;
+  void dots(const RECT& box) const;
   void fill(const RECT& box, COLORREF colour) const;
   void outline(const RECT& box, COLORREF colour, int width) const;
   void words(const std::string& text, RECT box, const platform::Letters& letters, COLORREF colour,
@@ -61,6 +62,8 @@ class Painter {
 RECT bounds_in_pixels(const platform::Control& control, int dpi);
 int pixels_at(platform::Twips twips, int dpi);
 
+// Whether it is there to be taken hold of and moved.
+bool is_handle(const platform::Control& control);
 // What shows through a control without a ground of its own.
 COLORREF ground_behind(const platform::Control& control);
 // The brush of a control's ground, and its letters' colour in the device context, as the system asks for

@@ -71,7 +71,7 @@ RECT within_screen(RECT place, HWND near_to) {
 
 const wchar_t* cursor_of(const Control* control) {
   if (!control) return nullptr;
-  if (control->kind() == Kind::CommandButton && control->text().empty()) return IDC_SIZEALL;
+  if (is_handle(*control)) return IDC_SIZEALL;
   return control->kind() == Kind::Image && control->container() ? IDC_HAND : nullptr;
 }
 
@@ -163,6 +163,7 @@ void SurfaceView::close() {
     SetWindowLongPtrW(window, GWLP_USERDATA, 0);
     DestroyWindow(window);
   }
+  hot_ = nullptr;
   controls_.clear();
   tool_tips_.forget();
 }
@@ -205,6 +206,12 @@ void SurfaceView::mirror_line(const Control& line) {
   const ControlView* const container = line.container() ? view_of(*line.container()) : nullptr;
   HWND const around = container ? container->window() : window_;
   if (around) RedrawWindow(around, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+}
+
+void SurfaceView::set_hot(ControlView* button) {
+  ControlView* const before = std::exchange(hot_, button);
+  for (ControlView* const changed : {before, button})
+    if (changed && changed->control()) changed->repaint();
 }
 
 void SurfaceView::place_inside(const Control& container) {

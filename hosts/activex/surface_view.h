@@ -53,6 +53,9 @@ class SurfaceView {
   // Places what stands in a container again.
   void place_inside(const platform::Control& container);
   ToolTips& tool_tips() { return tool_tips_; }
+  // The button that the pointer is over; null for none.
+  const ControlView* hot() const { return hot_; }
+  void set_hot(ControlView* button);
 
   // ---- What happens in the windows
   // A key; true when it was used or passed on, and is not to do anything else.
@@ -84,6 +87,7 @@ class SurfaceView {
   ViewSite& site_;
   HWND window_ = nullptr;
   HWND owner_ = nullptr;
+  ControlView* hot_ = nullptr;
   int dpi_ = 96;
   bool busy_ = false, pressed_ = false;
   bool alt_used_ = false;  // Alt was held for a key of ours, so letting it go opens no menu of the container

@@ -160,6 +160,7 @@ void WindowsHost::set_busy(Surface& surface, bool busy) {
 void WindowsHost::open_form(Form& form) {
   SurfaceView* const opener = view_of(form.owner());
   if (!opener) return;
+  opener->set_hot(nullptr);
   HWND const over = opener->window();
   auto view = std::make_unique<SurfaceView>(*this, form, opener->site());
   view->open_form(over ? GetAncestor(over, GA_ROOT) : nullptr, over);
@@ -181,12 +182,13 @@ void WindowsHost::close_form(Form& form) {
 }
 
 void WindowsHost::track_menu() {
-  const SurfaceView* const view = view_of(menu_->surface());
+  SurfaceView* const view = view_of(menu_->surface());
   if (!view || !view->window()) return desk_.menu_dismiss();
   tracking_menu_ = view->window();
   Menu* const chosen = track_popup_menu(*menu_, view->window(), view->dpi());
   tracking_menu_ = nullptr;
-  if (!menu_) return;  // closed by somebody else meanwhile
+  view->set_hot(nullptr);  // the pointer has left while the menu had it
+  if (!menu_) return;      // closed by somebody else meanwhile
   handle([&] {
     if (!chosen) return desk_.menu_dismiss();
     // The system has opened the submenu that holds the item; the desk is to know.

@@ -40,6 +40,12 @@ class Visit {
     return thread.hwndFocus == container_.own_box();
   }
   Seen seen(std::string_view name) const { return Eyes(container_.surface()).find(name, 0).value_or(Seen{}); }
+  static COLORREF colour_on_screen(POINT at) {
+    HDC const screen = GetDC(nullptr);
+    const COLORREF colour = GetPixel(screen, at.x, at.y);
+    ReleaseDC(nullptr, screen);
+    return colour;
+  }
   Person& person() { return person_; }
 
  private:
@@ -160,6 +166,20 @@ TEST_P(MenusInAContainer, CloseByAClickOutside) {
     visit.play("show\nclick cmd_Bestand\nsee menu mnu_Bestand\n");
     visit.click_own_box();
     visit.play("see no menu\n");
+  });
+}
+
+// The pointer is on the item by then, and nowhere near the button.
+TEST_P(MenusInAContainer, LeaveTheirButtonUnlit) {
+  visit([](Visit& visit) {
+    visit.play("show\n");
+    const RECT button = visit.seen("cmd_Bewerken").box;
+    const POINT inside{button.left + 6, button.top + 6};
+    const COLORREF before = Visit::colour_on_screen(inside);
+    visit.play("click cmd_Bewerken\nchoose mnu_Pivot_element\nsee form frmMelding\n");
+    for (int turn = 0; turn < 100 && Visit::colour_on_screen(inside) != before; ++turn) Sleep(20);
+    EXPECT_EQ(Visit::colour_on_screen(inside), before);
+    visit.play("press Enter\nsee no form\n");
   });
 }
 
