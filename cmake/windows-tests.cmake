@@ -25,7 +25,8 @@ function(tabulon_script_tests)
     ${folder}/form/form.cpp ${folder}/form/form.def
     ${folder}/com_player.cpp ${folder}/container.cpp ${folder}/eyes.cpp ${folder}/person.cpp
     ${folder}/screen_picture.cpp ${folder}/window_thread.cpp
-    ${PROJECT_SOURCE_DIR}/hosts/activex/text.cpp ${PROJECT_SOURCE_DIR}/tests/scenarios/scenario.cpp)
+    ${PROJECT_SOURCE_DIR}/hosts/activex/text.cpp
+    ${PROJECT_SOURCE_DIR}/tests/scenarios/interpreter.cpp ${PROJECT_SOURCE_DIR}/tests/scenarios/scenario.cpp)
   set_target_properties(tabulon_test_form PROPERTIES PREFIX "" UNITY_BUILD OFF)
   target_include_directories(tabulon_test_form PRIVATE ${PROJECT_SOURCE_DIR}/tests/scenarios)
   target_link_libraries(tabulon_test_form PRIVATE tabulon_test_options tabulon_headless tabulon_windows_options)
@@ -37,7 +38,7 @@ function(tabulon_script_tests)
   set_tests_properties(activex.form_is_unregistered PROPERTIES FIXTURES_CLEANUP form LABELS activex)
   # The script host's own exit code is 0 also where a script breaks off.
   set_tests_properties(activex.solve.vbs PROPERTIES
-    FIXTURES_REQUIRED form RESOURCE_LOCK keyboard PASS_REGULAR_EXPRESSION "[\r\n]0 failed" LABELS activex)
+    FIXTURES_REQUIRED form RESOURCE_LOCK screen PASS_REGULAR_EXPRESSION "[\r\n]0 failed" LABELS activex)
 endfunction()
 
 # Asked for its tests when they are run: building needs no Wine that is set up.
@@ -59,7 +60,8 @@ function(tabulon_windows_tests)
   file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/activex/*.cpp)
   # The scenarios are played twice, in windows and without, to compare what is seen.
   list(APPEND sources
-    ${PROJECT_SOURCE_DIR}/tests/scenarios/scenario.cpp ${PROJECT_SOURCE_DIR}/tests/scenarios/player.cpp)
+    ${PROJECT_SOURCE_DIR}/tests/scenarios/interpreter.cpp ${PROJECT_SOURCE_DIR}/tests/scenarios/scenario.cpp
+    ${PROJECT_SOURCE_DIR}/tests/scenarios/player.cpp)
   file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/scratch/activex)
   add_executable(activex_tests ${sources})
   target_include_directories(activex_tests PRIVATE ${PROJECT_SOURCE_DIR}/tests/scenarios)
@@ -70,12 +72,12 @@ function(tabulon_windows_tests)
   add_dependencies(activex_tests Tabulon)
   file(GLOB scripts CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/scenarios/*.txt)
   set_target_properties(activex_tests PROPERTIES LINK_DEPENDS "${scripts}")
-  # Two at a time, but for those that type, of which there is one keyboard, and those that take the control out of
-  # the registry.
-  set(typing "*ScenarioInWindows.*:*InAContainer.*")
+  # Two at a time, but for those that show windows, which would take the one keyboard from each other, those that
+  # use the one clipboard, and those that take the control out of the registry.
+  set(on_screen "*ScenarioInWindows.*:*InAContainer.*:InPlace*:FileDialogs.*:OnTheClipboard.*")
   set(registering "Registration.*")
-  tabulon_windows_test_group("${typing}" RESOURCE_LOCK keyboard)
+  tabulon_windows_test_group("${on_screen}" RESOURCE_LOCK screen)
   tabulon_windows_test_group("${registering}" RUN_SERIAL ON)
-  tabulon_windows_test_group("-${typing}:${registering}")
+  tabulon_windows_test_group("-${on_screen}:${registering}")
   tabulon_script_tests()
 endfunction()

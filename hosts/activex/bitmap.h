@@ -24,7 +24,6 @@ class MemoryBitmap {
   bool made() const { return bits_ != nullptr; }
   SIZE size() const { return size_; }
   HDC dc() const { return dc_; }
-  HBITMAP handle() const { return bitmap_; }
   // Rows from above. Waits for GDI, which may still be drawing.
   std::span<std::uint32_t> pixels() const;
 

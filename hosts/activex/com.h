@@ -6,8 +6,10 @@
 
 #include <windows.h>
 
+#include <objbase.h>
 #include <oleauto.h>
 
+#include <iterator>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -71,6 +73,12 @@ inline BSTR new_text(std::string_view text) {
 // The locale of programs: "." is the decimal point, whoever is at the machine.
 inline constexpr LCID program_locale = MAKELCID(MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US), SORT_DEFAULT);
 
+inline std::wstring text_of(REFGUID id) {
+  wchar_t text[40]{};
+  StringFromGUID2(id, text, static_cast<int>(std::size(text)));
+  return text;
+}
+
 // A value that is cleared when it goes.
 class Variant : public VARIANT {
  public:
@@ -97,5 +105,24 @@ HRESULT answer_query(const Offered (&offered)[count], REFIID id, void** out) {
   }
   return E_NOINTERFACE;
 }
+
+// An object that counts who holds it, and goes with the last of them.
+template <class Interface>
+class Counted : public Interface {
+ public:
+  STDMETHODIMP_(ULONG) AddRef() override { return ++references_; }
+  STDMETHODIMP_(ULONG) Release() override {
+    const ULONG left = --references_;
+    if (left == 0) delete this;
+    return left;
+  }
+
+ protected:
+  Counted() = default;
+  virtual ~Counted() = default;
+
+ private:
+  ULONG references_ = 1;
+};
 
 }  // namespace tabulon::activex

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "hosts/activex/library.h"
 #include "hosts/activex/names.h"
 #include "hosts/activex/painting.h"
 #include "hosts/activex/surface_view.h"
@@ -58,10 +59,6 @@ DWORD style_of(const Control& control) {
   return style;
 }
 
-POINT point_of(LPARAM where) {
-  return {GET_X_LPARAM(where), GET_Y_LPARAM(where)};
-}
-
 // Draws beside the screen first, so that nobody sees a picture half drawn.
 template <class Paint>
 void paint_at_once(HWND window, Paint paint) {
@@ -82,6 +79,10 @@ void paint_at_once(HWND window, Paint paint) {
 }
 
 }  // namespace
+
+POINT point_of(LPARAM where) {
+  return {GET_X_LPARAM(where), GET_Y_LPARAM(where)};
+}
 
 ControlView::~ControlView() {
   if (window_) SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
@@ -112,7 +113,7 @@ void ControlView::create_if_seen() {
   HMENU const id = reinterpret_cast<HMENU>(static_cast<INT_PTR>(control_->id() + 1));
   window_ = CreateWindowExW(0, kinds[static_cast<std::size_t>(control_->kind())].window_class, nullptr,
                             style_of(*control_), box.left, box.top, box.right - box.left,
-                            box.bottom - box.top, parent, id, nullptr, nullptr);
+                            box.bottom - box.top, parent, id, library().module, nullptr);
   if (!window_) return;
   SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
   original_ = reinterpret_cast<WNDPROC>(
@@ -206,7 +207,7 @@ void ControlView::select_if_wanted() {
 }
 
 void ControlView::repaint() {
-  if (is_bar(*control_)) return;
+  if (!window_ || is_bar(*control_)) return;
   RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME | (is_box(*control_) ? RDW_ERASE : 0));
 }
 
@@ -343,7 +344,9 @@ bool ControlView::press_in_box() {
 LRESULT CALLBACK ControlView::procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
   ControlView* const view = of(window);
   if (!view) return DefWindowProcW(window, message, wparam, lparam);
+  const WindowsHost::OnStack on_stack(view->surface_.host());
   if (message == WM_NCDESTROY) {
+    view->surface_.host().reader_names().forget(window);
     SetWindowLongPtrW(window, GWLP_USERDATA, 0);
     view->window_ = nullptr;
     return CallWindowProcW(view->original_, window, message, wparam, lparam);
@@ -352,11 +355,11 @@ LRESULT CALLBACK ControlView::procedure(HWND window, UINT message, WPARAM wparam
 }
 
 LRESULT ControlView::system(UINT message, WPARAM wparam, LPARAM lparam) {
-  return CallWindowProcW(original_, window_, message, wparam, lparam);
+  return window_ ? CallWindowProcW(original_, window_, message, wparam, lparam) : 0;
 }
 
 LRESULT ControlView::handle(UINT message, WPARAM wparam, LPARAM lparam) {
-  if (message == name_message()) return answer_name(*control_, wparam, lparam);
+  if (message == name_message()) return answer_name(*control_, wparam);
   switch (message) {
     case WM_KEYDOWN:
     case WM_SYSKEYDOWN:
@@ -387,13 +390,13 @@ LRESULT ControlView::handle(UINT message, WPARAM wparam, LPARAM lparam) {
 
 LRESULT ControlView::handle_key(UINT message, WPARAM wparam, LPARAM lparam) {
   const bool presses = message == WM_KEYDOWN || message == WM_SYSKEYDOWN;
-  const MSG key{window_, message, wparam, lparam, static_cast<DWORD>(GetMessageTime()), {}};
+  MSG key{window_, message, wparam, lparam, static_cast<DWORD>(GetMessageTime()), {}};
   if (message == WM_GETDLGCODE) return DLGC_WANTALLKEYS | (is_box(*control_) ? DLGC_HASSETSEL : 0);
   if (presses && surface_.key_pressed(key)) return 0;
   if (!presses && surface_.key_released(key)) return 0;
   // A button is pressed by its surface, never a second time by the system.
-  if (is_button(*control_) && (wparam == VK_RETURN || wparam == VK_SPACE)) return 0;
-  return system(message, wparam, lparam);
+  if (control_ && is_button(*control_) && (wparam == VK_RETURN || wparam == VK_SPACE)) return 0;
+  return system(message, key.wParam, lparam);
 }
 
 LRESULT ControlView::handle_focus(UINT message, WPARAM wparam, LPARAM lparam) {

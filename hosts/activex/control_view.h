@@ -77,4 +77,7 @@ class ControlView {
   bool wants_selection_ = false, writes_text_ = false;
 };
 
+// Where a message of the mouse says that it is, in the window that it came to.
+POINT point_of(LPARAM where);
+
 }  // namespace tabulon::activex

@@ -51,9 +51,9 @@ void slanting_line(HDC dc, Point from, Point to, COLORREF colour, int width) {
   DeleteObject(pen);
 }
 
-class Painter {
+class Strokes {
  public:
-  Painter(HDC dc, SIZE size, const platform::Scale& scale, int dpi)
+  Strokes(HDC dc, SIZE size, const platform::Scale& scale, int dpi)
       : dc_(dc),
         scale_(pixel_scale(scale, size)),
         dot_{dot_side(dpi, size.cx), dot_side(dpi, size.cy)},
@@ -144,8 +144,8 @@ void paint_drawing(HDC dc, const RECT& box, const platform::Scale& scale,
   SelectObject(dc, letters);
   SetBkMode(dc, TRANSPARENT);
   SetTextAlign(dc, TA_LEFT | TA_TOP);
-  Painter painter(dc, {box.right - box.left, box.bottom - box.top}, scale, dpi);
-  for (const platform::Stroke& each : drawing.strokes()) std::visit(painter, each);
+  Strokes strokes(dc, {box.right - box.left, box.bottom - box.top}, scale, dpi);
+  for (const platform::Stroke& each : drawing.strokes()) std::visit(strokes, each);
   RestoreDC(dc, before);
 }
 

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "hosts/activex/com.h"
+#include "hosts/activex/library.h"
 
 namespace tabulon::activex {
 
@@ -25,7 +26,7 @@ inline CONNECTDATA handed_out(const std::pair<DWORD, ComPtr<IUnknown>>& held) {
 
 // `Interface` hands out what handed_out makes of an `Item`.
 template <class Interface, class Item>
-class Enumerator final : public Interface {
+class Enumerator final : public Counted<Interface> {
  public:
   using Given = decltype(handed_out(std::declval<Item>()));
 
@@ -38,12 +39,6 @@ class Enumerator final : public Interface {
   STDMETHODIMP QueryInterface(REFIID id, void** out) override {
     const Offered offered[] = {{&IID_IUnknown, this}, {&__uuidof(Interface), this}};
     return answer_query(offered, id, out);
-  }
-  STDMETHODIMP_(ULONG) AddRef() override { return ++references_; }
-  STDMETHODIMP_(ULONG) Release() override {
-    const ULONG left = --references_;
-    if (left == 0) delete this;
-    return left;
   }
   STDMETHODIMP Next(ULONG wanted, Given* out, ULONG* fetched) override {
     if (!out || (wanted != 1 && !fetched)) return E_POINTER;
@@ -65,11 +60,10 @@ class Enumerator final : public Interface {
 
  private:
   Enumerator(std::vector<Item> items, std::size_t at) : items_(std::move(items)), at_(at) {}
-  ~Enumerator() = default;
 
+  LibraryUser keeps_library_;
   std::vector<Item> items_;
   std::size_t at_;
-  ULONG references_ = 1;
 };
 
 }  // namespace tabulon::activex

@@ -20,12 +20,10 @@ class Events final : public IConnectionPoint {
  public:
   explicit Events(IConnectionPointContainer& owner) : owner_(owner) {}
 
-  bool has_listeners() const { return !listeners_.empty() && frozen_ == 0; }
   // `arguments` are in their order, the first first.
   void fire(DISPID event, std::span<VARIANT> arguments);
   // A container that is not ready for events says so, and later takes that back.
   void freeze(bool freeze) { frozen_ += freeze ? 1 : frozen_ > 0 ? -1 : 0; }
-  void disconnect_all() { listeners_.clear(); }
 
   // ---- IUnknown: counted with its owner, but an identity of its own
   STDMETHODIMP QueryInterface(REFIID id, void** out) override;

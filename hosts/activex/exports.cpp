@@ -14,7 +14,7 @@ namespace tabulon::activex {
 
 namespace {
 
-class ClassFactory final : public IClassFactory {
+class ClassFactory final : public Counted<IClassFactory> {
  public:
   static HRESULT create(REFIID id, void** out) {
     auto* const made = new ClassFactory;
@@ -27,28 +27,20 @@ class ClassFactory final : public IClassFactory {
     const Offered offered[] = {{&IID_IUnknown, this}, {&IID_IClassFactory, this}};
     return answer_query(offered, id, out);
   }
-  STDMETHODIMP_(ULONG) AddRef() override { return ++references_; }
-  STDMETHODIMP_(ULONG) Release() override {
-    const ULONG left = --references_;
-    if (left == 0) delete this;
-    return left;
-  }
   STDMETHODIMP CreateInstance(IUnknown* outer, REFIID id, void** out) override {
     if (!out) return E_POINTER;
     *out = nullptr;
     return outer ? CLASS_E_NOAGGREGATION : LPctrlObject::create(id, out);
   }
   STDMETHODIMP LockServer(BOOL lock) override {
-    lock ? InterlockedIncrement(&library().users) : InterlockedDecrement(&library().users);
+    library().users += lock ? 1 : -1;
     return S_OK;
   }
 
  private:
   ClassFactory() = default;
-  ~ClassFactory() = default;
 
   LibraryUser keeps_library_;
-  ULONG references_ = 1;
 };
 
 }  // namespace

@@ -6,6 +6,7 @@ namespace tabulon::activex {
 
 namespace {
 
+HINSTANCE module = nullptr;
 Library* loaded = nullptr;
 
 }  // namespace
@@ -15,21 +16,22 @@ std::wstring Library::path() const {
   return {text, GetModuleFileNameW(module, text, MAX_PATH)};
 }
 
+// Made when it is first asked for: while the system loads the file, windows and their classes are not to be
+// touched.
 Library& library() {
+  if (!loaded) loaded = new Library(module);
   return *loaded;
 }
 
 }  // namespace tabulon::activex
 
-extern "C" BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID process_ends) {
-  using tabulon::activex::Library;
-  using tabulon::activex::loaded;
+extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID process_ends) {
   if (reason == DLL_PROCESS_ATTACH) {
-    DisableThreadLibraryCalls(module);
-    loaded = new Library(module);
+    DisableThreadLibraryCalls(instance);
+    tabulon::activex::module = instance;
   }
   // A process that ends takes its windows and its memory with it, and what they would need may be gone
   // already.
-  if (reason == DLL_PROCESS_DETACH && !process_ends) delete loaded;
+  if (reason == DLL_PROCESS_DETACH && !process_ends) delete tabulon::activex::loaded;
   return TRUE;
 }

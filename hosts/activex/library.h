@@ -14,15 +14,16 @@
 namespace tabulon::activex {
 
 struct Library {
-  explicit Library(HINSTANCE loaded) : module(loaded), classes(loaded) {}
+  explicit Library(HINSTANCE loaded) : module(loaded) {}
+  Library(const Library&) = delete;
 
   std::wstring path() const;
 
   HINSTANCE module;
-  WindowClasses classes;
+  WindowClasses classes{module};
   basSafeCtl model;
   WindowsHost host;
-  LONG users = 0;  // objects, and locks of who wants the library to stay
+  long users = 0;  // objects, and locks of who wants the library to stay
 };
 
 Library& library();
@@ -30,9 +31,11 @@ Library& library();
 // Keeps the library loaded as long as it lives.
 class LibraryUser {
  public:
-  LibraryUser() { InterlockedIncrement(&library().users); }
+  LibraryUser() { ++library().users; }
   LibraryUser(const LibraryUser&) = delete;
-  ~LibraryUser() { InterlockedDecrement(&library().users); }
+  ~LibraryUser() {
+    if (--library().users == 0) library().host.rest();
+  }
 };
 
 }  // namespace tabulon::activex

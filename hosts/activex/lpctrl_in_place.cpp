@@ -1,4 +1,7 @@
 // The control's windows inside the container's.
+#include <span>
+#include <utility>
+
 #include "hosts/activex/lpctrl_object.h"
 
 namespace tabulon::activex {
@@ -123,7 +126,9 @@ STDMETHODIMP LPctrlObject::InPlaceDeactivate() {
   if (!in_place_site_) return S_OK;
   const ComPtr<ILPctrl> alive(this);
   UIDeactivate();
-  const ComPtr<IOleInPlaceSite> site = in_place_site_;
+  if (control_.has_focus()) host().handle([&] { host().focus_went(view_); });
+  const ComPtr<IOleInPlaceSite> site = std::move(in_place_site_);
+  if (!site) return S_OK;  // the container has asked once more meanwhile
   leave_site();
   view_.close();
   site->OnInPlaceDeactivate();
@@ -132,15 +137,17 @@ STDMETHODIMP LPctrlObject::InPlaceDeactivate() {
 
 STDMETHODIMP LPctrlObject::UIDeactivate() {
   if (!std::exchange(ui_active_, false)) return S_OK;
+  const ComPtr<IOleInPlaceSite> site = in_place_site_;
   if (document_) document_->SetActiveObject(nullptr, nullptr);
   if (frame_) frame_->SetActiveObject(nullptr, nullptr);
-  in_place_site_->OnUIDeactivate(FALSE);
+  site->OnUIDeactivate(FALSE);
   return S_OK;
 }
 
 STDMETHODIMP LPctrlObject::SetObjectRects(LPCRECT wanted, LPCRECT clip) {
   if (!wanted) return E_INVALIDARG;
   if (!view_.window()) return E_UNEXPECTED;
+  view_.follow_density();
   place(*wanted, clip ? *clip : *wanted);
   return S_OK;
 }
@@ -150,8 +157,10 @@ STDMETHODIMP LPctrlObject::SetObjectRects(LPCRECT wanted, LPCRECT clip) {
 STDMETHODIMP LPctrlObject::TranslateAccelerator(MSG* message) {
   if (!message) return E_POINTER;
   const ComPtr<ILPctrl> alive(this);
+  HWND const window = view_.window();
+  const bool is_ours = window && (message->hwnd == window || IsChild(window, message->hwnd));
   const bool presses = message->message == WM_KEYDOWN || message->message == WM_SYSKEYDOWN;
-  return presses && view_.window() && view_.key_pressed(*message) ? S_OK : S_FALSE;
+  return is_ours && presses && view_.key_pressed(*message) ? S_OK : S_FALSE;
 }
 
 // ---- ViewSite
@@ -162,8 +171,12 @@ void LPctrlObject::focus_changed(bool has_focus) {
     site->OnFocus(has_focus);
 }
 
+// The frame that was stopped goes on, also where the control has left it meanwhile.
 void LPctrlObject::enable_modeless(bool enabled) {
-  if (frame_) frame_->EnableModeless(enabled);
+  if (!enabled) stopped_.push_back(frame_);
+  const ComPtr<IOleInPlaceFrame> frame = stopped_.back();
+  if (enabled) stopped_.pop_back();
+  if (frame) frame->EnableModeless(enabled);
 }
 
 bool LPctrlObject::pass_on(const MSG& key) {

@@ -11,10 +11,7 @@ namespace {
 
 // The interface's registry text; nothing for no interface.
 std::optional<std::string> registry_text(const IID* id) {
-  wchar_t text[40]{};
-  if (!id) return std::nullopt;
-  StringFromGUID2(*id, text, static_cast<int>(std::size(text)));
-  return narrow(text);
+  return id ? std::optional(narrow(text_of(*id))) : std::nullopt;
 }
 
 HRESULT result_of(SafetyAnswer answer) {
@@ -54,12 +51,14 @@ LPctrlObject::LPctrlObject()
 }
 
 LPctrlObject::~LPctrlObject() {
-  ++references_;  // the container may count while it is told
-  InPlaceDeactivate();
+  if (accelerators_) DestroyAcceleratorTable(accelerators_);
+}
+
+void LPctrlObject::retire() {
   host().abandon(control_);
+  InPlaceDeactivate();
   control_.UserControl_Terminate();
   view_.detach();
-  if (accelerators_) DestroyAcceleratorTable(accelerators_);
 }
 
 Result<> LPctrlObject::reported() {
@@ -104,9 +103,13 @@ STDMETHODIMP_(ULONG) LPctrlObject::AddRef() {
 }
 
 STDMETHODIMP_(ULONG) LPctrlObject::Release() {
-  const ULONG left = --references_;
-  if (left == 0) delete this;
-  return left;
+  if (--references_ != 0) return references_;
+  ++references_;  // the container may count while it is told
+  host().after_event([this] {
+    retire();
+    host().bury({this, [](LPctrlObject* gone) { delete gone; }});
+  });
+  return 0;
 }
 
 // ---- IConnectionPointContainer

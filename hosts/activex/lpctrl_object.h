@@ -16,6 +16,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "control/LPctrl.h"
 #include "hosts/activex/com.h"
@@ -162,6 +163,8 @@ class LPctrlObject final : public ILPctrl,
 
   WindowsHost& host() const { return library().host; }
 
+  // Ends what the control does, and lets go of the container.
+  void retire();
   // Does what a script asks for, and answers what went wrong in it.
   template <class Act>
   Result<> run(Act act) {
@@ -217,6 +220,7 @@ class LPctrlObject final : public ILPctrl,
   ComPtr<IOleInPlaceSite> in_place_site_;  // while it is active in place
   ComPtr<IOleInPlaceFrame> frame_;
   ComPtr<IOleInPlaceUIWindow> document_;
+  std::vector<ComPtr<IOleInPlaceFrame>> stopped_;  // one for each form or dialog that is open
   ComPtr<IOleAdviseHolder> advised_;
   ComPtr<ITypeInfo> own_type_;
   ComPtr<IAdviseSink> picture_sink_;

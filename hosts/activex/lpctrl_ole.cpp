@@ -1,26 +1,29 @@
 // The control as an object on a container's form, and as a control among others there.
 #include <cmath>
-#include <iterator>
+#include <vector>
 
 #include "hosts/activex/lpctrl_object.h"
+#include "platform/captions.h"
 
 namespace tabulon::activex {
 
 namespace {
-
-// With Alt, each opens a menu of the control.
-constexpr WORD menu_letters[] = {'B', 'W', 'O', 'H'};
 
 // Twips to hundredths of a millimetre.
 LONG himetric(platform::Twips twips) {
   return std::lround(twips * 2540 / 1440);
 }
 
-HACCEL make_accelerators() {
-  ACCEL keys[std::size(menu_letters)]{};
-  for (std::size_t at = 0; at < std::size(keys); ++at)
-    keys[at] = {FALT | FVIRTKEY, menu_letters[at], static_cast<WORD>(at)};
-  return CreateAcceleratorTableW(keys, static_cast<int>(std::size(keys)));
+// With Alt, each letter opens the menu of a button.
+std::vector<ACCEL> menu_keys(const platform::Surface& surface) {
+  std::vector<ACCEL> keys;
+  for (const platform::Control* control : surface.controls()) {
+    const bool is_menu_button = control->kind() == platform::Kind::CommandButton && !control->container();
+    const int letter = is_menu_button ? platform::access_key(control->text()) : 0;
+    if (letter != 0)
+      keys.push_back({FALT | FVIRTKEY, static_cast<WORD>(letter), static_cast<WORD>(keys.size())});
+  }
+  return keys;
 }
 
 }  // namespace
@@ -41,6 +44,7 @@ STDMETHODIMP LPctrlObject::GetClientSite(IOleClientSite** out) {
 // The control has nothing to save.
 STDMETHODIMP LPctrlObject::Close(DWORD) {
   const ComPtr<ILPctrl> alive(this);
+  host().after_event([this, alive] { host().abandon(control_); });
   InPlaceDeactivate();
   if (advised_) advised_->SendOnClose();
   return S_OK;
@@ -124,10 +128,13 @@ STDMETHODIMP LPctrlObject::GetMiscStatus(DWORD, DWORD* status) {
 // ---- IOleControl
 
 STDMETHODIMP LPctrlObject::GetControlInfo(CONTROLINFO* info) {
-  if (!info || info->cb < sizeof *info) return E_POINTER;
-  if (!accelerators_) accelerators_ = make_accelerators();
+  if (!info) return E_POINTER;
+  if (info->cb < sizeof *info) return E_INVALIDARG;
+  std::vector<ACCEL> keys = menu_keys(control_);
+  const auto count = static_cast<int>(keys.size());
+  if (!accelerators_) accelerators_ = CreateAcceleratorTableW(keys.data(), count);
   info->hAccel = accelerators_;
-  info->cAccel = std::size(menu_letters);
+  info->cAccel = static_cast<USHORT>(count);
   info->dwFlags = 0;
   return S_OK;
 }

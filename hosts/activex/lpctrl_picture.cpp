@@ -19,6 +19,7 @@ class Clipped {
         kind == OBJ_METADC || kind == OBJ_ENHMETADC;  // whoever plays it says what a unit is
     if (!is_record) {
       LPtoDP(dc, reinterpret_cast<POINT*>(&box), 2);
+      ModifyWorldTransform(dc, nullptr, MWT_IDENTITY);
       SetMapMode(dc, MM_TEXT);
       SetWindowOrgEx(dc, 0, 0, nullptr);
       SetViewportOrgEx(dc, 0, 0, nullptr);
@@ -45,7 +46,8 @@ STDMETHODIMP LPctrlObject::Draw(DWORD aspect, LONG, void*, DVTARGETDEVICE*, HDC,
   const Clipped clipped(dc, box);
   // As large as the box is wide.
   const auto dpi = static_cast<int>(std::lround((box.right - box.left) * 1440 / LPctrl::fixed_width));
-  if (dpi > 0) Painter(dc, host().fonts(), dpi).surface(control_, {box.left, box.top});
+  Fonts fonts;  // for this size, which may never come again
+  if (dpi > 0) Painter(dc, fonts, dpi).surface(control_, {box.left, box.top});
   return S_OK;
 }
 

@@ -1,8 +1,8 @@
 // What the control's windows answer to who asks for their names: a screen reader's script, a test.
 //
-//   wchar_t name[64];
-//   SendMessageW(window, name_message(), std::size(name), reinterpret_cast<LPARAM>(name));   //
-//   L"txtTableau[3]"
+//   std::wstring name;
+//   while (const auto letter = SendMessageW(window, name_message(), name.size(), 0))
+//     name += static_cast<wchar_t>(letter);   // L"txtTableau[3]"
 #pragma once
 
 #include <windows.h>
@@ -14,7 +14,8 @@ inline constexpr wchar_t surface_class[] = L"TabulonSurface";
 inline constexpr wchar_t form_class[] = L"TabulonForm";
 inline constexpr wchar_t pane_class[] = L"TabulonPane";
 
-// wParam: the room at lParam, in characters. The answer is the name's length.
+// wParam: a place in the name, from 0. The answer is the character there, 0 behind the last: who asks may be
+// another process, so that no answer can be written into its memory.
 inline UINT name_message() {
   static const UINT message = RegisterWindowMessageW(L"Tabulon.Name");
   return message;

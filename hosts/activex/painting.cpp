@@ -100,6 +100,21 @@ std::string lines_of(std::string text) {
   return text;
 }
 
+// What is chosen for a light ground, or a dark one, is read on it whatever colours the person's system has.
+COLORREF ink_on(Colour ink, Colour ground) {
+  if (!ink.is_system() || ground.is_system() || is_transparent(ground)) return colour_ref(ink);
+  if (ink == system_colour::grey_text) return colour_ref(ink);
+  const COLORREF back = colour_ref(ground);
+  const int brightness = 299 * GetRValue(back) + 587 * GetGValue(back) + 114 * GetBValue(back);
+  return brightness > 128 * 1000 ? RGB(0, 0, 0) : RGB(255, 255, 255);
+}
+
+// What shows where a control has nothing of its own.
+COLORREF ground_of(const Control& control) {
+  const Colour back = control.back_colour();
+  return is_transparent(back) ? ground_behind(control) : colour_ref(back);
+}
+
 // Selects what it is given for as long as it lives.
 class Selected {
  public:
@@ -147,7 +162,7 @@ COLORREF ground_behind(const Control& control) {
 
 HBRUSH ground_brush(HDC dc, const Control& control) {
   const Colour back = control.back_colour();
-  SetTextColor(dc, colour_ref(control.fore_colour()));
+  SetTextColor(dc, ink_on(control.fore_colour(), back));
   if (is_transparent(back)) {
     SetBkMode(dc, TRANSPARENT);
     return static_cast<HBRUSH>(GetStockObject(NULL_BRUSH));
@@ -184,9 +199,10 @@ void Painter::words(const std::string& text, RECT box, const Letters& letters, C
 // ---- Controls
 
 void Painter::label(const Control& label, const RECT& box) const {
-  fill(box, is_transparent(label.back_colour()) ? ground_behind(label) : colour_ref(label.back_colour()));
+  fill(box, ground_of(label));
   const UINT layout = label.letters().wraps ? DT_WORDBREAK : DT_SINGLELINE | DT_VCENTER;
-  const COLORREF ink = colour_ref(label.enabled() ? label.fore_colour() : system_colour::grey_text);
+  const COLORREF ink =
+      ink_on(label.enabled() ? label.fore_colour() : system_colour::grey_text, label.back_colour());
   words(label.letters().wraps ? lines_of(label.text()) : label.text(), box, label.letters(), ink,
         layout | DT_NOPREFIX | alignment(label.letters()));
 }
@@ -217,10 +233,11 @@ void Painter::button(const Control& button, const RECT& box, ButtonState state) 
 
 // Rough ground to take hold of.
 void Painter::dots(const RECT& box) const {
+  const COLORREF colour = palette().grip_dot;
   const int step = 5 * hair();
   for (int y = box.top + step; y < box.bottom - step / 2; y += step)
     for (int x = box.left + step; x < box.right - step / 2; x += step)
-      fill({x, y, x + hair(), y + hair()}, palette().grip_dot);
+      fill({x, y, x + hair(), y + hair()}, colour);
 }
 
 void Painter::box_edge(const TextBox& box, const RECT& bounds, bool focused) const {
@@ -233,7 +250,8 @@ void Painter::box_edge(const TextBox& box, const RECT& bounds, bool focused) con
 void Painter::text_box(const TextBox& box, const RECT& bounds) const {
   box_edge(box, bounds, false);
   const RECT inside{bounds.left + 5 * hair(), bounds.top, bounds.right - 5 * hair(), bounds.bottom};
-  const COLORREF ink = colour_ref(box.enabled() ? box.fore_colour() : system_colour::grey_text);
+  const COLORREF ink =
+      ink_on(box.enabled() ? box.fore_colour() : system_colour::grey_text, box.back_colour());
   words(box.text(), inside, box.letters(), ink,
         DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | alignment(box.letters()));
 }
@@ -253,7 +271,7 @@ void Painter::scroll_bar(const ScrollBar& bar, RECT box) const {
 }
 
 void Painter::frame(const Control& frame, const RECT& box) const {
-  fill(box, is_transparent(frame.back_colour()) ? ground_behind(frame) : colour_ref(frame.back_colour()));
+  fill(box, ground_of(frame));
   if (frame.text().empty()) return;
   outline(box, palette().button_edge, hair());
   const RECT caption{box.left + 8 * hair(), box.top + 2 * hair(), box.right, box.bottom};
@@ -261,8 +279,7 @@ void Painter::frame(const Control& frame, const RECT& box) const {
 }
 
 void Painter::picture_box(const PictureBox& picture, const RECT& box, bool focused) const {
-  fill(box,
-       is_transparent(picture.back_colour()) ? ground_behind(picture) : colour_ref(picture.back_colour()));
+  fill(box, ground_of(picture));
   paint_drawing(dc_, box, picture.scale(), picture.drawing(), fonts_.of(picture.letters(), dpi_), dpi_);
   outline(box, focused ? palette().accent : palette().edge, focused ? 2 * hair() : hair());
 }

@@ -17,13 +17,19 @@ constexpr GUID name_property = {0x608d3df8, 0x8128, 0x4aa7, {0xa4, 0x28, 0xf5, 0
 }  // namespace
 
 void ReaderNames::set(HWND window, std::string_view words) {
-  if (words.empty()) return;
+  if (words.empty()) return forget(window);
   if (!std::exchange(asked_, true))
     CoCreateInstance(service_class, nullptr, CLSCTX_INPROC_SERVER, service_interface,
                      reinterpret_cast<void**>(&service_));
-  if (service_)
-    service_->SetHwndPropStr(window, static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF, name_property,
-                             wide(words).c_str());
+  if (!service_) return;
+  service_->SetHwndPropStr(window, static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF, name_property,
+                           wide(words).c_str());
+  named_.insert(window);
+}
+
+void ReaderNames::forget(HWND window) {
+  if (named_.erase(window) != 0)
+    service_->ClearHwndProps(window, static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF, &name_property, 1);
 }
 
 }  // namespace tabulon::activex

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "hosts/activex/com.h"
 #include "hosts/activex/library.h"
 #include "hosts/activex/lpctrl_object.h"
 
@@ -28,12 +29,6 @@ constexpr const wchar_t* categories[] = {L"{40FC6ED4-2438-11CF-A3DB-080036F12502
 constexpr bool is_64_bit = sizeof(void*) == 8;
 constexpr const wchar_t* own_size = is_64_bit ? L"win64" : L"win32";
 constexpr const wchar_t* other_size = is_64_bit ? L"win32" : L"win64";
-
-std::wstring text_of(REFGUID id) {
-  wchar_t text[40]{};
-  StringFromGUID2(id, text, static_cast<int>(std::size(text)));
-  return text;
-}
 
 std::wstring class_key() {
   return L"CLSID\\" + text_of(CLSID_LPctrl);

@@ -1,12 +1,13 @@
 #include "hosts/activex/surface_view.h"
 
 #include <olectl.h>
-#include <windowsx.h>
 
 #include <algorithm>
 #include <iterator>
+#include <optional>
 #include <utility>
 
+#include "hosts/activex/library.h"
 #include "hosts/activex/names.h"
 #include "hosts/activex/painting.h"
 #include "hosts/activex/text.h"
@@ -18,6 +19,13 @@ namespace tabulon::activex {
 using namespace platform;
 
 namespace {
+
+// A function that the older systems do not have; null there.
+template <class Function>
+Function function_of_user(const char* name) {
+  return reinterpret_cast<Function>(
+      reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"user32.dll"), name)));
+}
 
 constexpr UINT dpi_changed = 0x02E0, dpi_changed_after_parent = 0x02E3;
 constexpr DWORD form_style = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
@@ -54,10 +62,6 @@ void drop_characters(HWND window) {
   }
 }
 
-POINT point_of(LPARAM where) {
-  return {GET_X_LPARAM(where), GET_Y_LPARAM(where)};
-}
-
 // The place nearest to the wanted one that is on the screen.
 RECT within_screen(RECT place, HWND near_to) {
   MONITORINFO monitor{};
@@ -67,6 +71,14 @@ RECT within_screen(RECT place, HWND near_to) {
   OffsetRect(&place, std::min(0L, screen.right - place.right), std::min(0L, screen.bottom - place.bottom));
   OffsetRect(&place, std::max(0L, screen.left - place.left), std::max(0L, screen.top - place.top));
   return place;
+}
+
+// From a form's inside to its bounds, at this density.
+void add_frame(RECT& place, int dpi) {
+  using AdjustForDpi = BOOL(WINAPI*)(LPRECT, DWORD, BOOL, DWORD, UINT);
+  static const auto adjust_for_dpi = function_of_user<AdjustForDpi>("AdjustWindowRectExForDpi");
+  if (!adjust_for_dpi || !adjust_for_dpi(&place, form_style, FALSE, form_extended, static_cast<UINT>(dpi)))
+    AdjustWindowRectEx(&place, form_style, FALSE, form_extended);
 }
 
 const wchar_t* cursor_of(const Control* control) {
@@ -84,8 +96,7 @@ bool is_same(const MSG& one, const MSG& other) {
 
 int dpi_of(HWND window) {
   using GetDpi = UINT(WINAPI*)(HWND);
-  static const auto get_dpi = reinterpret_cast<GetDpi>(
-      reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"user32.dll"), "GetDpiForWindow")));
+  static const auto get_dpi = function_of_user<GetDpi>("GetDpiForWindow");
   if (window && get_dpi)
     if (const UINT dpi = get_dpi(window)) return static_cast<int>(dpi);
   HDC const screen = GetDC(nullptr);
@@ -111,9 +122,9 @@ SIZE SurfaceView::size() const {
 }
 
 bool SurfaceView::create(const wchar_t* window_class, DWORD style, const RECT& place, HWND parent) {
-  window_ = CreateWindowExW(parent == owner_ ? form_extended : 0, window_class, nullptr, style, place.left,
+  window_ = CreateWindowExW(surface_->is_form() ? form_extended : 0, window_class, nullptr, style, place.left,
                             place.top, place.right - place.left, place.bottom - place.top, parent, nullptr,
-                            nullptr, nullptr);
+                            library().module, nullptr);
   if (!window_) return false;
   SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
   create_controls();
@@ -133,7 +144,7 @@ bool SurfaceView::open_form(HWND owner, HWND over) {
   dpi_ = dpi_of(over);
   const auto [width, height] = size();
   RECT place{0, 0, width, height}, around{};
-  AdjustWindowRectEx(&place, form_style, FALSE, form_extended);
+  add_frame(place, dpi_);
   GetWindowRect(over ? over : GetDesktopWindow(), &around);
   OffsetRect(&place, (around.left + around.right - place.left - place.right) / 2,
              (around.top + around.bottom - place.top - place.bottom) / 2);
@@ -143,7 +154,7 @@ bool SurfaceView::open_form(HWND owner, HWND over) {
 void SurfaceView::show_form() {
   if (!window_ || IsWindowVisible(window_)) return;
   if (HWND const holder = GetCapture()) SendMessageW(holder, WM_CANCELMODE, 0, 0);
-  if (owner_) EnableWindow(owner_, FALSE);
+  stopped_owner_ = owner_ && !EnableWindow(owner_, FALSE);
   ShowWindow(window_, SW_SHOW);
 }
 
@@ -153,19 +164,19 @@ void SurfaceView::detach() {
     if (control) control->forget_control();
   if (!window_ || (GetWindowLongW(window_, GWL_STYLE) & WS_CHILD)) return;
   // The owner first: a window that disappears gives the keyboard to one that takes it.
-  if (owner_) EnableWindow(owner_, TRUE);
+  if (std::exchange(stopped_owner_, false)) EnableWindow(owner_, TRUE);
   if (owner_ && GetActiveWindow() == window_) SetActiveWindow(owner_);
   ShowWindow(window_, SW_HIDE);
 }
 
 void SurfaceView::close() {
+  tool_tips_.close();
   if (HWND const window = std::exchange(window_, nullptr)) {
     SetWindowLongPtrW(window, GWLP_USERDATA, 0);
     DestroyWindow(window);
   }
   hot_ = nullptr;
-  controls_.clear();
-  tool_tips_.forget();
+  host_.bury(std::make_shared<decltype(controls_)>(std::exchange(controls_, {})));
 }
 
 void SurfaceView::create_controls() {
@@ -197,7 +208,7 @@ void SurfaceView::mirror() {
       mirror_line(*control);
     }
   }
-  if (!surface_->is_form()) return;
+  if (!surface_->is_form()) return site_.picture_changed();
   const std::wstring caption = wide(static_cast<const Form&>(*surface_).caption());
   if (window_text(window_) != caption) SetWindowTextW(window_, caption.c_str());
 }
@@ -228,14 +239,21 @@ void SurfaceView::focus_active() {
   if (view && view->window()) view->select_if_wanted();
 }
 
-void SurfaceView::density_changed() {
+// The system suggests a place to windows that stand on no other.
+void SurfaceView::density_changed(const RECT* suggested) {
   dpi_ = dpi_of(window_);
   RECT place{0, 0, size().cx, size().cy};
-  if (is_form()) AdjustWindowRectEx(&place, form_style, FALSE, form_extended);
-  SetWindowPos(window_, nullptr, 0, 0, place.right - place.left, place.bottom - place.top,
-               SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+  if (surface_->is_form()) add_frame(place, dpi_);
+  const POINT at = suggested ? POINT{suggested->left, suggested->top} : POINT{};
+  SetWindowPos(window_, nullptr, at.x, at.y, place.right - place.left, place.bottom - place.top,
+               SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS | (suggested ? 0 : SWP_NOMOVE));
   for (const auto& view : controls_)
     if (view) view->density_changed();
+  RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+}
+
+void SurfaceView::follow_density() {
+  if (dpi_of(window_) != dpi_) density_changed(nullptr);
 }
 
 void SurfaceView::paint() {
@@ -268,10 +286,12 @@ bool SurfaceView::key_pressed(const MSG& key) {
   return used || leave_by_tab(key);
 }
 
+// What is pressed on a form is no event of the control.
 bool SurfaceView::offer(const MSG& pressed) {
   const int held = held_keys();
-  const int code =
-      site_.fire_key(DISPID_KEYDOWN, static_cast<short>(pressed.wParam), static_cast<short>(held));
+  int code = static_cast<int>(pressed.wParam);
+  if (!surface_->is_form())
+    code = site_.fire_key(DISPID_KEYDOWN, static_cast<short>(code), static_cast<short>(held));
   if (code == 0 || !surface_) return true;
   if (!is_known(code)) return false;
   const bool used =
@@ -280,15 +300,18 @@ bool SurfaceView::offer(const MSG& pressed) {
   return used;
 }
 
-bool SurfaceView::key_released(const MSG& key) {
+bool SurfaceView::key_released(MSG& key) {
+  if (!surface_) return false;
+  refused_ = {};
   const auto code = static_cast<short>(key.wParam);
   if (key.message != WM_CHAR) {
-    site_.fire_key(DISPID_KEYUP, code, static_cast<short>(held_keys()));
+    if (!surface_->is_form()) site_.fire_key(DISPID_KEYUP, code, static_cast<short>(held_keys()));
     return key.wParam == VK_MENU && std::exchange(alt_used_, false);
   }
   // A box of one line would only beep at these.
   if (code == VK_TAB || code == VK_RETURN || code == VK_ESCAPE) return true;
-  return site_.fire_key(DISPID_KEYPRESS, code, 0) == 0;
+  if (!surface_->is_form()) key.wParam = static_cast<WORD>(site_.fire_key(DISPID_KEYPRESS, code, 0));
+  return key.wParam == 0;
 }
 
 // Out of the control, to what stands before or behind it in its container.
@@ -326,45 +349,47 @@ void SurfaceView::mouse_pressed() {
 
 // ---- Scroll bars
 
+namespace {
+
+// Where the thumb of a bar is dragged to.
+int dragged_to(HWND window, const ScrollBar& bar) {
+  SCROLLINFO info{};
+  info.cbSize = sizeof info;
+  info.fMask = SIF_TRACKPOS;
+  GetScrollInfo(window, SB_CTL, &info);
+  return bar.min() > bar.max() ? -info.nTrackPos : info.nTrackPos;
+}
+
+std::optional<int> value_after(int code, HWND window, const ScrollBar& bar) {
+  switch (code) {
+    case SB_LINEUP:
+      return bar.stepped(-bar.small_change());
+    case SB_LINEDOWN:
+      return bar.stepped(bar.small_change());
+    case SB_PAGEUP:
+      return bar.stepped(-bar.large_change());
+    case SB_PAGEDOWN:
+      return bar.stepped(bar.large_change());
+    case SB_TOP:
+      return bar.min();
+    case SB_BOTTOM:
+      return bar.max();
+    case SB_THUMBTRACK:
+    case SB_THUMBPOSITION:
+      return dragged_to(window, bar);
+    default:
+      return std::nullopt;
+  }
+}
+
+}  // namespace
+
 void SurfaceView::scroll(HWND window, int code) {
   const ControlView* const view = window ? ControlView::of(window) : nullptr;
   if (!view || !view->control()) return;
   auto& bar = static_cast<ScrollBar&>(*view->control());
-  SCROLLINFO info{};
-  info.cbSize = sizeof info;
-  info.fMask = SIF_TRACKPOS;
-  const auto dragged_to = [&] {
-    GetScrollInfo(window, SB_CTL, &info);
-    return bar.min() > bar.max() ? -info.nTrackPos : info.nTrackPos;
-  };
-  int value = bar.value();
-  switch (code) {
-    case SB_LINEUP:
-      value = bar.stepped(-bar.small_change());
-      break;
-    case SB_LINEDOWN:
-      value = bar.stepped(bar.small_change());
-      break;
-    case SB_PAGEUP:
-      value = bar.stepped(-bar.large_change());
-      break;
-    case SB_PAGEDOWN:
-      value = bar.stepped(bar.large_change());
-      break;
-    case SB_TOP:
-      value = bar.min();
-      break;
-    case SB_BOTTOM:
-      value = bar.max();
-      break;
-    case SB_THUMBTRACK:
-    case SB_THUMBPOSITION:
-      value = dragged_to();
-      break;
-    default:
-      return;
-  }
-  host_.handle([&] { host_.desk().scroll(bar, value, code == SB_THUMBTRACK); });
+  if (const auto value = value_after(code, window, bar))
+    host_.handle([&] { host_.desk().scroll(bar, *value, code == SB_THUMBTRACK); });
 }
 
 // ---- Messages
@@ -372,57 +397,46 @@ void SurfaceView::scroll(HWND window, int code) {
 LRESULT CALLBACK SurfaceView::procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
   auto* const view = reinterpret_cast<SurfaceView*>(GetWindowLongPtrW(window, GWLP_USERDATA));
   if (!view) return DefWindowProcW(window, message, wparam, lparam);
+  const WindowsHost::OnStack on_stack(view->host_);
   if (message != WM_NCDESTROY) return view->handle(message, wparam, lparam);
   SetWindowLongPtrW(window, GWLP_USERDATA, 0);
   view->window_ = nullptr;
+  view->tool_tips_.close();
+  view->give_up_form();
   return DefWindowProcW(window, message, wparam, lparam);
 }
 
+// A form that goes with its owner, and nobody has answered it: whoever waits for it waits in vain.
+void SurfaceView::give_up_form() {
+  if (!surface_ || !surface_->is_form()) return;
+  Surface& opener = static_cast<Form&>(*surface_).owner();
+  host_.after_event([&host = host_, &opener] { host.abandon(opener); });
+}
+
 LRESULT SurfaceView::handle(UINT message, WPARAM wparam, LPARAM lparam) {
-  const auto otherwise = [&] { return DefWindowProcW(window_, message, wparam, lparam); };
-  HWND const child = reinterpret_cast<HWND>(lparam);
-  if (message == name_message()) return surface_ ? answer_text(surface_->name(), wparam, lparam) : 0;
+  if (message == name_message()) return surface_ ? answer_text(surface_->name(), wparam) : 0;
   if (message == busy_message()) return busy_;
+  if (!surface_) return DefWindowProcW(window_, message, wparam, lparam);
   switch (message) {
     case WM_ERASEBKGND:
       return TRUE;
     case WM_PAINT:
       paint();
       return 0;
-    case WM_CTLCOLOREDIT:
-    case WM_CTLCOLORSTATIC:
-    case WM_CTLCOLORBTN:
-      if (const ControlView* const view = ControlView::of(child); view && view->control())
-        return reinterpret_cast<LRESULT>(ground_brush(reinterpret_cast<HDC>(wparam), *view->control()));
-      return otherwise();
-    case WM_COMMAND:
-      if (HIWORD(wparam) == EN_CHANGE && child) ControlView::of(child)->text_changed();
-      return 0;
-    case WM_HSCROLL:
-    case WM_VSCROLL:
-      scroll(child, LOWORD(wparam));
-      return 0;
+    case WM_SETCURSOR:
+      return set_cursor(nullptr) ? TRUE : DefWindowProcW(window_, message, wparam, lparam);
     case WM_SETFOCUS:
       focus_arrived(nullptr);
       return 0;
     case WM_KILLFOCUS:
       focus_left(reinterpret_cast<HWND>(wparam));
       return 0;
-    case WM_KEYDOWN:
-    case WM_SYSKEYDOWN:
-      return key_pressed({window_, message, wparam, lparam, static_cast<DWORD>(GetMessageTime()), {}})
-                 ? 0
-                 : otherwise();
-    case WM_GETDLGCODE:
-      return DLGC_WANTALLKEYS;
-    case WM_SETCURSOR:
-      return set_cursor(nullptr) ? TRUE : otherwise();
     case WM_CLOSE:
-      if (surface_) host_.handle([this] { host_.desk().key(*surface_, {key::escape}); });
+      host_.handle([this] { host_.desk().key(*surface_, {key::escape}); });
       return 0;
     case dpi_changed:
     case dpi_changed_after_parent:
-      if (surface_) density_changed();
+      density_changed(reinterpret_cast<const RECT*>(lparam));
       return 0;
     case WM_LBUTTONDOWN:
     case WM_LBUTTONUP:
@@ -431,9 +445,49 @@ LRESULT SurfaceView::handle(UINT message, WPARAM wparam, LPARAM lparam) {
     case WM_RBUTTONUP:
     case WM_MOUSEMOVE:
       return handle_mouse(message, wparam, lparam);
+    case WM_KEYDOWN:
+    case WM_SYSKEYDOWN:
+    case WM_KEYUP:
+    case WM_SYSKEYUP:
+    case WM_CHAR:
+    case WM_GETDLGCODE:
+      return handle_key(message, wparam, lparam);
     default:
-      return otherwise();
+      return handle_child(message, wparam, lparam);
   }
+}
+
+LRESULT SurfaceView::handle_key(UINT message, WPARAM wparam, LPARAM lparam) {
+  if (message == WM_GETDLGCODE) return DLGC_WANTALLKEYS;
+  const bool presses = message == WM_KEYDOWN || message == WM_SYSKEYDOWN;
+  MSG key{window_, message, wparam, lparam, static_cast<DWORD>(GetMessageTime()), {}};
+  if (presses ? key_pressed(key) : key_released(key)) return 0;
+  return DefWindowProcW(window_, message, wparam, lparam);
+}
+
+// What the windows of the controls tell of themselves, and ask.
+LRESULT SurfaceView::handle_child(UINT message, WPARAM wparam, LPARAM lparam) {
+  HWND const child = reinterpret_cast<HWND>(lparam);
+  switch (message) {
+    case WM_CTLCOLOREDIT:
+    case WM_CTLCOLORSTATIC:
+    case WM_CTLCOLORBTN:
+      if (const ControlView* const view = ControlView::of(child); view && view->control())
+        return reinterpret_cast<LRESULT>(ground_brush(reinterpret_cast<HDC>(wparam), *view->control()));
+      break;
+    case WM_COMMAND:
+      if (ControlView* const view = child ? ControlView::of(child) : nullptr;
+          view && HIWORD(wparam) == EN_CHANGE)
+        view->text_changed();
+      return 0;
+    case WM_HSCROLL:
+    case WM_VSCROLL:
+      scroll(child, LOWORD(wparam));
+      return 0;
+    default:
+      break;
+  }
+  return DefWindowProcW(window_, message, wparam, lparam);
 }
 
 // The ground of the surface. What is disabled lets the pointer through to here; that is no click on the
@@ -470,14 +524,12 @@ WindowClasses::WindowClasses(HINSTANCE module) : module_(module) {
   shape.hInstance = module_;
   shape.hCursor = LoadCursorW(nullptr, IDC_ARROW);
   shape.style = CS_DBLCLKS;
-  // A library's window can be made from any module of the process only if its class is known to all.
-  shape.style |= CS_GLOBALCLASS;
   shape.lpfnWndProc = SurfaceView::procedure;
   for (const wchar_t* const name : {surface_class, form_class}) {
     shape.lpszClassName = name;
     RegisterClassW(&shape);
   }
-  shape.style = CS_GLOBALCLASS;
+  shape.style = 0;
   shape.lpfnWndProc = DefWindowProcW;
   shape.lpszClassName = pane_class;
   RegisterClassW(&shape);

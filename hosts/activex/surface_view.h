@@ -42,7 +42,6 @@ class SurfaceView {
   // The surface is going: nothing of it is touched from now on. A form disappears.
   void detach();
   void close();
-  bool is_form() const { return owner_ != nullptr; }
 
   // ---- What is seen
   void mirror();
@@ -52,6 +51,8 @@ class SurfaceView {
   ControlView* view_of(const platform::Control& control) const;
   // Places what stands in a container again.
   void place_inside(const platform::Control& container);
+  // The window may have come to a screen of another density.
+  void follow_density();
   ToolTips& tool_tips() { return tool_tips_; }
   // The button that the pointer is over; null for none.
   const ControlView* hot() const { return hot_; }
@@ -60,7 +61,8 @@ class SurfaceView {
   // ---- What happens in the windows
   // A key; true when it was used or passed on, and is not to do anything else.
   bool key_pressed(const MSG& key);
-  bool key_released(const MSG& key);  // or a character that came of one
+  // Or a character that came of one; a script may have made it another.
+  bool key_released(MSG& key);
   void focus_arrived(const ControlView* on);
   void focus_left(HWND to);
   // Anywhere: the surface has the focus from now on.
@@ -72,15 +74,18 @@ class SurfaceView {
   friend class WindowClasses;
 
   LRESULT handle(UINT message, WPARAM wparam, LPARAM lparam);
+  LRESULT handle_child(UINT message, WPARAM wparam, LPARAM lparam);
+  LRESULT handle_key(UINT message, WPARAM wparam, LPARAM lparam);
   LRESULT handle_mouse(UINT message, WPARAM wparam, LPARAM lparam);
   bool create(const wchar_t* window_class, DWORD style, const RECT& place, HWND parent);
   void create_controls();
   void mirror_line(const platform::Control& line);
   void paint();
   void scroll(HWND bar, int code);
-  void density_changed();
+  void density_changed(const RECT* suggested);
   bool offer(const MSG& key);
   bool leave_by_tab(const MSG& key);
+  void give_up_form();
 
   WindowsHost& host_;
   platform::Surface* surface_;
@@ -90,6 +95,7 @@ class SurfaceView {
   ControlView* hot_ = nullptr;
   int dpi_ = 96;
   bool busy_ = false, pressed_ = false;
+  bool stopped_owner_ = false;  // it took input before the form was shown
   bool alt_used_ = false;  // Alt was held for a key of ours, so letting it go opens no menu of the container
   MSG refused_{};          // the last key that was of no use here, so that it is offered once
   std::vector<std::unique_ptr<ControlView>> controls_;  // by id; null for menus and lines

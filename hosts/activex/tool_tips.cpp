@@ -3,6 +3,7 @@
 #include <commctrl.h>
 
 #include <string>
+#include <utility>
 
 #include "hosts/activex/text.h"
 
@@ -41,8 +42,8 @@ void ToolTips::set(HWND surface, HWND control, std::string_view text) {
     tools_.insert(control);
 }
 
-void ToolTips::forget() {
-  window_ = nullptr;
+void ToolTips::close() {
+  if (window_) DestroyWindow(std::exchange(window_, nullptr));
   tools_.clear();
 }
 

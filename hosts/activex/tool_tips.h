@@ -17,8 +17,8 @@ class ToolTips {
 
   // What is shown while the pointer rests on `control`, a window below `surface`.
   void set(HWND surface, HWND control, std::string_view text);
-  // The surface's window is going, and takes the tips with it.
-  void forget();
+  // The surface's window is going. The tips belong to the one that it stands in, and would stay.
+  void close();
 
  private:
   HWND window_ = nullptr;

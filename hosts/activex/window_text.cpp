@@ -1,7 +1,5 @@
 #include "hosts/activex/window_text.h"
 
-#include <algorithm>
-
 #include "hosts/activex/text.h"
 
 namespace tabulon::activex {
@@ -12,20 +10,15 @@ std::wstring window_text(HWND window) {
   return text;
 }
 
-LRESULT answer_text(std::string_view text, WPARAM room, LPARAM buffer) {
+LRESULT answer_text(std::string_view text, WPARAM at) {
   const std::wstring answer = wide(text);
-  if (room > 0 && buffer) {
-    const std::size_t copied = std::min<std::size_t>(answer.size(), room - 1);
-    auto* const end = std::copy_n(answer.data(), copied, reinterpret_cast<wchar_t*>(buffer));
-    *end = L'\0';
-  }
-  return static_cast<LRESULT>(answer.size());
+  return at < answer.size() ? answer[at] : 0;
 }
 
-LRESULT answer_name(const platform::Control& control, WPARAM room, LPARAM buffer) {
+LRESULT answer_name(const platform::Control& control, WPARAM at) {
   std::string name(control.name());
   if (control.index() != 0) name += "[" + std::to_string(control.index()) + "]";
-  return answer_text(name, room, buffer);
+  return answer_text(name, at);
 }
 
 }  // namespace tabulon::activex

@@ -13,7 +13,7 @@ namespace tabulon::activex {
 std::wstring window_text(HWND window);
 
 // Answers hosts/activex/names.h's name message: the control's name, with its index: "txtTableau[3]".
-LRESULT answer_name(const platform::Control& control, WPARAM room, LPARAM buffer);
-LRESULT answer_text(std::string_view text, WPARAM room, LPARAM buffer);
+LRESULT answer_name(const platform::Control& control, WPARAM at);
+LRESULT answer_text(std::string_view text, WPARAM at);
 
 }  // namespace tabulon::activex

@@ -5,6 +5,7 @@
 
 #include "hosts/activex/clipboard.h"
 #include "hosts/activex/file_dialog.h"
+#include "hosts/activex/library.h"
 #include "hosts/activex/popup_menu.h"
 #include "hosts/activex/text.h"
 
@@ -19,7 +20,6 @@ constexpr ULONGLONG breath = 100;
 
 // wParam: the ticket. lParam: 1 where what was asked for is refused.
 constexpr UINT answer_message = WM_APP;
-constexpr UINT dispose_message = WM_APP + 1;
 constexpr wchar_t messages_class[] = L"TabulonMessages";
 
 }  // namespace
@@ -29,43 +29,75 @@ WindowsHost::Handling::Handling(WindowsHost& on) : host(on) {
 }
 
 WindowsHost::Handling::~Handling() {
-  if (--host.depth_ == 0) host.afterwards();
+  if (--host.depth_ != 0) return;
+  const OnStack on_stack(host);
+  host.afterwards();
 }
 
 WindowsHost::~WindowsHost() {
-  if (!messages_) return;
-  DestroyWindow(messages_);
-  UnregisterClassW(messages_class, nullptr);
+  rest();
 }
+
+void WindowsHost::rest() {
+  if (!messages_) return;
+  DestroyWindow(std::exchange(messages_, nullptr));
+  UnregisterClassW(messages_class, library().module);
+}
+
+// ---- What is gone
+
+WindowsHost::OnStack::OnStack(WindowsHost& on) : host_(on) {
+  ++host_.on_stack_;
+}
+
+WindowsHost::OnStack::~OnStack() {
+  --host_.on_stack_;
+  host_.empty_graves();
+}
+
+void WindowsHost::bury(std::shared_ptr<void> gone) {
+  buried_.push_back(std::move(gone));
+  empty_graves();
+}
+
+void WindowsHost::empty_graves() {
+  if (on_stack_ == 0 && depth_ == 0) std::exchange(buried_, {}).clear();
+}
+
+void WindowsHost::after_event(std::function<void()> act) {
+  acts_.push_back(std::move(act));
+  if (depth_ == 0) handle([] {});
+}
+
+// ---- Messages of its own
 
 // A window that nobody sees: timers and answers come to it.
 HWND WindowsHost::messages() {
   if (messages_) return messages_;
   WNDCLASSW shape{};
+  shape.hInstance = library().module;
   shape.lpfnWndProc = procedure;
   shape.lpszClassName = messages_class;
   RegisterClassW(&shape);
-  messages_ =
-      CreateWindowExW(0, messages_class, nullptr, 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
+  messages_ = CreateWindowExW(0, messages_class, nullptr, 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
+                              library().module, nullptr);
   SetWindowLongPtrW(messages_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
   return messages_;
 }
 
 LRESULT CALLBACK WindowsHost::procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
   auto* const host = reinterpret_cast<WindowsHost*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-  const bool answers = message == WM_TIMER || message == answer_message;
-  if (!host || (!answers && message != dispose_message))
+  if (!host || (message != WM_TIMER && message != answer_message))
     return DefWindowProcW(window, message, wparam, lparam);
   if (message == WM_TIMER) KillTimer(window, wparam);
-  if (answers)
-    host->handle([&] { host->desk_.answer(static_cast<Ticket>(wparam), lparam ? "refused" : ""); });
-  if (message == dispose_message) host->closed_.clear();
+  host->handle([&] { host->desk_.answer(static_cast<Ticket>(wparam), lparam ? "refused" : ""); });
   return 0;
 }
 
 // ---- After an event
 
 void WindowsHost::afterwards() {
+  for (const auto& act : std::exchange(acts_, {})) act();
   show_focus();
   if (question_) ask_for_file();
   if (menu_ && !tracking_menu_) track_menu();
@@ -94,13 +126,18 @@ void WindowsHost::run_messages_while(Condition condition) {
   loop_runs_ = before;
 }
 
+// A script may call while it is told of an event: what it opens is to be seen, and not when the event has
+// been handled.
 void WindowsHost::wait_for(Surface& surface, Task<> task) {
+  const OnStack on_stack(*this);
+  const int outer = std::exchange(depth_, 0);
   Ticket call = 0;
   handle([&] {
     call = desk_.call(surface, std::move(task));
     if (call != 0) calls_.emplace(call, &surface);
   });
   run_messages_while([&] { return calls_.contains(call); });
+  depth_ = outer;
 }
 
 void WindowsHost::abandon(Surface& surface) {
@@ -168,7 +205,6 @@ void WindowsHost::open_form(Form& form) {
   forms_.push_back(std::move(view));
 }
 
-// A procedure of the form's may be running: its windows go when all have returned.
 void WindowsHost::close_form(Form& form) {
   const auto found = std::ranges::find(forms_, &form, [](const auto& view) { return view->surface(); });
   if (found == forms_.end()) return;
@@ -176,9 +212,9 @@ void WindowsHost::close_form(Form& form) {
   (*found)->detach();
   (*found)->site().enable_modeless(true);
   moves_focus_ = before;
-  closed_.push_back(std::move(*found));
+  std::shared_ptr<SurfaceView> closed = std::move(*found);
   forms_.erase(found);
-  PostMessageW(messages(), dispose_message, 0, 0);
+  bury(std::move(closed));
 }
 
 void WindowsHost::track_menu() {
@@ -205,7 +241,7 @@ void WindowsHost::close_menu() {
 // A page or form may be occupied with something of its own; from that the control does not take the keyboard.
 bool WindowsHost::take_focus(Surface& surface) {
   SurfaceView* const view = view_of(surface);
-  if (!view || !view->window()) return false;
+  if (!view || !view->window() || !IsWindowEnabled(view->window())) return false;
   HWND const focus = GetFocus();
   const bool is_free =
       !focus || focus == view->window() || IsChild(focus, view->window()) || IsChild(view->window(), focus);

@@ -4,6 +4,7 @@
 //   WindowsHost host;
 //   host.handle([&] { host.desk().click(button); });   // every event of the system goes through `handle`
 //   host.wait_for(surface, surface.ShowAboutBox());    // a script's call: returns when the form has closed
+//   host.bury(std::move(view));                        // gone as soon as nothing of it can be running
 //
 // Nothing blocks while a handler runs. What blocks on Windows (a pop-up menu, a file dialog, the message loop
 // of a modal form) begins when the outermost event has been handled, so the control never finds itself
@@ -12,6 +13,7 @@
 
 #include <windows.h>
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -48,6 +50,23 @@ class WindowsHost : public platform::Host {
   void wait_for(platform::Surface& surface, platform::Task<> task);
   // Gives up what the surface does.
   void abandon(platform::Surface& surface);
+  // Acts when no handler runs: now, or when the running one has ended or waits.
+  void after_event(std::function<void()> act);
+
+  // Whoever listens to the control may close it or let it go while its own windows tell of something. So what
+  // is gone is kept until no function of the library runs any more but those that say so here.
+  class OnStack {
+   public:
+    explicit OnStack(WindowsHost& on);
+    OnStack(const OnStack&) = delete;
+    ~OnStack();
+
+   private:
+    WindowsHost& host_;
+  };
+  void bury(std::shared_ptr<void> gone);
+  // Nobody uses the library any more; it may be unloaded from any thread.
+  void rest();
 
   // ---- Views
   void add(SurfaceView& view) { views_.push_back(&view); }
@@ -105,6 +124,7 @@ class WindowsHost : public platform::Host {
   void show_focus();
   void track_menu();
   void ask_for_file();
+  void empty_graves();
   template <class Condition>
   void run_messages_while(Condition condition);
 
@@ -113,7 +133,8 @@ class WindowsHost : public platform::Host {
   WindowsFiles files_;
   std::vector<SurfaceView*> views_;
   std::vector<std::unique_ptr<SurfaceView>> forms_;
-  std::vector<std::unique_ptr<SurfaceView>> closed_;  // until no procedure of theirs runs any more
+  std::vector<std::function<void()>> acts_;  // for when the running handler has ended
+  std::vector<std::shared_ptr<void>> buried_;
   SurfaceView* focused_ = nullptr;
   const SurfaceView* key_pressed_on_ = nullptr;
   const platform::MenuSession* menu_ = nullptr;
@@ -123,7 +144,8 @@ class WindowsHost : public platform::Host {
   std::optional<RunTimeError> error_;
   HWND messages_ = nullptr;
   ULONGLONG entered_ = 0;
-  int depth_ = 0;
+  int depth_ = 0;     // of handlers
+  int on_stack_ = 0;  // functions that want what is gone to be kept
   bool loop_runs_ = false;
   bool moves_focus_ = false;
   platform::Desk desk_{*this};  // last: tasks that still wait close their forms here when they go

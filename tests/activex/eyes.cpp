@@ -35,14 +35,10 @@ LRESULT ask(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
              : 0;
 }
 
-std::string asked_text(HWND window, UINT message) {
-  std::array<wchar_t, 2048> text{};
-  const LRESULT length = ask(window, message, text.size(), reinterpret_cast<LPARAM>(text.data()));
-  return narrow({text.data(), static_cast<std::size_t>(std::clamp<LRESULT>(length, 0, text.size() - 1))});
-}
-
 std::string text_of(HWND window) {
-  return asked_text(window, WM_GETTEXT);
+  std::array<wchar_t, 2048> text{};
+  const LRESULT length = ask(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
+  return narrow({text.data(), static_cast<std::size_t>(std::clamp<LRESULT>(length, 0, text.size() - 1))});
 }
 
 std::wstring class_of(HWND window) {
@@ -293,7 +289,10 @@ std::string Eyes::tip_of(HWND window, HWND ground) const {
 // A window keeps its name.
 const std::string& Eyes::name_of(HWND window) const {
   const auto [known, is_new] = names_.try_emplace(window);
-  if (is_new) known->second = asked_text(window, name_message());
+  std::wstring name;
+  while (const LRESULT letter = is_new ? ask(window, name_message(), name.size(), 0) : 0)
+    name += static_cast<wchar_t>(letter);
+  if (is_new) known->second = narrow(name);
   return known->second;
 }
 
