@@ -1,5 +1,4 @@
-// Plays a scenario on the control in a container, by keys and mouse, and notes what is not as the scenario
-// says.
+// Plays a scenario on the control in a container, by keys and mouse.
 //
 //   Container container({});
 //   Person person(container.thread());
@@ -21,13 +20,12 @@
 #include "container.h"
 #include "eyes.h"
 #include "person.h"
-#include "tests/scenarios/scenario.h"
+#include "tests/scenarios/interpreter.h"
 
 namespace tabulon::activex {
 
-class ComPlayer {
+class ComPlayer final : public scenarios::Interpreter {
  public:
-  using Command = scenarios::Command;
   struct Options {
     // What each dump must be, by its label.
     std::map<std::string, std::string, std::less<>> dumps;
@@ -41,77 +39,44 @@ class ComPlayer {
 
   ComPlayer(Container& container, Person& person, Options options);
 
-  void play(const Command& command);
-  // After the last command: an error that nobody looked at is a failure.
-  void end();
-  const std::vector<std::string>& failures() const { return failures_; }
-
  private:
-  // What is not as it must be.
-  struct Failure {
-    std::string what;
-  };
-  using Handler = void (ComPlayer::*)(const Command&);
-  struct Entry {
-    std::string_view word;
-    Handler run;
-  };
-  struct State {
-    std::string_view word;
-    bool (*holds)(const Seen&);
-  };
-  struct Named {
-    std::string name;
-    int index;
-    std::size_t next;  // the word after the name and the index
-    std::string called() const { return index == 0 ? name : name + " " + std::to_string(index); }
-  };
-  static const Entry entries[];
-  static const Entry seen_entries[];
-  static const State states[];
+  using Named = scenarios::Named;
 
-  void run(const Command& command);
-  void settle();
-  void expect_no_error();
-  // Until `check` fails no more, or patience ends.
-  void eventually(const std::function<void()>& check);
+  void parameter(const std::string& name, const std::string& text) override;
+  void show() override;
+  void click(const Named& what) override;
+  void choose(const std::string& name) override;
+  void hover(const std::string& name) override;
+  void press(const platform::KeyPress& key) override;
+  void type(const std::string& text) override;
+  void script(const std::string& property, const PropertyValue& value) override;
+  void call(const std::string& method, const std::string& file) override;
+  void wait(int seconds) override;
+  void scroll(const Named& bar, Step step, bool forward) override;
+  void scroll_to(const Named& bar, int value) override;
+  void drag(const Named& what, int right, int down) override;
+  void save_as(const std::string& name) override;
+  void open_file(const std::string& name, const std::string& bytes) override;
+  void cancel_file() override;
+  void dump(const std::string& label) override;
+  void settle() override;
+
+  // A control that was never seen has no window.
+  bool is_shown(const Named& what) override;
+  scenarios::Looks look_at(const Named& what) override;
+  std::optional<OpenForm> top_form() override;
+  std::vector<std::string> open_menus() override;
+  std::string focus() override;
+  bool is_busy() override;
+  scenarios::Files files() override;
+  void collect_errors() override;
+  void eventually(const std::function<void()>& check) override;
+
   const Eyes& eyes() const;
-
-  Named named(const Command& command, std::size_t at) const;
   // What is shown under that name; a failure when it is not there or not shown.
-  Seen find(const Named& named) const;
-  Seen find_item(const Command& command) const;
-  bool is_shown(const Named& what) const;
-
-  void page(const Command& command);
-  void show(const Command& command);
-  void click(const Command& command);
-  void choose(const Command& command);
-  void hover(const Command& command);
-  void press(const Command& command);
-  void type(const Command& command);
-  void script(const Command& command);
-  void call(const Command& command);
-  void wait(const Command& command);
-  void scroll(const Command& command);
-  void drag(const Command& command);
-  void save(const Command& command);
-  void open(const Command& command);
-  void cancel(const Command& command);
-  void see(const Command& command);
-  void dump(const Command& command);
-
-  void see_no(const Command& command);
-  void see_form(const Command& command);
-  void see_menu(const Command& command);
-  void see_focus(const Command& command);
-  void see_error(const Command& command);
-  void see_busy(const Command& command);
-  void see_idle(const Command& command);
-  void see_file(const Command& command);
-  void see_control(const Command& command);
-
-  void scroll_to(const Named& bar, int value);
+  Seen find(const Named& what) const;
+  Seen find_bar(const Named& what) const;
+  Seen find_item(const std::string& name) const;
   HWND file_dialog();
   void answer_file_dialog(const std::string& name);
   void note(HRESULT answer);
@@ -121,12 +86,8 @@ class ComPlayer {
   Options options_;
   std::optional<Eyes> eyes_;  // once there is something to see
   Container::Parameters parameters_;
-  std::map<std::string, std::string> brought_;  // files to open, by name
   // How the last call of a script ended; shared, because a call may last longer than this player.
   std::shared_ptr<std::optional<HRESULT>> called_;
-  std::optional<int> error_;
-  int last_line_ = 0;
-  std::vector<std::string> failures_;
 };
 
 }  // namespace tabulon::activex
