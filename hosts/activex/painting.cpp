@@ -222,6 +222,9 @@ void Painter::button(const Control& button, const RECT& box, ButtonState state) 
     const int corner = 6 * hair();
     RoundRect(dc_, box.left, box.top, box.right, box.bottom, corner, corner);
   }
+  // What stands at the edge of the control carries a piece of it.
+  if (is_flat && button.bounds().top <= 0)
+    fill({box.left, box.top, box.right, box.top + hair()}, colours.edge);
   if (is_handle(button)) {
     const int side = (box.right - box.left) * 2 / 5;
     dots({box.left, box.top, box.left + side, box.bottom});
