@@ -41,6 +41,20 @@ function(tabulon_script_tests)
     FIXTURES_REQUIRED form RESOURCE_LOCK screen PASS_REGULAR_EXPRESSION "[\r\n]0 failed" LABELS activex)
 endfunction()
 
+# What each file is, what it gives the system, and that it wants nothing but the system.
+function(tabulon_file_test folder format objdump)
+  find_program(objdump_${folder} ${objdump} REQUIRED)
+  set(exports "DllCanUnloadNow.*DllGetClassObject.*DllInstall.*DllRegisterServer.*DllUnregisterServer")
+  add_test(NAME activex.file_${folder}
+    COMMAND ${objdump_${folder}} -p ${PROJECT_SOURCE_DIR}/dist/activex/${folder}/Tabulon.ocx)
+  set_tests_properties(activex.file_${folder} PROPERTIES
+    PASS_REGULAR_EXPRESSION "file format ${format}.*${exports}" LABELS activex)
+  add_test(NAME activex.file_${folder}_stands_alone
+    COMMAND ${objdump_${folder}} -p ${PROJECT_SOURCE_DIR}/dist/activex/${folder}/Tabulon.ocx)
+  set_tests_properties(activex.file_${folder}_stands_alone PROPERTIES
+    FAIL_REGULAR_EXPRESSION "DLL Name: lib" LABELS activex)
+endfunction()
+
 # Asked for its tests when they are run: building needs no Wine that is set up.
 function(tabulon_windows_test_group filter)
   string(MAKE_C_IDENTIFIER "tests${filter}" list)
@@ -79,5 +93,7 @@ function(tabulon_windows_tests)
   tabulon_windows_test_group("${on_screen}" RESOURCE_LOCK screen)
   tabulon_windows_test_group("${registering}" RUN_SERIAL ON)
   tabulon_windows_test_group("-${on_screen}:${registering}")
+  tabulon_file_test(x64 pei-x86-64 x86_64-w64-mingw32-objdump)
+  tabulon_file_test(x86 pei-i386 i686-w64-mingw32-objdump)
   tabulon_script_tests()
 endfunction()

@@ -49,8 +49,8 @@ constexpr std::string_view property_names[] = {"prmNrBeslisVar",
                                                "prmGelijkVglen",
                                                "prmRL"};
 
-bool is_property(DISPID member) {
-  return member >= member::first_property && member <= member::last_property;
+bool is_property(DISPID id) {
+  return id >= member::first_property && id <= member::last_property;
 }
 
 std::string_view name_of(DISPID property) {

@@ -1,6 +1,6 @@
 // A picture of what is on the screen, for whoever wants to look at a test.
 //
-//   save_picture_of(frame, "Z:/tmp/first-tableau.bmp");
+//   save_picture_of(frame, "first-tableau.bmp");
 #pragma once
 
 #include <windows.h>

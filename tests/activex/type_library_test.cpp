@@ -1,4 +1,6 @@
 // The type library: what a development tool knows of the control.
+#include <filesystem>
+
 #include "tests/activex/com.h"
 
 namespace tabulon::client {
@@ -101,6 +103,28 @@ TEST_F(TypeLibrary, EveryMemberIsReachedByItsName) {
   ASSERT_TRUE(control);
   for (const Member& each : members(type(__uuidof(ILPctrl)).Get()))
     EXPECT_EQ(dispid_of(control.Get(), each.name.c_str()), each.id);
+}
+
+// Which this system may not be able to run, but any can read.
+TEST_F(TypeLibrary, IsInTheFileFor32BitProgramsToo) {
+  make();
+  wchar_t path[MAX_PATH]{};
+  ASSERT_NE(GetModuleFileNameW(GetModuleHandleW(L"Tabulon.ocx"), path, MAX_PATH), 0U);
+  const std::wstring folder = std::filesystem::path(path).parent_path().parent_path();
+  ComPtr<ITypeLib> other;
+  ASSERT_EQ(code(LoadTypeLibEx((folder + L"\\x86\\Tabulon.ocx").c_str(), REGKIND_NONE, other.GetAddressOf())),
+            code(S_OK));
+  TLIBATTR* attributes = nullptr;
+  ASSERT_EQ(code(other->GetLibAttr(&attributes)), code(S_OK));
+  EXPECT_EQ(attributes->guid, library_id);
+  EXPECT_EQ(attributes->syskind, SYS_WIN32);
+  other->ReleaseTLibAttr(attributes);
+  ComPtr<ITypeInfo> script;
+  ASSERT_EQ(code(other->GetTypeInfoOfGuid(__uuidof(ILPctrl), script.GetAddressOf())), code(S_OK));
+  std::vector<std::wstring> here, there;
+  for (const Member& each : members(type(__uuidof(ILPctrl)).Get())) here.push_back(each.name);
+  for (const Member& each : members(script.Get())) there.push_back(each.name);
+  EXPECT_EQ(there, here);
 }
 
 TEST_F(TypeLibrary, TheControlShowsTheSameType) {
