@@ -2,10 +2,10 @@
 // host shows, to the letter. A process plays one scenario, because all controls of a process share one model.
 //
 // Containers differ: every other scenario is played in one that reads the page's parameters into the control
-// before it stands in a window, and offers each key to the control first. For one kind alone:
+// before it stands in a window, and offers each key to the control first. What can be set:
 //
-//   TABULON_ORDER=load-first        or show-first
-//   TABULON_KEYS=offered            or dispatched
+//   TABULON_ORDER=load-first        the first of these for all, or show-first
+//   TABULON_KEYS=offered            the second for all, or dispatched
 //   TABULON_SHOT=<folder>           a picture of the screen goes there at each dump
 #include <gtest/gtest.h>
 
