@@ -47,26 +47,29 @@ HRESULT LPctrlObject::activate() {
 }
 
 HRESULT LPctrlObject::enter_site() {
-  in_place_site_ = ComPtr<IOleInPlaceSite>::from(site_.get(), IID_IOleInPlaceSite);
-  if (!in_place_site_ || in_place_site_->CanInPlaceActivate() != S_OK) return leave_site(), E_FAIL;
+  const auto site = ComPtr<IOleInPlaceSite>::from(site_.get(), IID_IOleInPlaceSite);
+  if (!site || site->CanInPlaceActivate() != S_OK) return E_FAIL;
+  in_place_site_ = site;
   HWND parent = nullptr;
   RECT wanted{}, clip{};
   OLEINPLACEFRAMEINFO info{};
   info.cb = sizeof info;
-  HRESULT answer = in_place_site_->OnInPlaceActivate();
+  HRESULT answer = site->OnInPlaceActivate();
   if (FAILED(answer)) return leave_site(), answer;
-  answer = in_place_site_->GetWindow(&parent);
-  if (SUCCEEDED(answer))
-    answer = in_place_site_->GetWindowContext(frame_.receive(), document_.receive(), &wanted, &clip, &info);
+  if (in_place_site_) answer = site->GetWindow(&parent);
+  if (in_place_site_ && SUCCEEDED(answer))
+    answer = site->GetWindowContext(frame_.receive(), document_.receive(), &wanted, &clip, &info);
+  if (!in_place_site_) return leave_site(), E_FAIL;  // the container has ended it meanwhile, and knows
   if (SUCCEEDED(answer) && !view_.open(parent, {wanted.left, wanted.top})) answer = E_FAIL;
   if (FAILED(answer)) {
-    in_place_site_->OnInPlaceDeactivate();
-    return leave_site(), answer;
+    leave_site();
+    site->OnInPlaceDeactivate();
+    return answer;
   }
   place(wanted, clip);
   follow_ambient();
-  if (site_) site_->ShowObject();
-  return S_OK;
+  if (const ComPtr<IOleClientSite> shown_by = site_) shown_by->ShowObject();
+  return view_.window() ? S_OK : E_FAIL;
 }
 
 void LPctrlObject::leave_site() {
@@ -100,6 +103,7 @@ void LPctrlObject::place(const RECT& wanted, const RECT& clip) {
 HRESULT LPctrlObject::activate_ui() {
   if (const HRESULT active = activate(); FAILED(active)) return active;
   HWND const window = view_.window(), focus = GetFocus();
+  if (!window) return E_FAIL;  // ended as it was shown
   if (focus != window && !IsChild(window, focus)) SetFocus(window);
   become_ui_active();
   return S_OK;
@@ -107,11 +111,14 @@ HRESULT LPctrlObject::activate_ui() {
 
 void LPctrlObject::become_ui_active() {
   if (ui_active_ || !in_place_site_) return;
-  ui_active_ = SUCCEEDED(in_place_site_->OnUIActivate());
-  if (!ui_active_) return;
-  if (frame_) frame_->SetActiveObject(this, L"LPctrl");
-  if (document_) document_->SetActiveObject(this, L"LPctrl");
-  if (frame_) frame_->SetBorderSpace(nullptr);
+  const ComPtr<IOleInPlaceSite> site = in_place_site_;
+  const ComPtr<IOleInPlaceFrame> frame = frame_;
+  const ComPtr<IOleInPlaceUIWindow> document = document_;
+  ui_active_ = true;  // already while the container is told, so that it may end it
+  if (FAILED(site->OnUIActivate())) ui_active_ = false;
+  if (ui_active_ && frame) frame->SetActiveObject(this, L"LPctrl");
+  if (ui_active_ && document) document->SetActiveObject(this, L"LPctrl");
+  if (ui_active_ && frame) frame->SetBorderSpace(nullptr);
 }
 
 // ---- IOleInPlaceObject
@@ -138,8 +145,9 @@ STDMETHODIMP LPctrlObject::InPlaceDeactivate() {
 STDMETHODIMP LPctrlObject::UIDeactivate() {
   if (!std::exchange(ui_active_, false)) return S_OK;
   const ComPtr<IOleInPlaceSite> site = in_place_site_;
-  if (document_) document_->SetActiveObject(nullptr, nullptr);
-  if (frame_) frame_->SetActiveObject(nullptr, nullptr);
+  const ComPtr<IOleInPlaceFrame> frame = frame_;
+  if (const ComPtr<IOleInPlaceUIWindow> document = document_) document->SetActiveObject(nullptr, nullptr);
+  if (frame) frame->SetActiveObject(nullptr, nullptr);
   site->OnUIDeactivate(FALSE);
   return S_OK;
 }
@@ -167,6 +175,7 @@ STDMETHODIMP LPctrlObject::TranslateAccelerator(MSG* message) {
 
 void LPctrlObject::focus_changed(bool has_focus) {
   if (has_focus) become_ui_active();
+  if (has_focus && !view_.window()) return;  // the container has ended it meanwhile
   if (const auto site = ComPtr<IOleControlSite>::from(site_.get(), IID_IOleControlSite))
     site->OnFocus(has_focus);
 }

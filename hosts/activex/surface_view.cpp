@@ -173,6 +173,7 @@ void SurfaceView::close() {
   tool_tips_.close();
   if (HWND const window = std::exchange(window_, nullptr)) {
     SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+    host_.window_goes(window);
     DestroyWindow(window);
   }
   hot_ = nullptr;

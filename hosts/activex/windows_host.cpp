@@ -169,14 +169,14 @@ HWND WindowsHost::window_on_top() const {
 
 void WindowsHost::focus_came(SurfaceView& view) {
   focused_ = &view;
+  desk_.enter(*view.surface());  // first: the container may end the control as it is told
   view.site().focus_changed(true);
-  desk_.enter(*view.surface());
 }
 
 void WindowsHost::focus_went(SurfaceView& view) {
   if (focused_ == &view) focused_ = nullptr;
-  view.site().focus_changed(false);
   desk_.leave(*view.surface());
+  view.site().focus_changed(false);
 }
 
 bool WindowsHost::is_meant_for_top(bool repeated) {
@@ -233,6 +233,10 @@ void WindowsHost::track_menu() {
   });
 }
 
+void WindowsHost::window_goes(HWND window) {
+  if (tracking_menu_ && tracking_menu_ == window) EndMenu();
+}
+
 void WindowsHost::close_menu() {
   menu_ = nullptr;
   if (tracking_menu_) EndMenu();
@@ -249,7 +253,8 @@ bool WindowsHost::take_focus(Surface& surface) {
   if (!is_free) return false;
   focused_ = view;
   view->site().focus_changed(true);
-  return true;
+  if (!view->window()) focused_ = nullptr;  // ended as the container was told
+  return focused_ == view;
 }
 
 // ---- Time

@@ -71,6 +71,8 @@ class WindowsHost : public platform::Host {
   // ---- Views
   void add(SurfaceView& view) { views_.push_back(&view); }
   void remove(SurfaceView& view);
+  // A menu over it goes with it.
+  void window_goes(HWND window);
   SurfaceView* view_of(const platform::Surface& surface) const;
   // The form on top, or the view that has the focus; null when neither is there.
   SurfaceView* top() const;

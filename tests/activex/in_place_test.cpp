@@ -4,7 +4,6 @@
 // What needs the keyboard, or puts a window in front of others, is in suites that end in InAContainer. All
 // others stand beyond the edge of the screen.
 #include <algorithm>
-#include <cmath>
 #include <functional>
 #include <optional>
 #include <ostream>
@@ -13,44 +12,14 @@
 #include <vector>
 
 #include "hosts/activex/names.h"
-#include "hosts/activex/text.h"
-#include "tests/activex/bags.h"
 #include "tests/activex/com.h"
+#include "tests/activex/in_place.h"
 #include "tests/activex/site.h"
-#include "tests/activex/window_thread.h"
 
 namespace tabulon::client {
 namespace {
 
-using activex::form_class;
 using activex::surface_class;
-
-constexpr LONG width = 600, height = 296;  // at 96 dots to an inch
-constexpr POINT ground{300, 270};          // a place of the control where nothing stands
-
-LONG scaled(LONG pixels) {
-  HDC const screen = GetDC(nullptr);
-  const int dpi = GetDeviceCaps(screen, LOGPIXELSX);
-  ReleaseDC(nullptr, screen);
-  return MulDiv(pixels, dpi, 96);
-}
-
-LPARAM at(POINT place) {
-  return MAKELPARAM(scaled(place.x), scaled(place.y));
-}
-
-std::string text_of(HWND window) {
-  wchar_t text[200];
-  const auto length = SendMessageW(window, WM_GETTEXT, std::size(text), reinterpret_cast<LPARAM>(text));
-  return activex::narrow({text, static_cast<std::size_t>(length)});
-}
-
-std::string name_of(HWND window) {
-  std::wstring name;
-  while (const auto letter = SendMessageW(window, activex::name_message(), name.size(), 0))
-    name += static_cast<wchar_t>(letter);
-  return activex::narrow(name);
-}
 
 // The names and texts of all windows inside that are seen, in the order of their names.
 Calls seen_in(HWND surface) {
@@ -63,10 +32,6 @@ Calls seen_in(HWND surface) {
   EnumChildWindows(surface, add, reinterpret_cast<LPARAM>(&seen));
   std::ranges::sort(seen);
   return seen;
-}
-
-bool has(const Calls& calls, std::string_view call) {
-  return std::ranges::find(calls, call) != calls.end();
 }
 
 RECT inside_parent(HWND window) {
@@ -100,39 +65,7 @@ class Holding {
   BYTE before_[256]{};
 };
 
-// Every test ends with nothing left that counts the container.
-class InPlace : public ComTest {
- protected:
-  explicit InPlace(Site::Where where = Site::Where::OffScreen) : site_(where) {
-    if (!object_) return;
-    const ComPtr<Bag> bag = Bag::of({{L"prmSTR_DLfunctie", L" -3, -5"}, {L"prmSTR_RL", L" 4, 12"}});
-    EXPECT_EQ(code(as<IPersistPropertyBag>(object_)->Load(bag.Get(), nullptr)), code(S_OK));
-    EXPECT_EQ(code(object_->SetClientSite(&site_)), code(S_OK));
-  }
-  ~InPlace() override {
-    if (object_) {
-      EXPECT_HRESULT_SUCCEEDED(object_->Close(OLECLOSE_NOSAVE));
-      EXPECT_EQ(code(object_->SetClientSite(nullptr)), code(S_OK));
-    }
-    object_.Reset();
-    EXPECT_EQ(site_.references, 1U);
-    EXPECT_EQ(site_.frame().references, 1U);
-  }
-
-  HRESULT verb(LONG number) {
-    return object_->DoVerb(number, nullptr, &site_, 0, site_.window(), &site_.place);
-  }
-  HRESULT activate() { return verb(OLEIVERB_INPLACEACTIVATE); }
-  HWND window() {
-    HWND found = nullptr;
-    as<IOleInPlaceObject>(object_)->GetWindow(&found);
-    return found;
-  }
-  bool is_shown() { return (GetWindowLongW(window(), GWL_STYLE) & WS_VISIBLE) != 0; }
-
-  Site site_;
-  ComPtr<IOleObject> object_ = make_as<IOleObject>();
-};
+constexpr LONG width = 600, height = 296;  // at 96 dots to an inch
 
 // ---- Coming
 
@@ -484,79 +417,6 @@ TEST_F(InPlaceKeys, ThatOpenItsMenusAreKnownToTheContainer) {
 
 // ---- Events
 
-// Writes down what it hears, and may change a key.
-class Hearer final : public IDispatch {
- public:
-  ULONG references = 1;
-  std::optional<short> other_key, other_character;
-
-  Calls take_heard() { return std::exchange(heard_, {}); }
-
-  STDMETHODIMP QueryInterface(REFIID id, void** answer) override {
-    const bool known = id == IID_IUnknown || id == IID_IDispatch || id == __uuidof(_LPctrlEvents);
-    *answer = known ? this : nullptr;
-    if (known) AddRef();
-    return known ? S_OK : E_NOINTERFACE;
-  }
-  STDMETHODIMP_(ULONG) AddRef() override { return ++references; }
-  STDMETHODIMP_(ULONG) Release() override { return --references; }
-  STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
-  STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-  STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
-  STDMETHODIMP Invoke(DISPID event, REFIID, LCID, WORD, DISPPARAMS* given, VARIANT*, EXCEPINFO*,
-                      UINT*) override {
-    std::string call = name_of_event(event) + "(";
-    for (UINT left = given->cArgs; left-- > 0;) call += written(given->rgvarg[left]) + (left ? ", " : "");
-    heard_.push_back(call + ")");
-    if (event == DISPID_KEYDOWN && other_key) *given->rgvarg[1].piVal = *other_key;
-    if (event == DISPID_KEYPRESS && other_character) *given->rgvarg[0].piVal = *other_character;
-    return S_OK;
-  }
-
- private:
-  static std::string name_of_event(DISPID event) {
-    const char* const names[] = {"Click", "DblClick",  "KeyDown",   "KeyPress",
-                                 "KeyUp", "MouseDown", "MouseMove", "MouseUp"};
-    const auto place = static_cast<std::size_t>(DISPID_CLICK - event);
-    return place < std::size(names) ? names[place] : std::to_string(event);
-  }
-  // A value of an unexpected type shows as a question mark.
-  static std::string written(const VARIANT& value) {
-    if (value.vt == VT_I2) return std::to_string(value.iVal);
-    if (value.vt == (VT_BYREF | VT_I2)) return "&" + std::to_string(*value.piVal);
-    if (value.vt == VT_R4) return std::to_string(std::lround(value.fltVal)) + ".";
-    return "?";
-  }
-  Calls heard_;
-};
-
-template <class Base>
-class Heard : public Base {
- protected:
-  template <class... Arguments>
-  explicit Heard(Arguments... arguments) : Base(arguments...) {
-    if (!this->object_) return;
-    EXPECT_EQ(code(this->activate()), code(S_OK));
-    EXPECT_EQ(code(point()->Advise(&hearer_, &connection_)), code(S_OK));
-  }
-  ~Heard() override {
-    if (this->object_) EXPECT_EQ(code(point()->Unadvise(connection_)), code(S_OK));
-    EXPECT_EQ(hearer_.references, 1U);
-  }
-  ComPtr<IConnectionPoint> point() {
-    ComPtr<IConnectionPoint> found;
-    Base::template as<IConnectionPointContainer>(this->object_)
-        ->FindConnectionPoint(__uuidof(_LPctrlEvents), found.GetAddressOf());
-    return found;
-  }
-  void send(UINT message, WPARAM how, LPARAM where = at(ground)) {
-    SendMessageW(this->window(), message, how, where);
-  }
-
-  Hearer hearer_;
-  DWORD connection_ = 0;
-};
-
 // "MouseDown(1, 0, 300., 270.)": whole numbers but for the place.
 std::string mouse(const char* event, int button, int held, POINT place = ground) {
   return std::string(event) + "(" + std::to_string(button) + ", " + std::to_string(held) + ", " +
@@ -645,13 +505,6 @@ TEST_F(InPlaceEvents, OfAKeyHappenOnceHoweverOftenTheKeyIsOffered) {
 }
 
 // ---- The keyboard
-
-class OnScreen : public InPlace {
- protected:
-  OnScreen() : InPlace(Site::Where::OnScreen) { SetFocus(site_.own_box()); }
-
-  bool control_has_focus() { return GetFocus() == window() || IsChild(window(), GetFocus()); }
-};
 
 class InPlaceFocusInAContainer : public OnScreen {};
 
@@ -830,20 +683,8 @@ TEST_F(InPlaceKeyboardInAContainer, TabLeavesForTheContainersNextBoxUnlessItHasO
 
 // ---- Forms
 
-class InPlaceFormsInAContainer : public OnScreen {
+class InPlaceFormsInAContainer : public WithForms {
  protected:
-  InPlaceFormsInAContainer() {
-    if (object_) EXPECT_EQ(code(activate()), code(S_OK));
-    site_.take_calls();
-  }
-  // What is to be done while the form is open, before it is closed. The form's own loop does it.
-  void meanwhile(std::function<void(HWND form)> look) {
-    thread_.post([look = std::move(look)] {
-      HWND const form = open_form();
-      look(form);
-      PostMessageW(form, WM_CLOSE, 0, 0);
-    });
-  }
   void expect_modal(HWND form) {
     ASSERT_TRUE(form);
     EXPECT_TRUE(IsWindowVisible(form));
@@ -851,32 +692,6 @@ class InPlaceFormsInAContainer : public OnScreen {
     EXPECT_FALSE(IsWindowEnabled(site_.top()));
     EXPECT_EQ(modeless_calls(), Calls({"frame.EnableModeless(false)"}));
   }
-  void expect_over() {
-    EXPECT_FALSE(open_form());
-    EXPECT_TRUE(IsWindowEnabled(site_.top()));
-    EXPECT_EQ(modeless_calls(), Calls({"frame.EnableModeless(false)", "frame.EnableModeless(true)"}));
-  }
-  Calls modeless_calls() {
-    Calls found;
-    std::ranges::copy_if(site_.calls(), std::back_inserter(found),
-                         [](const std::string& call) { return call.starts_with("frame.EnableModeless"); });
-    return found;
-  }
-  // The form of this thread that is shown.
-  static HWND open_form() {
-    HWND found = nullptr;
-    const auto look = [](HWND window, LPARAM answer) -> BOOL {
-      wchar_t name[64]{};
-      GetClassNameW(window, name, static_cast<int>(std::size(name)));
-      if (std::wstring_view(name) != form_class || !IsWindowVisible(window)) return TRUE;
-      *reinterpret_cast<HWND*>(answer) = window;
-      return FALSE;
-    };
-    EnumThreadWindows(GetCurrentThreadId(), look, reinterpret_cast<LPARAM>(&found));
-    return found;
-  }
-
-  activex::WindowThread thread_;
 };
 
 TEST_F(InPlaceFormsInAContainer, StopTheContainerWhileTheyAreOpen) {

@@ -50,18 +50,18 @@ STDMETHODIMP Frame::GetWindow(HWND* window) {
 }
 
 STDMETHODIMP Frame::SetBorderSpace(LPCBORDERWIDTHS widths) {
-  calls_.push_back(with("frame.SetBorderSpace", widths ? "some" : "null"));
+  notes_.add(with("frame.SetBorderSpace", widths ? "some" : "null"));
   return S_OK;
 }
 
 STDMETHODIMP Frame::SetActiveObject(IOleInPlaceActiveObject* object, LPCOLESTR) {
   active = object;
-  calls_.push_back(with("frame.SetActiveObject", object ? "it" : "null"));
+  notes_.add(with("frame.SetActiveObject", object ? "it" : "null"));
   return S_OK;
 }
 
 STDMETHODIMP Frame::EnableModeless(BOOL enable) {
-  calls_.push_back(with("frame.EnableModeless", enable ? "true" : "false"));
+  notes_.add(with("frame.EnableModeless", enable ? "true" : "false"));
   return S_OK;
 }
 
@@ -71,7 +71,7 @@ Site::Site(Where where)
     : top_(create_top(where)),
       window_(create_child(top_, top_class, WS_CLIPCHILDREN, {10, 10, 760, 400})),
       own_box_(create_child(top_, L"EDIT", WS_BORDER | WS_TABSTOP, {20, 420, 220, 444})),
-      frame_(top_, calls_) {
+      frame_(top_, notes_) {
   if (where == Where::OnScreen) SetForegroundWindow(top_);
 }
 
@@ -80,16 +80,12 @@ Site::~Site() {
 }
 
 HRESULT Site::record(std::string call, HRESULT answer) {
-  calls_.push_back(std::move(call));
+  notes_.add(std::move(call));
   return answer;
 }
 
-Calls Site::take_calls() {
-  return std::exchange(calls_, {});
-}
-
 long Site::count(std::string_view call) const {
-  return static_cast<long>(std::ranges::count(calls_, call));
+  return static_cast<long>(std::ranges::count(calls(), call));
 }
 
 STDMETHODIMP Site::QueryInterface(REFIID id, void** answer) {

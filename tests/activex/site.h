@@ -4,6 +4,7 @@
 //   object->SetClientSite(&site);
 //   object->DoVerb(OLEIVERB_SHOW, nullptr, &site, 0, site.window(), nullptr);
 //   site.take_calls();      // {"CanInPlaceActivate", "OnInPlaceActivate", "GetWindow", ...}
+//   site.when("OnUIDeactivate", [&] { in_place->InPlaceDeactivate(); });   // from within
 #pragma once
 
 #include <windows.h>
@@ -14,16 +15,16 @@
 
 #include <string>
 #include <string_view>
-#include <vector>
+#include <utility>
+
+#include "tests/activex/notes.h"
 
 namespace tabulon::client {
-
-using Calls = std::vector<std::string>;
 
 // The program's outermost window.
 class Frame final : public IOleInPlaceFrame {
  public:
-  Frame(HWND window, Calls& calls) : window_(window), calls_(calls) {}
+  Frame(HWND window, Notes& notes) : window_(window), notes_(notes) {}
 
   ULONG references = 1;
   // Not counted, so that a test can let a control go that is still active.
@@ -47,7 +48,7 @@ class Frame final : public IOleInPlaceFrame {
 
  private:
   HWND window_;
-  Calls& calls_;
+  Notes& notes_;
 };
 
 class Site final : public IOleClientSite, public IOleInPlaceSite, public IOleControlSite, public IDispatch {
@@ -74,9 +75,11 @@ class Site final : public IOleClientSite, public IOleInPlaceSite, public IOleCon
   HWND own_box() const { return own_box_; }
 
   // ---- What has happened
-  const Calls& calls() const { return calls_; }
-  Calls take_calls();
+  const Calls& calls() const { return notes_.calls(); }
+  Calls take_calls() { return notes_.take(); }
   long count(std::string_view call) const;
+  // What the container does while it is told that; nothing to do no more.
+  void when(std::string call, Notes::Act act) { notes_.when(std::move(call), std::move(act)); }
 
   ULONG references = 1;
   Frame& frame() { return frame_; }
@@ -128,7 +131,7 @@ class Site final : public IOleClientSite, public IOleInPlaceSite, public IOleCon
  private:
   HRESULT record(std::string call, HRESULT answer = S_OK);
 
-  Calls calls_;
+  Notes notes_;
   HWND top_, window_, own_box_;
   Frame frame_;
 };
