@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "hosts/activex/bitmap.h"
 #include "hosts/activex/library.h"
 #include "hosts/activex/names.h"
 #include "hosts/activex/painting.h"
@@ -66,15 +67,9 @@ void paint_at_once(HWND window, Paint paint) {
   HDC const screen = BeginPaint(window, &painting);
   RECT all{};
   GetClientRect(window, &all);
-  HDC const dc = CreateCompatibleDC(screen);
-  HBITMAP const bitmap =
-      CreateCompatibleBitmap(screen, std::max<int>(all.right, 1), std::max<int>(all.bottom, 1));
-  HGDIOBJ const before = SelectObject(dc, bitmap);
-  paint(dc, all);
-  BitBlt(screen, 0, 0, all.right, all.bottom, dc, 0, 0, SRCCOPY);
-  SelectObject(dc, before);
-  DeleteObject(bitmap);
-  DeleteDC(dc);
+  const MemoryBitmap picture({all.right, all.bottom});
+  paint(picture.dc(), all);
+  BitBlt(screen, 0, 0, all.right, all.bottom, picture.dc(), 0, 0, SRCCOPY);
   EndPaint(window, &painting);
 }
 

@@ -8,12 +8,6 @@ namespace tabulon::activex {
 
 namespace {
 
-// How a container of controls names the keys that are held.
-DWORD held_for_site() {
-  const auto is_down = [](int key) { return GetKeyState(key) < 0; };
-  return (is_down(VK_SHIFT) ? 1U : 0U) | (is_down(VK_CONTROL) ? 2U : 0U) | (is_down(VK_MENU) ? 4U : 0U);
-}
-
 VARIANT lent(short& number) {
   VARIANT variable{};
   variable.vt = VT_BYREF | VT_I2;
@@ -191,7 +185,7 @@ void LPctrlObject::enable_modeless(bool enabled) {
 bool LPctrlObject::pass_on(const MSG& key) {
   const auto site = ComPtr<IOleControlSite>::from(site_.get(), IID_IOleControlSite);
   MSG message = key;
-  return site && site->TranslateAccelerator(&message, held_for_site()) == S_OK;
+  return site && site->TranslateAccelerator(&message, static_cast<DWORD>(held_keys())) == S_OK;
 }
 
 void LPctrlObject::fire_click(DISPID event) {

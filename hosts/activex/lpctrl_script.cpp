@@ -107,9 +107,11 @@ Result<std::string> words_of(VARIANT& given) {
   return text_of(words.bstrVal);
 }
 
-Result<PropertyValue> value_of(VARIANT& given) {
+// A variable without a value is what `nothing` says.
+Result<PropertyValue> value_of(VARIANT& given, const PropertyValue& nothing) {
   Variant value;
   if (FAILED(VariantCopyInd(&value, &given))) return fail(ErrorNumber::TypeMismatch);
+  if (value.vt == VT_EMPTY) return nothing;
   if (value.vt == VT_BSTR) return text_of(value.bstrVal);
   if (value.vt == VT_BOOL) return value.boolVal != VARIANT_FALSE;
   return number_of(value);
@@ -196,12 +198,9 @@ Result<> LPctrlObject::call(DISPID method, DISPPARAMS& given, VARIANT* answer) {
 
 // ---- What both ways of calling do
 
-// A variable without a value is an empty list, or 0.
 Result<> LPctrlObject::set(DISPID property, VARIANT& given) {
-  Variant value;
-  VariantCopyInd(&value, &given);
-  if (value.vt == VT_EMPTY && property >= member::prmDLfunctie) return set(property, std::string());
-  const auto converted = value_of(given);
+  const bool is_list = property >= member::prmDLfunctie;
+  const auto converted = value_of(given, is_list ? PropertyValue(std::string()) : PropertyValue(0.0));
   return converted ? set(property, *converted) : about(std::unexpected(converted.error()), name_of(property));
 }
 

@@ -45,11 +45,6 @@ bool is_down(int key) {
   return GetKeyState(key) < 0;
 }
 
-int held_keys() {
-  return (is_down(VK_SHIFT) ? held::shift : 0) + (is_down(VK_CONTROL) ? held::ctrl : 0) +
-         (is_down(VK_MENU) ? held::alt : 0);
-}
-
 bool is_repeated(const MSG& key) {
   return (key.lParam & (1 << 30)) != 0;
 }
@@ -93,6 +88,11 @@ bool is_same(const MSG& one, const MSG& other) {
 }
 
 }  // namespace
+
+int held_keys() {
+  return (is_down(VK_SHIFT) ? held::shift : 0) + (is_down(VK_CONTROL) ? held::ctrl : 0) +
+         (is_down(VK_MENU) ? held::alt : 0);
+}
 
 int dpi_of(HWND window) {
   using GetDpi = UINT(WINAPI*)(HWND);

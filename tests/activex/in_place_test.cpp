@@ -15,6 +15,7 @@
 #include "tests/activex/com.h"
 #include "tests/activex/in_place.h"
 #include "tests/activex/site.h"
+#include "tests/activex/viewer.h"
 
 namespace tabulon::client {
 namespace {
@@ -838,26 +839,6 @@ TEST_F(InPlacePicture, LeavesTheUnitsAsTheyWere) {
   expect_box(in_pixels({clip.left, clip.top, clip.right, clip.bottom}), {0, 0, paper.cx, paper.cy});
 }
 
-class Viewer final : public IAdviseSink {
- public:
-  ULONG references = 1;
-  int changes = 0;
-
-  STDMETHODIMP QueryInterface(REFIID id, void** answer) override {
-    const bool known = id == IID_IUnknown || id == IID_IAdviseSink;
-    *answer = known ? this : nullptr;
-    if (known) AddRef();
-    return known ? S_OK : E_NOINTERFACE;
-  }
-  STDMETHODIMP_(ULONG) AddRef() override { return ++references; }
-  STDMETHODIMP_(ULONG) Release() override { return --references; }
-  STDMETHODIMP_(void) OnDataChange(FORMATETC*, STGMEDIUM*) override {}
-  STDMETHODIMP_(void) OnViewChange(DWORD aspect, LONG) override { changes += aspect == DVASPECT_CONTENT; }
-  STDMETHODIMP_(void) OnRename(IMoniker*) override {}
-  STDMETHODIMP_(void) OnSave() override {}
-  STDMETHODIMP_(void) OnClose() override {}
-};
-
 class InPlaceViewers : public InPlace {
  protected:
   ~InPlaceViewers() override { EXPECT_EQ(viewer_.references, 1U); }
@@ -874,31 +855,31 @@ class InPlaceViewers : public InPlace {
 TEST_F(InPlaceViewers, AreToldAtOnceIfTheyWish) {
   ASSERT_TRUE(object_);
   EXPECT_EQ(code(advise(0)), code(S_OK));
-  EXPECT_EQ(viewer_.changes, 0);
+  EXPECT_EQ(viewer_.view_changes, 0);
   EXPECT_EQ(code(advise(ADVF_PRIMEFIRST)), code(S_OK));
-  EXPECT_EQ(viewer_.changes, 1);
+  EXPECT_EQ(viewer_.view_changes, 1);
   change(L" 1, 2");
-  EXPECT_GE(viewer_.changes, 2);
+  EXPECT_GE(viewer_.view_changes, 2);
   EXPECT_EQ(code(leave()), code(S_OK));
 }
 
 TEST_F(InPlaceViewers, AreToldOnceIfTheyWish) {
   ASSERT_TRUE(object_);
   EXPECT_EQ(code(advise(ADVF_ONLYONCE)), code(S_OK));
-  EXPECT_EQ(viewer_.changes, 0);
+  EXPECT_EQ(viewer_.view_changes, 0);
   change(L" 1, 2");
-  EXPECT_EQ(viewer_.changes, 1);
+  EXPECT_EQ(viewer_.view_changes, 1);
   EXPECT_EQ(viewer_.references, 1U);
   change(L" 3, 4");
-  EXPECT_EQ(viewer_.changes, 1);
+  EXPECT_EQ(viewer_.view_changes, 1);
 }
 
 TEST_F(InPlaceViewers, AreToldAtOnceAndNeverAgainIfTheyWish) {
   ASSERT_TRUE(object_);
   EXPECT_EQ(code(advise(ADVF_ONLYONCE | ADVF_PRIMEFIRST)), code(S_OK));
-  EXPECT_EQ(viewer_.changes, 1);
+  EXPECT_EQ(viewer_.view_changes, 1);
   change(L" 1, 2");
-  EXPECT_EQ(viewer_.changes, 1);
+  EXPECT_EQ(viewer_.view_changes, 1);
 }
 
 }  // namespace

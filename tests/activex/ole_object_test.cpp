@@ -1,5 +1,6 @@
 // The control as an object that a container puts on its form.
 #include "tests/activex/com.h"
+#include "tests/activex/viewer.h"
 
 namespace tabulon::client {
 namespace {
@@ -78,36 +79,9 @@ TEST_F(OleObject, IsOfItsClass) {
   CoTaskMemFree(name);
 }
 
-// Counts what it is told, as a container that listens.
-class Listener : public IAdviseSink {
- public:
-  int closed = 0, view_changes = 0;
-
-  STDMETHODIMP QueryInterface(REFIID id, void** answer) override {
-    const bool known = id == IID_IUnknown || id == IID_IAdviseSink;
-    *answer = known ? this : nullptr;
-    if (known) AddRef();
-    return known ? S_OK : E_NOINTERFACE;
-  }
-  STDMETHODIMP_(ULONG) AddRef() override { return ++references; }
-  STDMETHODIMP_(ULONG) Release() override { return --references; }
-  STDMETHODIMP_(void) OnDataChange(FORMATETC*, STGMEDIUM*) override {}
-  STDMETHODIMP_(void) OnViewChange(DWORD, LONG) override { ++view_changes; }
-  STDMETHODIMP_(void) OnRename(IMoniker*) override {}
-  STDMETHODIMP_(void) OnSave() override {}
-  STDMETHODIMP_(void) OnClose() override { ++closed; }
-
-  ULONG references = 1;
-
- protected:
-  ~Listener() = default;
-};
-
-class TestListener final : public Listener {};
-
 TEST_F(OleObject, TellsWhoListensThatItCloses) {
   ASSERT_TRUE(object_);
-  TestListener listener;
+  Viewer listener;
   DWORD connection = 0;
   EXPECT_EQ(code(object_->Advise(&listener, &connection)), code(S_OK));
   EXPECT_NE(connection, 0U);
@@ -122,7 +96,7 @@ TEST_F(OleObject, TellsWhoLooksThatItHasChanged) {
   ASSERT_TRUE(object_);
   EXPECT_EQ(code(as<IPersistStreamInit>(object_)->InitNew()), code(S_OK));
   const ComPtr<IViewObject2> view = as<IViewObject2>(object_);
-  TestListener listener;
+  Viewer listener;
   EXPECT_EQ(code(view->SetAdvise(DVASPECT_CONTENT, 0, &listener)), code(S_OK));
   ComPtr<IAdviseSink> found;
   DWORD aspects = 0, flags = 77;

@@ -94,6 +94,19 @@ TEST_F(Script, AWrongValueIsAnErrorWithItsNumber) {
   expect_error(put(control_.Get(), L"prmShow", L"misschien"), 13);
 }
 
+TEST_F(Script, AVariableWithoutAValueIsZeroOrAnEmptyListAndNullIsNothingAtAll) {
+  ASSERT_TRUE(control_);
+  expect_no_error(put(control_.Get(), L"prmDLfunctie", L" 7, 8"));
+  expect_no_error(put(control_.Get(), L"prmDLfunctie", _variant_t()));
+  expect_no_error(put(control_.Get(), L"prmBigM", _variant_t()));
+  EXPECT_EQ(saved_line(as<ILPctrl>(control_).Get(), 7), " 0 ");
+  EXPECT_EQ(saved_line(as<ILPctrl>(control_).Get(), 11), " 0");
+  _variant_t null;
+  null.ChangeType(VT_NULL);
+  expect_error(put(control_.Get(), L"prmDLfunctie", null), 13);
+  expect_error(put(control_.Get(), L"prmBigM", null), 13);
+}
+
 TEST_F(Script, ATableauBeyondTheRoomIsAnErrorAndLeavesOneThatWorks) {
   ASSERT_TRUE(control_);
   expect_no_error(put(control_.Get(), L"prmNrKleinerGelijkVglen", 11L));
