@@ -65,7 +65,7 @@ void CellRow::write(int column, double value, std::string_view text) {
 void CellRow::clear(int columns) {
   std::fill_n(values_.begin(), columns, 0.0);
   derived_ |= bits(columns);
-  settled_ &= ~bits(columns);
+  stable_ &= ~bits(columns);
   write(right_hand_side, 0.0);
 }
 
@@ -73,13 +73,13 @@ void CellRow::write_value(int column, double value) {
   // A text that is not made yet belongs to the value that is about to go.
   if ((derived_ & bit(column)) != 0) write_text(column, text(column));
   values_[place(column)] = value;
-  settled_ &= ~bit(column);
+  stable_ &= ~bit(column);
 }
 
 void CellRow::write_text(int column, std::string_view text) {
   texts_[place(column)] = text;
   derived_ &= ~bit(column);
-  settled_ &= ~bit(column);
+  stable_ &= ~bit(column);
 }
 
 void CellRow::rewrite_columns(int columns, bool fractions) {
@@ -97,31 +97,31 @@ void CellRow::rewrite_row(int columns, bool fractions) {
 void CellRow::rewrite_cells(Mask cells, bool fractions) {
   if (!fractions) {
     derived_ |= cells;
-    settled_ &= ~cells;
+    stable_ &= ~cells;
     return;
   }
-  cells &= ~settled_;
+  cells &= ~stable_;
   derived_ &= ~cells;
   for (; cells != 0; cells &= cells - 1) {
     const auto at = static_cast<std::size_t>(std::countr_zero(cells));
     const double before = values_[at];
     texts_[at] = numbers::strSoortGetal(numbers::kFractions, values_[at]);
-    if (values_[at] == before) settled_ |= cells & -cells;
+    if (values_[at] == before) stable_ |= cells & -cells;
   }
 }
 
-// Cells whose value stays the same stay settled.
+// Cells whose value stays the same stay stable.
 template <class Operation>
 void CellRow::change_and_rewrite(int columns, bool fractions, Operation operation) {
-  if (settled_ == 0) {
+  if (stable_ == 0) {
     operation();
     return rewrite_row(columns, fractions);
   }
   const auto before = values_;
   operation();
-  for (Mask cells = settled_ & row_bits(columns); cells != 0; cells &= cells - 1) {
+  for (Mask cells = stable_ & row_bits(columns); cells != 0; cells &= cells - 1) {
     const auto at = static_cast<std::size_t>(std::countr_zero(cells));
-    if (values_[at] != before[at]) settled_ &= ~(cells & -cells);
+    if (values_[at] != before[at]) stable_ &= ~(cells & -cells);
   }
   rewrite_row(columns, fractions);
 }

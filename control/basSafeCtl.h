@@ -40,7 +40,7 @@ class CellRow {
   void write(int column, double value) {
     values_[place(column)] = value;
     derived_ |= bit(column);
-    settled_ &= ~bit(column);
+    stable_ &= ~bit(column);
   }
   // Writes 0 in columns 1..columns and in the right-hand side.
   void clear(int columns);
@@ -58,7 +58,7 @@ class CellRow {
   // ---- Arithmetic on columns 1..columns and the right-hand side, which are rewritten with it.
   // Adds a multiple of another row.
   void add_multiple(double factor, const CellRow& other, int columns, bool fractions) {
-    if (settled_ != 0 || fractions) return add_multiple_and_rewrite(factor, other, columns, fractions);
+    if (stable_ != 0 || fractions) return add_multiple_and_rewrite(factor, other, columns, fractions);
     add_values(factor, other, columns);
     derived_ |= row_bits(columns);
   }
@@ -98,7 +98,7 @@ class CellRow {
 
   alignas(16) std::array<double, most_columns + 2> values_{};
   Mask derived_ = 0;  // the text is the decimal text of the value, not made yet
-  Mask settled_ = 0;  // the text is the fraction text of the value, and writing it left the value as it was
+  Mask stable_ = 0;   // the text is the fraction text of the value, and writing it left the value as it was
   std::array<std::string, most_columns + 1> texts_;
 };
 

@@ -1,6 +1,6 @@
 // The grid: 7 rows of 5 columns of the tableau, with row F, the right-hand sides and the headings.
 #include "control/LPctrl.h"
-#include "control/basSafeCtl_dress.h"
+#include "control/basSafeCtl_style.h"
 #include "numbers/conversions.h"
 
 namespace tabulon {
@@ -14,7 +14,7 @@ namespace {
 constexpr Colour pivot_colour = rgb(255, 0, 0);
 constexpr std::string_view pivot_tip = " Pivotelement ";
 
-void dress(platform::Control& control, Colour colour, std::string_view tip) {
+void style(platform::Control& control, Colour colour, std::string_view tip) {
   control.set_back_colour(colour);
   control.set_tool_tip(tip);
 }
@@ -85,8 +85,8 @@ void LPctrl::draw_row(int grid_row, int row) {
   const VariableKind kind = model_.kind_of_column(basic);
   if (kind == VariableKind::None) return;
   lblBasis(grid_row).set_text(model_.variable_name(basic));
-  dress(lblBasis(grid_row), dress_of(kind).body, dress_of(kind).tip);
-  right.set_back_colour(dress_of(kind).body);
+  style(lblBasis(grid_row), style_of(kind).body, style_of(kind).tip);
+  right.set_back_colour(style_of(kind).body);
 }
 
 void LPctrl::draw_column(int grid_column, int column) {
@@ -94,13 +94,13 @@ void LPctrl::draw_column(int grid_column, int column) {
   const std::string name = model_.variable_name(column);
   lblKLM(grid_column).set_text(number(column));
   lblKolom(grid_column).set_text(name);
-  dress(lblKolom(grid_column), dress_of(kind).heading, dress_of(kind).tip);
+  style(lblKolom(grid_column), style_of(kind).heading, style_of(kind).tip);
 
   platform::TextBox& box = txtRij_F(grid_column);
   box.set_text(model_.current.row_F().text(column));
   box.set_locked(kind != VariableKind::Decision || !CellenBewerkbaar);
   box.set_spoken_name(name + ", doelfunctie F");
-  dress(box, dress_of(kind).body, dress_of(kind).tip_in_row_F);
+  style(box, style_of(kind).body, style_of(kind).tip_in_row_F);
 }
 
 void LPctrl::draw_cell(int grid_row, int grid_column, int row, int column) {
@@ -111,11 +111,11 @@ void LPctrl::draw_cell(int grid_row, int grid_column, int row, int column) {
   box.set_locked(!decision || !CellenBewerkbaar);
   box.set_spoken_name(model_.variable_name(column) + ", rij" + number(row));
   if (row == model_.PivotRij && column == model_.PivotKolom)
-    dress(box, pivot_colour, pivot_tip);
+    style(box, pivot_colour, pivot_tip);
   else if (decision)
-    dress(box, dress_of(model_.kind_of_row(row)).cell, dress_of(model_.kind_of_row(row)).tip_in_cell);
+    style(box, style_of(model_.kind_of_row(row)).cell, style_of(model_.kind_of_row(row)).tip_in_cell);
   else
-    dress(box, dress_of(kind).body, dress_of(kind).tip_in_cell);
+    style(box, style_of(kind).body, style_of(kind).tip_in_cell);
 }
 
 }  // namespace tabulon

@@ -7,17 +7,17 @@ namespace tabulon {
 
 using platform::Align;
 using platform::ArrayPlacement;
-using platform::Letters;
+using platform::Font;
 using platform::Placement;
 using platform::Twips;
 
 namespace {
 
-constexpr Letters plain{.points = 9};
-constexpr Letters small{.points = 8};
-constexpr Letters small_centred{.points = 8, .align = Align::Centre};
-constexpr Letters centred{.points = 9, .align = Align::Centre};
-constexpr Letters heading{.points = 10, .bold = true};
+constexpr Font plain{.points = 9};
+constexpr Font small{.points = 8};
+constexpr Font small_centred{.points = 8, .align = Align::Centre};
+constexpr Font centred{.points = 9, .align = Align::Centre};
+constexpr Font heading{.points = 10, .bold = true};
 
 // The grid, from left to right: row number, basis, column F, five columns, right-hand sides.
 constexpr Twips row_numbers = 60, basis = 495, column_F = 1200, columns = 1560, right_hand_sides = 7395;

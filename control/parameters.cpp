@@ -14,7 +14,7 @@ constexpr int wiped_items = 100;  // the items beyond keep what an earlier list 
 
 struct CountParameter {
   std::string_view name;
-  std::int16_t basSafeCtl::*count;
+  std::int16_t basSafeCtl::* count;
   std::string_view if_missing;
 };
 
@@ -180,7 +180,7 @@ std::optional<Result<>> LPctrl::set_property(std::string_view name, const Proper
     if (!same_name(name, parameter.property)) continue;
     auto applied = apply_list(parameter.kind, to_text(value));
     if (applied) applied = ToonTableau(model_.StartKolom, model_.StartRij);
-    desk().settle();
+    desk().flush();
     if (!applied) return std::unexpected(about(applied.error(), parameter.property));
     return Result<>{};
   }

@@ -10,16 +10,16 @@ namespace tabulon::graph {
 using platform::Align;
 using platform::Bounds;
 using platform::Control;
-using platform::Letters;
+using platform::Font;
 using platform::Placement;
 using platform::Surface;
 using platform::Twips;
 
 namespace {
 
-constexpr Letters plain{.points = 9};
-constexpr Letters small{.points = 8};
-constexpr Letters centred{.points = 9, .align = Align::Centre};
+constexpr Font plain{.points = 9};
+constexpr Font small{.points = 8};
+constexpr Font centred{.points = 9, .align = Align::Centre};
 
 constexpr Twips surface_width = 9000, panel_width = 5805;
 constexpr Twips highest = 10, lowest = 4240;
@@ -80,7 +80,7 @@ void colour_line(Surface& surface, const Sample& sample) {
   line.set_fore_colour(sample.colour);
 }
 
-void dress_picture(Surface& surface) {
+void style_picture(Surface& surface) {
   auto& picture = static_cast<platform::PictureBox&>(control(surface, "PictureLN"));
   picture.set_scale(scale);
   picture.set_back_colour(platform::rgb(255, 255, 255));
@@ -97,7 +97,7 @@ void dress_picture(Surface& surface) {
 void lay_out_panel(Surface& surface) {
   platform::place(surface, placements);
   for (const Sample& sample : samples) colour_line(surface, sample);
-  dress_picture(surface);
+  style_picture(surface);
   control(surface, "lblGebiedKleur").set_back_colour(colour::region);
   control(surface, "frmGrafiek").set_back_colour(platform::system_colour::button_face);
   control(surface, "frmGrafiek").set_visible(false);

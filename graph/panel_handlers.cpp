@@ -16,7 +16,7 @@ using platform::Pointer;
 using platform::Task;
 using platform::Twips;
 namespace key = platform::key;
-namespace held = platform::held;
+namespace modifier = platform::modifier;
 
 namespace {
 
@@ -42,8 +42,8 @@ struct Direction {
 };
 
 std::optional<Direction> direction_of(KeyPress press) {
-  if (press.shift != held::none && press.shift != held::shift) return {};
-  const int steps = press.shift == held::shift ? long_step : 1;
+  if (press.shift != modifier::none && press.shift != modifier::shift) return {};
+  const int steps = press.shift == modifier::shift ? long_step : 1;
   switch (press.code) {
     case key::left:
       return Direction{-steps, 0};

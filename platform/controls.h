@@ -46,7 +46,7 @@ enum class Property : std::uint32_t {
   Colours = 1U << 4U,
   ToolTip = 1U << 5U,
   SpokenName = 1U << 6U,
-  Letters = 1U << 7U,
+  Font = 1U << 7U,
   Locked = 1U << 8U,
   Selection = 1U << 9U,
   Range = 1U << 10U,
@@ -91,7 +91,7 @@ class Control {
   Colour fore_colour() const { return fore_colour_; }
   const std::string& tool_tip() const { return tool_tip_; }
   const std::string& spoken_name() const { return spoken_name_; }
-  const Letters& letters() const { return letters_; }
+  const Font& font() const { return font_; }
   bool visible() const { return visible_; }
   bool enabled() const { return enabled_; }
   // Visible, in visible containers, and with some part of it on the surface.
@@ -105,7 +105,7 @@ class Control {
   void set_tool_tip(std::string_view tip) { change_text(tool_tip_, tip, Property::ToolTip); }
   // What a screen reader says where the text alone does not tell.
   void set_spoken_name(std::string_view name) { change_text(spoken_name_, name, Property::SpokenName); }
-  void set_letters(const Letters& letters) { change(letters_, letters, Property::Letters); }
+  void set_font(const Font& font) { change(font_, font, Property::Font); }
   void set_visible(bool visible) { change(visible_, visible, Property::Visible); }
   void set_enabled(bool enabled) { change(enabled_, enabled, Property::Enabled); }
 
@@ -149,7 +149,7 @@ class Control {
   Colour fore_colour_ = system_colour::button_text;
   Properties changes_ = Properties::all();
   int index_, id_, tab_index_ = 0;
-  Letters letters_;
+  Font font_;
   Kind kind_;
   bool visible_ = true, enabled_ = true, tab_stop_ = false;
 };

@@ -82,8 +82,8 @@ Task<> Desk::pending_events() {
   co_await waiting.answer;
 }
 
-Task<> Desk::breathe() {
-  if (!host_.breath_due()) co_return;
+Task<> Desk::yield() {
+  if (!host_.yield_due()) co_return;
   Waiting waiting(*this);
   host_.wake_after_events(waiting.ticket);
   co_await waiting.answer;
@@ -118,7 +118,7 @@ Desk::Outcome Desk::start(Surface& surface, Task<> task, Ticket call) {
   Running& running = running_.emplace_back(Running{&surface, level(), call, std::move(task)});
   running.task.start();
   const Outcome outcome = running.task.done() ? Outcome::Ended : Outcome::Waits;
-  settle();
+  flush();
   return outcome;
 }
 
@@ -178,7 +178,7 @@ const MenuSession* Desk::open_menu() const {
 
 void Desk::menu_changed() {
   if (!menu_on_top()->over()) host_.update_menu(*menu_on_top());
-  settle();
+  flush();
 }
 
 void Desk::menu_key(const KeyPress& press) {
@@ -211,7 +211,7 @@ void Desk::answer(Ticket ticket, std::string text) {
   const auto found = std::ranges::find(waiting_, ticket, &Waiting::ticket);
   if (found == waiting_.end()) return;
   (*found)->answer.complete(std::move(text));
-  settle();
+  flush();
 }
 
 Ticket Desk::call(Surface& surface, Task<> task) {
@@ -240,11 +240,11 @@ bool Desk::end_modal() {
   return true;
 }
 
-void Desk::settle() {
-  if (std::exchange(settling_, true)) return;
+void Desk::flush() {
+  if (std::exchange(flushing_, true)) return;
   while (remove_ended_tasks() || end_modal()) {
   }
-  settling_ = false;
+  flushing_ = false;
   show_changes();
 }
 
@@ -276,7 +276,7 @@ void Desk::abandon(Surface& surface) {
     if (last == running_.rend()) break;
     running_.erase(std::next(last).base());
   }
-  settle();
+  flush();
 }
 
 }  // namespace tabulon::platform

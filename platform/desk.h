@@ -33,7 +33,7 @@ class Desk {
   Task<std::string> show_file_dialog(Surface& surface, FileDialog dialog);
   Task<> pending_events();  // what is waiting happens once: the screen shows what was changed
   // Gives the host's thread back for a moment when the handler has held it long; nearly free otherwise.
-  Task<> breathe();
+  Task<> yield();
   Task<> wait_milliseconds(double milliseconds);
   Task<bool> copy_picture(ClipboardPicture picture);
 
@@ -63,7 +63,7 @@ class Desk {
   // Runs the task now, whatever is open; 0 when it has ended already, else Host::call_ended tells.
   Ticket call(Surface& surface, Task<> task);
   // Hands the host what code outside any handler changed.
-  void settle();
+  void flush();
 
   // Gives up whatever the surface is doing, and closes what it has opened.
   void abandon(Surface& surface);
@@ -97,7 +97,7 @@ class Desk {
   std::list<Running> running_;
   std::vector<Surface*> busy_;
   Ticket last_ticket_ = 0;
-  bool settling_ = false;
+  bool flushing_ = false;
 };
 
 }  // namespace tabulon::platform

@@ -1,4 +1,4 @@
-// Places, colours and letters of controls.
+// Places, colours and fonts of controls.
 #pragma once
 
 #include <cstdint>
@@ -31,21 +31,21 @@ constexpr Colour rgb(std::uint8_t red, std::uint8_t green, std::uint8_t blue) {
 
 namespace system_colour {
 inline constexpr Colour window{0x80000005U};       // the background of windows and of edit fields
-inline constexpr Colour window_text{0x80000008U};  // letters on it
+inline constexpr Colour window_text{0x80000008U};  // text on it
 inline constexpr Colour button_face{0x8000000FU};  // the background of forms and buttons
-inline constexpr Colour button_text{0x80000012U};  // letters on it
-inline constexpr Colour grey_text{0x80000011U};    // letters of secondary weight
+inline constexpr Colour button_text{0x80000012U};  // text on it
+inline constexpr Colour grey_text{0x80000011U};    // text of secondary weight
 inline constexpr Colour transparent{0xFFFFFFFFU};  // what lies below shows through
 }  // namespace system_colour
 
 enum class Align : std::uint8_t { Left, Right, Centre };
 
-struct Letters {
+struct Font {
   std::uint8_t points = 9;  // 1/72 inch
   bool bold = false;
   Align align = Align::Left;
   bool wraps = false;
-  friend bool operator==(const Letters&, const Letters&) = default;
+  friend bool operator==(const Font&, const Font&) = default;
 };
 
 }  // namespace tabulon::platform

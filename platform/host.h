@@ -53,7 +53,7 @@ class Host {
   virtual void wake_after_repaint(Ticket ticket) = 0;
   virtual void wake_after_events(Ticket ticket) = 0;  // as soon as the host's waiting events are handled
   // Whether the running handler has held the host's thread for as long as a person would not notice.
-  virtual bool breath_due() = 0;
+  virtual bool yield_due() = 0;
 
   // ---- Capabilities
   virtual void beep() = 0;

@@ -11,14 +11,14 @@ inline constexpr int back = 8, tab = 9, enter = 13, escape = 27, space = 32, pag
 }  // namespace key
 
 // The keys held while another is pressed; they add up.
-namespace held {
+namespace modifier {
 inline constexpr int none = 0, shift = 1, ctrl = 2, alt = 4;
-}  // namespace held
+}  // namespace modifier
 
 // `code` is the key: a constant above, or for a letter or digit its capital's character code.
 struct KeyPress {
   int code = 0;
-  int shift = held::none;
+  int shift = modifier::none;
 };
 
 }  // namespace tabulon::platform

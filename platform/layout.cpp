@@ -7,7 +7,7 @@ void place(Surface& surface, std::span<const Placement> placements) {
     Control& control = *surface.find(placement.name);
     control.set_bounds(placement.bounds);
     control.set_text(placement.text);
-    control.set_letters(placement.letters);
+    control.set_font(placement.font);
   }
 }
 
@@ -19,7 +19,7 @@ void place(Surface& surface, std::span<const ArrayPlacement> placements) {
       bounds.top += placement.down * (at / placement.per_row);
       control->set_bounds(bounds);
       control->set_text(placement.text);
-      control->set_letters(placement.letters);
+      control->set_font(placement.font);
     }
   }
 }

@@ -15,7 +15,7 @@ struct Placement {
   std::string_view name;
   Bounds bounds;
   std::string_view text = {};
-  Letters letters = {};
+  Font font = {};
 };
 
 // A control array in rows of `per_row`, `right` and `down` apart.
@@ -25,7 +25,7 @@ struct ArrayPlacement {
   int per_row = 1;
   Twips right = 0, down = 0;
   std::string_view text = {};
-  Letters letters = {};
+  Font font = {};
 };
 
 // Every name must be a control of the surface.

@@ -40,7 +40,7 @@ void MenuSession::key(const KeyPress& press) {
       if (highlighted_) choose(*highlighted_);
       return;
     default:
-      if (press.code != 0 && (press.shift & held::ctrl) == 0) letter(press.code);
+      if (press.code != 0 && (press.shift & modifier::ctrl) == 0) letter(press.code);
   }
 }
 

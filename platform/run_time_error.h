@@ -22,7 +22,7 @@ enum class ErrorNumber : std::int16_t {
   FileNotFound = 53,        // no such file
   BadFileMode = 54,         // a write to a file opened for input, or a read from one opened for output
   DiskFull = 61,            // the file system has no room
-  InputPastEnd = 62,         // a line asked for when the file has no more
+  InputPastEnd = 62,        // a line asked for when the file has no more
   PermissionDenied = 70,    // the file system refuses the file
   PathNotFound = 76,        // a folder on the way does not exist
 };

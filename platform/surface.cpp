@@ -101,11 +101,11 @@ Task<> Surface::left() {
 }
 
 Task<> Surface::default_key(KeyPress press, bool& used) {
-  if (press.code == key::tab && (press.shift & ~held::shift) == 0) {
-    Control* const neighbour = tab_neighbour(active_, press.shift == held::shift);
+  if (press.code == key::tab && (press.shift & ~modifier::shift) == 0) {
+    Control* const neighbour = tab_neighbour(active_, press.shift == modifier::shift);
     used = neighbour != nullptr;
     if (neighbour) co_await set_focus(*neighbour);
-  } else if (press.shift == held::alt) {
+  } else if (press.shift == modifier::alt) {
     for (Control* control : controls_) {
       if (control->kind() != Kind::CommandButton || !control->shown() ||
           access_key(control->text()) != press.code)
@@ -114,7 +114,7 @@ Task<> Surface::default_key(KeyPress press, bool& used) {
       co_await clicked(*control);
       co_return;
     }
-  } else if (press.shift == held::none && (press.code == key::enter || press.code == key::space)) {
+  } else if (press.shift == modifier::none && (press.code == key::enter || press.code == key::space)) {
     if (!active_ || active_->kind() != Kind::CommandButton) co_return;
     used = true;
     co_await clicked(*active_);
@@ -169,8 +169,8 @@ Task<> Form::on_activate() {
 Task<> Form::default_key(KeyPress press, bool& used) {
   co_await Surface::default_key(press, used);
   if (used) co_return;
-  if (press.code == key::tab) co_return co_await wrap_focus(press.shift == held::shift, used);
-  if (press.shift != held::none) co_return;
+  if (press.code == key::tab) co_return co_await wrap_focus(press.shift == modifier::shift, used);
+  if (press.shift != modifier::none) co_return;
   CommandButton* const button = press.code == key::enter    ? default_button
                                 : press.code == key::escape ? cancel_button
                                                             : nullptr;

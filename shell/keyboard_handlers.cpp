@@ -8,7 +8,7 @@ namespace tabulon {
 using platform::KeyPress;
 using platform::Task;
 namespace key = platform::key;
-namespace held = platform::held;
+namespace modifier = platform::modifier;
 
 namespace {
 
@@ -18,10 +18,10 @@ struct StepKey {
 };
 
 constexpr StepKey step_keys[] = {
-    {{key::tab, held::none}, Step::Forward},   {{key::enter, held::none}, Step::Forward},
-    {{key::right, held::ctrl}, Step::Forward}, {{key::tab, held::shift}, Step::Backward},
-    {{key::left, held::ctrl}, Step::Backward}, {{key::down, held::none}, Step::Down},
-    {{key::up, held::none}, Step::Up},
+    {{key::tab, modifier::none}, Step::Forward},   {{key::enter, modifier::none}, Step::Forward},
+    {{key::right, modifier::ctrl}, Step::Forward}, {{key::tab, modifier::shift}, Step::Backward},
+    {{key::left, modifier::ctrl}, Step::Backward}, {{key::down, modifier::none}, Step::Down},
+    {{key::up, modifier::none}, Step::Up},
 };
 
 std::optional<Step> step_of(KeyPress press) {
@@ -33,20 +33,20 @@ std::optional<Step> step_of(KeyPress press) {
 }  // namespace
 
 Task<> LPctrl::on_key_down(KeyPress& press, bool& used) {
-  if (press.shift == held::alt) co_return co_await open_menu_by_key(press.code, used);
-  if (press.code == key::escape && press.shift == held::none) co_return co_await leave_cell(used);
+  if (press.shift == modifier::alt) co_return co_await open_menu_by_key(press.code, used);
+  if (press.code == key::escape && press.shift == modifier::none) co_return co_await leave_cell(used);
   const std::optional<GridBox> box = grid_box(active());
   if (moved_by_key(press)) {
     used = true;
-  } else if (box && press.code == key::enter && press.shift == held::ctrl) {
+  } else if (box && press.code == key::enter && press.shift == modifier::ctrl) {
     used = true;
     co_await validate_in_place(*active());
   } else if (box && press.code != key::tab && step_of(press)) {
     used = true;
     co_await NavigeerCel(*box, press);
-  } else if (active() == &txtFocus && press.code == key::tab && press.shift == held::none && !escaped_) {
+  } else if (active() == &txtFocus && press.code == key::tab && press.shift == modifier::none && !escaped_) {
     used = co_await set_focus(txtRij_F(1));
-  } else if (press.code == key::enter && press.shift == held::none) {
+  } else if (press.code == key::enter && press.shift == modifier::none) {
     used = !active() || active()->kind() != platform::Kind::CommandButton;
   }
 }
@@ -114,12 +114,12 @@ void LPctrl::open_traps(bool open) {
 }
 
 Task<> LPctrl::txtTab_GotFocus() {
-  co_await walk_on(txtTab, {key::tab, held::none});
+  co_await walk_on(txtTab, {key::tab, modifier::none});
   forget_tab_cell(-1);
 }
 
 Task<> LPctrl::txtShiftTab_GotFocus() {
-  co_await walk_on(txtShiftTab, {key::tab, held::shift});
+  co_await walk_on(txtShiftTab, {key::tab, modifier::shift});
   forget_tab_cell(0);
 }
 

@@ -10,7 +10,7 @@ namespace {
 struct SafeInterface {
   std::string_view id;  // in upper case
   std::uint32_t option;
-  bool basSafeCtl::*flag;
+  bool basSafeCtl::* flag;
 };
 
 constexpr SafeInterface safe_interfaces[] = {

@@ -8,7 +8,7 @@ using platform::Control;
 using platform::Task;
 using platform::VScrollBar;
 namespace key = platform::key;
-namespace held = platform::held;
+namespace modifier = platform::modifier;
 
 namespace {
 
@@ -86,10 +86,10 @@ Task<> Dialog::on_got_focus(Control& control) {
 
 Task<> Dialog::on_key_down(platform::KeyPress& press, bool& used) {
   if (active() != &txtFocus || !current_) co_return;
-  if (press.code == key::tab && (press.shift & ~held::shift) == 0) {
+  if (press.code == key::tab && (press.shift & ~modifier::shift) == 0) {
     used = true;
-    co_await tab(press.shift == held::shift);
-  } else if (press.shift == held::none) {
+    co_await tab(press.shift == modifier::shift);
+  } else if (press.shift == modifier::none) {
     used = turn(*spin_of(current_)->bar, press.code);
   }
 }

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "control/basSafeCtl_dress.h"
+#include "control/basSafeCtl_style.h"
 #include "platform/layout.h"
 
 namespace tabulon {
@@ -13,7 +13,7 @@ using platform::Twips;
 namespace {
 
 constexpr Twips lines_top = 210, line_pitch = 360, line_height = 330;
-constexpr platform::Letters centred{.points = 9, .align = Align::Centre};
+constexpr platform::Font centred{.points = 9, .align = Align::Centre};
 
 constexpr platform::ArrayPlacement arrays[] = {
     {"lblBasisVar", {240, lines_top, 840, line_height}, 1, 0, line_pitch, "basisvar", centred},
@@ -49,7 +49,7 @@ void frmBasis_Oplossing::on_load() {
     lblBasisVar(line).set_visible(line <= rows);
     lblGelijk(line).set_visible(line <= rows);
     txtRL(line).set_visible(line <= rows);
-    dress_line(line);
+    format_line(line);
   }
   const Twips end_of_lines = lines_top + rows * line_pitch;
   for (const platform::Placement& placement : below) {
@@ -60,16 +60,16 @@ void frmBasis_Oplossing::on_load() {
   set_height(end_of_lines + height_below);
 }
 
-void frmBasis_Oplossing::dress_line(int line) {
+void frmBasis_Oplossing::format_line(int line) {
   txtRL(line).set_text(model().current.row(line).text(CellRow::right_hand_side));
   const int basic = model().current.basis(line);
   const VariableKind kind = model().kind_of_column(basic);
   if (kind == VariableKind::None) return;
   lblBasisVar(line).set_text(model().variable_name(basic));
   txtRL(line).set_spoken_name(model().variable_name(basic));
-  lblBasisVar(line).set_back_colour(dress_of(kind).body);
-  lblBasisVar(line).set_tool_tip(dress_of(kind).tip);
-  txtRL(line).set_back_colour(dress_of(kind).body);
+  lblBasisVar(line).set_back_colour(style_of(kind).body);
+  lblBasisVar(line).set_tool_tip(style_of(kind).tip);
+  txtRL(line).set_back_colour(style_of(kind).body);
 }
 
 }  // namespace tabulon

@@ -12,7 +12,7 @@ class frmBasis_Oplossing : public Dialog {
   void on_load() override;
 
  private:
-  void dress_line(int line);
+  void format_line(int line);
 
   platform::ControlArray<platform::Label, most_rows> lblBasisVar{*this, "lblBasisVar"};
   platform::ControlArray<platform::Label, most_rows> lblGelijk{*this, "lblGelijk"};

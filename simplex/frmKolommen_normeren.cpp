@@ -6,8 +6,8 @@ namespace tabulon {
 
 namespace {
 
-constexpr platform::Letters plain{.points = 9};
-constexpr platform::Letters centred{.points = 9, .align = platform::Align::Centre};
+constexpr platform::Font plain{.points = 9};
+constexpr platform::Font centred{.points = 9, .align = platform::Align::Centre};
 
 constexpr platform::Placement placements[] = {
     {"lblKolom", {270, 330, 750, 270}, "Kolom :", plain},

@@ -7,8 +7,8 @@ namespace tabulon {
 
 namespace {
 
-constexpr platform::Letters plain{.points = 9};
-constexpr platform::Letters bold{.points = 9, .bold = true};
+constexpr platform::Font plain{.points = 9};
+constexpr platform::Font bold{.points = 9, .bold = true};
 
 constexpr platform::Placement placements[] = {
     {"imgPivot", {240, 270, 480, 480}},

@@ -20,9 +20,9 @@ namespace {
 constexpr int most_choices = 10, fewest_constraints = 2, most_constraints = 10;
 constexpr int most_M = 1000, least_M = 5, step_of_M = 5;
 
-constexpr platform::Letters plain{.points = 9};
-constexpr platform::Letters centred{.points = 9, .align = Align::Centre};
-constexpr platform::Letters heading{.points = 11, .bold = true};
+constexpr platform::Font plain{.points = 9};
+constexpr platform::Font centred{.points = 9, .align = Align::Centre};
+constexpr platform::Font heading{.points = 11, .bold = true};
 
 // Two columns of numbers: those that are chosen, and on the right those that follow from them.
 constexpr Twips dialog_width = 7860, first_row = 1020, row_pitch = 420, row_height = 330;
@@ -98,7 +98,7 @@ void place_relation(platform::ControlArray<Label, 3>& labels, int row, std::stri
     const auto part = static_cast<std::size_t>(at - 1);
     labels(at).set_bounds({lefts[part], top_of(row) + 45, widths[part], 255});
     labels(at).set_text(words[part]);
-    labels(at).set_letters(at == 2 ? centred : plain);
+    labels(at).set_font(at == 2 ? centred : plain);
   }
 }
 

@@ -15,7 +15,7 @@ namespace {
 constexpr std::int16_t free_text = 0, optimum_found = 3, model_error = 4;
 
 // More than any ordinary problem needs, and few enough to look at the clock between them.
-constexpr int sweeps_between_breaths = 64;
+constexpr int sweeps_between_yields = 64;
 
 }  // namespace
 
@@ -139,10 +139,10 @@ Task<> LPctrl::mnu_Automatisch_vegen_Click() {
 
 Task<> LPctrl::mnu_optimaliseren_Click() {
   if (!co_await BasisoplossingOpvragen()) co_return;
-  auto search = optimise(model_, sweeps_between_breaths);
+  auto search = optimise(model_, sweeps_between_yields);
   while (search && *search == PivotSearch::Found) {
-    co_await desk().breathe();
-    search = optimise(model_, sweeps_between_breaths);
+    co_await desk().yield();
+    search = optimise(model_, sweeps_between_yields);
   }
   report(search);
   redraw();

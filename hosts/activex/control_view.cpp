@@ -56,7 +56,7 @@ bool is_dragged(const Control& control) {
 
 DWORD style_of(const Control& control) {
   DWORD style = WS_CHILD | WS_CLIPSIBLINGS | kinds[static_cast<std::size_t>(control.kind())].style;
-  if (is_box(control)) style |= edit_alignments[static_cast<std::size_t>(control.letters().align)];
+  if (is_box(control)) style |= edit_alignments[static_cast<std::size_t>(control.font().align)];
   return style;
 }
 
@@ -142,8 +142,7 @@ void ControlView::show() {
 void ControlView::density_changed() {
   if (!window_) return;
   Properties changed;
-  for (const Property property : {Property::Bounds, Property::Letters, Property::Drawing})
-    changed.add(property);
+  for (const Property property : {Property::Bounds, Property::Font, Property::Drawing}) changed.add(property);
   apply(changed);
 }
 
@@ -152,8 +151,8 @@ void ControlView::apply(Properties marked) {
   if (marked.has(Property::Bounds)) place();
   if (marked.has(Property::Enabled)) EnableWindow(window_, control_->enabled());
   if (marked.has(Property::Text)) set_text();
-  if (marked.has(Property::Letters)) {
-    HFONT const font = surface_.host().fonts().of(control_->letters(), surface_.dpi());
+  if (marked.has(Property::Font)) {
+    HFONT const font = surface_.host().fonts().of(control_->font(), surface_.dpi());
     SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
     if (is_box(*control_))
       SetWindowPos(window_, nullptr, 0, 0, 0, 0,
@@ -231,7 +230,7 @@ void ControlView::paint() {
 
 void ControlView::shrink_to_text(RECT& box) const {
   HDC const dc = GetWindowDC(window_);
-  const int text = text_height(dc, surface_.host().fonts().of(control_->letters(), surface_.dpi()));
+  const int text = text_height(dc, surface_.host().fonts().of(control_->font(), surface_.dpi()));
   ReleaseDC(window_, dc);
   const int height = box.bottom - box.top, width = box.right - box.left;
   const int above = std::max(0, (height - text) / 2);

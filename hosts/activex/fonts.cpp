@@ -33,9 +33,9 @@ const wchar_t* installed_face() {
   return face != std::end(faces) ? *face : L"";
 }
 
-HFONT make(const platform::Letters& letters, int dpi) {
+HFONT make(const platform::Font& font, int dpi) {
   static const wchar_t* const face = installed_face();
-  return CreateFontW(-MulDiv(letters.points, dpi, 72), 0, 0, 0, letters.bold ? FW_SEMIBOLD : FW_NORMAL, FALSE,
+  return CreateFontW(-MulDiv(font.points, dpi, 72), 0, 0, 0, font.bold ? FW_SEMIBOLD : FW_NORMAL, FALSE,
                      FALSE, FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS,
                      CLEARTYPE_QUALITY, DEFAULT_PITCH | FF_SWISS, face);
 }
@@ -43,13 +43,13 @@ HFONT make(const platform::Letters& letters, int dpi) {
 }  // namespace
 
 Fonts::~Fonts() {
-  for (const auto& [which, font] : fonts_) DeleteObject(font);
+  for (const auto& [which, handle] : fonts_) DeleteObject(handle);
 }
 
-HFONT Fonts::of(const platform::Letters& letters, int dpi) {
-  HFONT& font = fonts_[{letters.points, letters.bold, dpi}];
-  if (!font) font = make(letters, dpi);
-  return font;
+HFONT Fonts::of(const platform::Font& font, int dpi) {
+  HFONT& handle = fonts_[{font.points, font.bold, dpi}];
+  if (!handle) handle = make(font, dpi);
+  return handle;
 }
 
 }  // namespace tabulon::activex

@@ -1,4 +1,4 @@
-// The letters of the control, for each size and density once.
+// The fonts of the control, for each size and density once.
 //
 //   SelectObject(dc, fonts.of({.points = 9, .bold = true}, 144));
 #pragma once
@@ -19,7 +19,7 @@ class Fonts {
   ~Fonts();
 
   // A font that stays for as long as this does. `dpi`: dots to an inch, of the screen or of a picture.
-  HFONT of(const platform::Letters& letters, int dpi);
+  HFONT of(const platform::Font& font, int dpi);
 
  private:
   std::map<std::tuple<int, bool, int>, HFONT> fonts_;

@@ -185,22 +185,22 @@ void LPctrlObject::enable_modeless(bool enabled) {
 bool LPctrlObject::pass_on(const MSG& key) {
   const auto site = ComPtr<IOleControlSite>::from(site_.get(), IID_IOleControlSite);
   MSG message = key;
-  return site && site->TranslateAccelerator(&message, static_cast<DWORD>(held_keys())) == S_OK;
+  return site && site->TranslateAccelerator(&message, static_cast<DWORD>(pressed_modifiers())) == S_OK;
 }
 
 void LPctrlObject::fire_click(DISPID event) {
   events_.fire(event, {});
 }
 
-// The event of a character says nothing of the keys that are held.
-short LPctrlObject::fire_key(DISPID event, short code, short held) {
-  VARIANT arguments[] = {lent(code), value(held)};
+// The event of a character carries no modifiers.
+short LPctrlObject::fire_key(DISPID event, short code, short modifiers) {
+  VARIANT arguments[] = {lent(code), value(modifiers)};
   events_.fire(event, std::span(arguments, event == DISPID_KEYPRESS ? 1 : 2));
   return code;
 }
 
-void LPctrlObject::fire_mouse(DISPID event, short button, short held, POINT at) {
-  VARIANT arguments[] = {value(button), value(held), value(at.x), value(at.y)};
+void LPctrlObject::fire_mouse(DISPID event, short button, short modifiers, POINT at) {
+  VARIANT arguments[] = {value(button), value(modifiers), value(at.x), value(at.y)};
   events_.fire(event, arguments);
 }
 

@@ -107,7 +107,7 @@ STDMETHODIMP_(ULONG) LPctrlObject::Release() {
   ++references_;  // the container may count while it is told
   host().after_event([this] {
     retire();
-    host().bury({this, [](LPctrlObject* gone) { delete gone; }});
+    host().release_later({this, [](LPctrlObject* gone) { delete gone; }});
   });
   return 0;
 }

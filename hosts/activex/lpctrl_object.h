@@ -207,8 +207,8 @@ class LPctrlObject final : public ILPctrl,
   bool pass_on(const MSG& key) override;
   void picture_changed() override;
   void fire_click(DISPID event) override;
-  short fire_key(DISPID event, short code, short held) override;
-  void fire_mouse(DISPID event, short button, short held, POINT at) override;
+  short fire_key(DISPID event, short code, short modifiers) override;
+  void fire_mouse(DISPID event, short button, short modifiers, POINT at) override;
 
   LibraryUser keeps_library_;
   ULONG references_ = 1;

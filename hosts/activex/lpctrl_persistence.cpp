@@ -42,7 +42,7 @@ Result<> LPctrlObject::read(const PropertyBag& bag) {
     if (view_.window())
       host().desk().call(control_, control_.UserControl_Show());
     else
-      host().desk().settle();
+      host().desk().flush();
     return result;
   });
 }

@@ -68,8 +68,8 @@ COLORREF blend(COLORREF over, COLORREF under, int part) {
 
 constexpr UINT alignments[] = {DT_LEFT, DT_RIGHT, DT_CENTER};
 
-UINT alignment(const Letters& letters) {
-  return alignments[static_cast<std::size_t>(letters.align)];
+UINT alignment(const Font& font) {
+  return alignments[static_cast<std::size_t>(font.align)];
 }
 
 // The scale of what stands in a control: twips, or the user units of a picture box.
@@ -187,9 +187,8 @@ void Painter::outline(const RECT& box, COLORREF colour, int width) const {
   fill({box.right - width, box.top, box.right, box.bottom}, colour);
 }
 
-void Painter::words(const std::string& text, RECT box, const Letters& letters, COLORREF colour,
-                    UINT format) const {
-  const Selected font(dc_, fonts_.of(letters, dpi_));
+void Painter::words(const std::string& text, RECT box, const Font& font, COLORREF colour, UINT format) const {
+  const Selected selected(dc_, fonts_.of(font, dpi_));
   SetTextColor(dc_, colour);
   SetBkMode(dc_, TRANSPARENT);
   const std::wstring wide_text = wide(text);
@@ -200,11 +199,11 @@ void Painter::words(const std::string& text, RECT box, const Letters& letters, C
 
 void Painter::label(const Control& label, const RECT& box) const {
   fill(box, ground_of(label));
-  const UINT layout = label.letters().wraps ? DT_WORDBREAK : DT_SINGLELINE | DT_VCENTER;
+  const UINT layout = label.font().wraps ? DT_WORDBREAK : DT_SINGLELINE | DT_VCENTER;
   const COLORREF ink =
       ink_on(label.enabled() ? label.fore_colour() : system_colour::grey_text, label.back_colour());
-  words(label.letters().wraps ? lines_of(label.text()) : label.text(), box, label.letters(), ink,
-        layout | DT_NOPREFIX | alignment(label.letters()));
+  words(label.font().wraps ? lines_of(label.text()) : label.text(), box, label.font(), ink,
+        layout | DT_NOPREFIX | alignment(label.font()));
 }
 
 void Painter::button(const Control& button, const RECT& box, ButtonState state) const {
@@ -231,7 +230,7 @@ void Painter::button(const Control& button, const RECT& box, ButtonState state) 
     dots({box.right - side, box.top, box.right, box.bottom});
   }
   const COLORREF ink = colour_ref(button.enabled() ? button.fore_colour() : system_colour::grey_text);
-  words(button.text(), box, button.letters(), ink, DT_SINGLELINE | DT_VCENTER | DT_CENTER);
+  words(button.text(), box, button.font(), ink, DT_SINGLELINE | DT_VCENTER | DT_CENTER);
 }
 
 // Rough ground to take hold of.
@@ -255,8 +254,8 @@ void Painter::text_box(const TextBox& box, const RECT& bounds) const {
   const RECT inside{bounds.left + 5 * hair(), bounds.top, bounds.right - 5 * hair(), bounds.bottom};
   const COLORREF ink =
       ink_on(box.enabled() ? box.fore_colour() : system_colour::grey_text, box.back_colour());
-  words(box.text(), inside, box.letters(), ink,
-        DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | alignment(box.letters()));
+  words(box.text(), inside, box.font(), ink,
+        DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | alignment(box.font()));
 }
 
 void Painter::scroll_bar(const ScrollBar& bar, RECT box) const {
@@ -278,12 +277,12 @@ void Painter::frame(const Control& frame, const RECT& box) const {
   if (frame.text().empty()) return;
   outline(box, palette().button_edge, hair());
   const RECT caption{box.left + 8 * hair(), box.top + 2 * hair(), box.right, box.bottom};
-  words(frame.text(), caption, frame.letters(), colour_ref(frame.fore_colour()), DT_SINGLELINE | DT_NOPREFIX);
+  words(frame.text(), caption, frame.font(), colour_ref(frame.fore_colour()), DT_SINGLELINE | DT_NOPREFIX);
 }
 
 void Painter::picture_box(const PictureBox& picture, const RECT& box, bool focused) const {
   fill(box, ground_of(picture));
-  paint_drawing(dc_, box, picture.scale(), picture.drawing(), fonts_.of(picture.letters(), dpi_), dpi_);
+  paint_drawing(dc_, box, picture.scale(), picture.drawing(), fonts_.of(picture.font(), dpi_), dpi_);
   outline(box, focused ? palette().accent : palette().edge, focused ? 2 * hair() : hair());
 }
 

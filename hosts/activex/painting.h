@@ -49,7 +49,7 @@ class Painter {
   void dots(const RECT& box) const;
   void fill(const RECT& box, COLORREF colour) const;
   void outline(const RECT& box, COLORREF colour, int width) const;
-  void words(const std::string& text, RECT box, const platform::Letters& letters, COLORREF colour,
+  void words(const std::string& text, RECT box, const platform::Font& font, COLORREF colour,
              UINT format) const;
   int hair() const { return dpi_ / 96 > 1 ? dpi_ / 96 : 1; }
 

@@ -89,9 +89,9 @@ bool is_same(const MSG& one, const MSG& other) {
 
 }  // namespace
 
-int held_keys() {
-  return (is_down(VK_SHIFT) ? held::shift : 0) + (is_down(VK_CONTROL) ? held::ctrl : 0) +
-         (is_down(VK_MENU) ? held::alt : 0);
+int pressed_modifiers() {
+  return (is_down(VK_SHIFT) ? modifier::shift : 0) + (is_down(VK_CONTROL) ? modifier::ctrl : 0) +
+         (is_down(VK_MENU) ? modifier::alt : 0);
 }
 
 int dpi_of(HWND window) {
@@ -177,7 +177,7 @@ void SurfaceView::close() {
     DestroyWindow(window);
   }
   hot_ = nullptr;
-  host_.bury(std::make_shared<decltype(controls_)>(std::exchange(controls_, {})));
+  host_.release_later(std::make_shared<decltype(controls_)>(std::exchange(controls_, {})));
 }
 
 void SurfaceView::create_controls() {
@@ -289,15 +289,15 @@ bool SurfaceView::key_pressed(const MSG& key) {
 
 // What is pressed on a form is no event of the control.
 bool SurfaceView::offer(const MSG& pressed) {
-  const int held = held_keys();
+  const int modifiers = pressed_modifiers();
   int code = static_cast<int>(pressed.wParam);
   if (!surface_->is_form())
-    code = site_.fire_key(DISPID_KEYDOWN, static_cast<short>(code), static_cast<short>(held));
+    code = site_.fire_key(DISPID_KEYDOWN, static_cast<short>(code), static_cast<short>(modifiers));
   if (code == 0 || !surface_) return true;
   if (!is_known(code)) return false;
   const bool used =
-      !host_.is_meant_for_top(is_repeated(pressed)) || host_.desk().key(*surface_, {code, held});
-  alt_used_ = used && (held & held::alt) != 0;
+      !host_.is_meant_for_top(is_repeated(pressed)) || host_.desk().key(*surface_, {code, modifiers});
+  alt_used_ = used && (modifiers & modifier::alt) != 0;
   return used;
 }
 
@@ -306,7 +306,7 @@ bool SurfaceView::key_released(MSG& key) {
   refused_ = {};
   const auto code = static_cast<short>(key.wParam);
   if (key.message != WM_CHAR) {
-    if (!surface_->is_form()) site_.fire_key(DISPID_KEYUP, code, static_cast<short>(held_keys()));
+    if (!surface_->is_form()) site_.fire_key(DISPID_KEYUP, code, static_cast<short>(pressed_modifiers()));
     return key.wParam == VK_MENU && std::exchange(alt_used_, false);
   }
   // A box of one line would only beep at these.
@@ -500,12 +500,12 @@ LRESULT SurfaceView::handle_mouse(UINT message, WPARAM wparam, LPARAM lparam) {
   const short button = message == WM_MOUSEMOVE ? static_cast<short>(wparam & (MK_LBUTTON | MK_RBUTTON))
                        : right                 ? 2
                                                : 1;
-  const auto held = static_cast<short>(held_keys());
+  const auto modifiers = static_cast<short>(pressed_modifiers());
   const bool on_ground = ChildWindowFromPoint(window_, at) == window_;
   host_.handle([&] {
-    if (message == WM_MOUSEMOVE) return site_.fire_mouse(DISPID_MOUSEMOVE, button, held, at);
+    if (message == WM_MOUSEMOVE) return site_.fire_mouse(DISPID_MOUSEMOVE, button, modifiers, at);
     if (message == WM_LBUTTONUP || message == WM_RBUTTONUP) {
-      site_.fire_mouse(DISPID_MOUSEUP, button, held, at);
+      site_.fire_mouse(DISPID_MOUSEUP, button, modifiers, at);
       if (right || !std::exchange(pressed_, false) || !on_ground || !surface_) return;
       host_.desk().click(*surface_);
       return site_.fire_click(DISPID_CLICK);
@@ -513,7 +513,7 @@ LRESULT SurfaceView::handle_mouse(UINT message, WPARAM wparam, LPARAM lparam) {
     mouse_pressed();
     pressed_ = !right && on_ground;
     if (message == WM_LBUTTONDBLCLK) site_.fire_click(DISPID_DBLCLICK);
-    site_.fire_mouse(DISPID_MOUSEDOWN, button, held, at);
+    site_.fire_mouse(DISPID_MOUSEDOWN, button, modifiers, at);
   });
   return 0;
 }

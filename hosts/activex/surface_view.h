@@ -116,6 +116,6 @@ class WindowClasses {
 // The density of the screen that a window is on, in dots to an inch; of the main screen without a window.
 int dpi_of(HWND window);
 // The keys that are held: 1 for Shift, 2 for Ctrl, 4 for Alt.
-int held_keys();
+int pressed_modifiers();
 
 }  // namespace tabulon::activex

@@ -19,12 +19,12 @@ class ViewSite {
   // Without windows the control is a picture, and that is to be drawn anew.
   virtual void picture_changed() = 0;
 
-  // ---- Events. `held` has 1 for Shift, 2 for Ctrl, 4 for Alt; `x` and `y` are pixels from the control's
-  // corner.
+  // ---- Events. `modifiers` has 1 for Shift, 2 for Ctrl, 4 for Alt; `x` and `y` are pixels from the
+  // control's corner.
   virtual void fire_click(DISPID event) = 0;
   // The key's code, or the character's; a script may change it, and 0 keeps it from the control.
-  virtual short fire_key(DISPID event, short code, short held) = 0;
-  virtual void fire_mouse(DISPID event, short button, short held, POINT at) = 0;
+  virtual short fire_key(DISPID event, short code, short modifiers) = 0;
+  virtual void fire_mouse(DISPID event, short button, short modifiers, POINT at) = 0;
 };
 
 }  // namespace tabulon::activex

@@ -16,7 +16,7 @@ using namespace platform;
 namespace {
 
 // As long as a handler may hold the thread before a person would notice, in milliseconds.
-constexpr ULONGLONG breath = 100;
+constexpr ULONGLONG longest_run = 100;
 
 // wParam: the ticket. lParam: 1 where what was asked for is refused.
 constexpr UINT answer_message = WM_APP;
@@ -55,13 +55,13 @@ WindowsHost::OnStack::~OnStack() {
   host_.empty_graves();
 }
 
-void WindowsHost::bury(std::shared_ptr<void> gone) {
-  buried_.push_back(std::move(gone));
+void WindowsHost::release_later(std::shared_ptr<void> gone) {
+  deferred_.push_back(std::move(gone));
   empty_graves();
 }
 
 void WindowsHost::empty_graves() {
-  if (on_stack_ == 0 && depth_ == 0) std::exchange(buried_, {}).clear();
+  if (on_stack_ == 0 && depth_ == 0) std::exchange(deferred_, {}).clear();
 }
 
 void WindowsHost::after_event(std::function<void()> act) {
@@ -214,7 +214,7 @@ void WindowsHost::close_form(Form& form) {
   moves_focus_ = before;
   std::shared_ptr<SurfaceView> closed = std::move(*found);
   forms_.erase(found);
-  bury(std::move(closed));
+  release_later(std::move(closed));
 }
 
 void WindowsHost::track_menu() {
@@ -276,8 +276,8 @@ void WindowsHost::wake_after_repaint(Ticket ticket) {
   PostMessageW(messages(), answer_message, static_cast<WPARAM>(ticket), 0);
 }
 
-bool WindowsHost::breath_due() {
-  return GetTickCount64() - entered_ > breath;
+bool WindowsHost::yield_due() {
+  return GetTickCount64() - entered_ > longest_run;
 }
 
 // ---- Capabilities

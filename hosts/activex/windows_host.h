@@ -4,7 +4,8 @@
 //   WindowsHost host;
 //   host.handle([&] { host.desk().click(button); });   // every event of the system goes through `handle`
 //   host.wait_for(surface, surface.ShowAboutBox());    // a script's call: returns when the form has closed
-//   host.bury(std::move(view));                        // gone as soon as nothing of it can be running
+//   host.release_later(std::move(view));                        // gone as soon as nothing of it can be
+//   running
 //
 // Nothing blocks while a handler runs. What blocks on Windows (a pop-up menu, a file dialog, the message loop
 // of a modal form) begins when the outermost event has been handled, so the control never finds itself
@@ -64,7 +65,7 @@ class WindowsHost : public platform::Host {
    private:
     WindowsHost& host_;
   };
-  void bury(std::shared_ptr<void> gone);
+  void release_later(std::shared_ptr<void> gone);
   // Nobody uses the library any more; it may be unloaded from any thread.
   void rest();
 
@@ -99,7 +100,7 @@ class WindowsHost : public platform::Host {
   void wake_after(double milliseconds, platform::Ticket ticket) override;
   void wake_after_repaint(platform::Ticket ticket) override;
   void wake_after_events(platform::Ticket ticket) override { wake_after(0, ticket); }
-  bool breath_due() override;
+  bool yield_due() override;
   void beep() override { MessageBeep(MB_OK); }
   void show_file_dialog(const platform::FileDialog& dialog, platform::Ticket ticket) override;
   platform::FileStore& files() override { return files_; }
@@ -136,7 +137,7 @@ class WindowsHost : public platform::Host {
   std::vector<SurfaceView*> views_;
   std::vector<std::unique_ptr<SurfaceView>> forms_;
   std::vector<std::function<void()>> acts_;  // for when the running handler has ended
-  std::vector<std::shared_ptr<void>> buried_;
+  std::vector<std::shared_ptr<void>> deferred_;
   SurfaceView* focused_ = nullptr;
   const SurfaceView* key_pressed_on_ = nullptr;
   const platform::MenuSession* menu_ = nullptr;

@@ -93,9 +93,9 @@ bool HeadlessHost::answer_all(int most) {
   return pending_.empty();
 }
 
-bool HeadlessHost::breath_due() {
-  ++breath_questions;
-  return breath_every != 0 && breath_questions % breath_every == 0;
+bool HeadlessHost::yield_due() {
+  ++yield_questions;
+  return yield_every != 0 && yield_questions % yield_every == 0;
 }
 
 // ---- Capabilities

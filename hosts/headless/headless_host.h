@@ -67,9 +67,9 @@ class HeadlessHost : public Host {
   // Answers all of them, also new ones, up to `most`; false when there were more.
   bool answer_all(int most = 10000);
   bool has_pending() const { return !pending_.empty(); }
-  // A breath is due every so many times that it is asked about; 0: never.
-  int breath_every = 0;
-  int breath_questions = 0;
+  // A yield is due every so many times that it is asked about; 0: never.
+  int yield_every = 0;
+  int yield_questions = 0;
 
   // ---- Capabilities
   int beeps = 0;
@@ -105,7 +105,7 @@ class HeadlessHost : public Host {
   void wake_after(double milliseconds, Ticket ticket) override;
   void wake_after_repaint(Ticket ticket) override { pending_.push_back({ticket, {}}); }
   void wake_after_events(Ticket ticket) override { pending_.push_back({ticket, {}}); }
-  bool breath_due() override;
+  bool yield_due() override;
   void beep() override { ++beeps; }
   void show_file_dialog(const FileDialog& dialog, Ticket ticket) override;
   FileStore& files() override { return *files_; }

@@ -235,7 +235,7 @@ export class ControlView {
     style.color = cssColour(fore);
   }
 
-  setLetters(points: number, bold: boolean, align: number, wraps: boolean): void {
+  setFont(points: number, bold: boolean, align: number, wraps: boolean): void {
     const { style } = this.node;
     style.fontSize = `${points * pixelsPerPoint}px`;
     if (bold !== this.#bold) style.fontWeight = bold ? "600" : "";
@@ -324,7 +324,7 @@ const readers: ((control: ControlView, record: RecordReader) => void)[] = [
   (control, record) => control.setColours(record.u32(), record.u32()),
   (control, record) => setAttribute(control.node, "title", record.text() || undefined),
   (control, record) => control.setSpokenName(record.text()),
-  (control, record) => control.setLetters(record.u8(), record.flag(), record.u8(), record.flag()),
+  (control, record) => control.setFont(record.u8(), record.flag(), record.u8(), record.flag()),
   (control, record) => ((control.node as HTMLInputElement).readOnly = record.flag()),
   (control) => control.wantSelection(),
   (control, record) => control.bar?.setRange(record.i32(), record.i32(), record.i32(), record.i32()),

@@ -1,7 +1,7 @@
 // What one element of the page shows, and what the person does there.
 import { ControlView, Kind } from "./control_view.js";
 import type { FormView } from "./form_view.js";
-import { heldKeys, keyCode } from "./keys.js";
+import { modifiers, keyCode } from "./keys.js";
 import type { Page } from "./page.js";
 import { SurfaceView } from "./surface_view.js";
 
@@ -162,7 +162,7 @@ export class ElementView {
     const used =
       // A key that is still held after something opened or closed is not meant for what is there now.
       this.#keyPressedOn !== onTop ||
-      this.page.send((module) => module.key(this.top.id, code, heldKeys(event))) ||
+      this.page.send((module) => module.key(this.top.id, code, modifiers(event))) ||
       // A button is pressed by the module, never a second time by the browser.
       (isActivation(event) && this.#controlAt(event)?.kind === Kind.CommandButton);
     if (used) event.preventDefault();

@@ -37,7 +37,7 @@ struct Page {
   }
   std::string take_argument() { return std::exchange(argument, {}); }
   int finish(const Result<>& result) {
-    desk.settle();
+    desk.flush();
     answer = result ? std::string() : result.error().subject;
     return result ? 0 : static_cast<int>(result.error().number);
   }
@@ -56,7 +56,8 @@ constexpr Method methods[] = {
     {"ShowAboutBox", [](LPctrl& element, const std::string&) { return element.ShowAboutBox(); }},
     {"ShowfrmMelding", [](LPctrl& element, const std::string&) { return element.ShowfrmMelding(); }},
     {"ShowfrmFoutmelding", [](LPctrl& element, const std::string&) { return element.ShowfrmFoutmelding(); }},
-    {"ShowfrmPivotelement", [](LPctrl& element, const std::string&) { return element.ShowfrmPivotelement(); }},
+    {"ShowfrmPivotelement",
+     [](LPctrl& element, const std::string&) { return element.ShowfrmPivotelement(); }},
 };
 
 // Cuts "name NUL rest" in two.

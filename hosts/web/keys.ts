@@ -29,5 +29,5 @@ export function keyCode({ key, code }: KeyboardEvent): number {
   return /^(Key[A-Z]|Digit[0-9])$/.test(code) ? code.charCodeAt(code.length - 1) : 0;
 }
 
-export const heldKeys = ({ shiftKey, ctrlKey, altKey }: KeyboardEvent): number =>
+export const modifiers = ({ shiftKey, ctrlKey, altKey }: KeyboardEvent): number =>
   Number(shiftKey) + 2 * Number(ctrlKey) + 4 * Number(altKey);

@@ -34,11 +34,11 @@ void write_bounds(Record& record, const Bounds& bounds) {
   record.f32(bounds.height);
 }
 
-void write_letters(Record& record, const Letters& letters) {
-  record.u8(letters.points);
-  record.flag(letters.bold);
-  record.u8(static_cast<std::uint8_t>(letters.align));
-  record.flag(letters.wraps);
+void write_font(Record& record, const Font& font) {
+  record.u8(font.points);
+  record.flag(font.bold);
+  record.u8(static_cast<std::uint8_t>(font.align));
+  record.flag(font.wraps);
 }
 
 void write_range(Record& record, const ScrollBar& bar) {
@@ -111,8 +111,8 @@ constexpr Writer writers[] = {
      [](Record& record, const Control& each) { record.text(each.tool_tip()); }},
     {Property::SpokenName, is_any, has_no_spoken_name,
      [](Record& record, const Control& each) { record.text(each.spoken_name()); }},
-    {Property::Letters, is_any, never,
-     [](Record& record, const Control& each) { write_letters(record, each.letters()); }},
+    {Property::Font, is_any, never,
+     [](Record& record, const Control& each) { write_font(record, each.font()); }},
     {Property::Locked, is_box, is_unlocked,
      [](Record& record, const Control& each) { record.flag(as<TextBox>(each).locked()); }},
     {Property::Selection, is_selected, never, [](Record&, const Control&) {}},

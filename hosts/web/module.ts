@@ -11,7 +11,7 @@ export interface Imports {
   set_busy(surface: number, busy: number): void;
   take_focus(surface: number): number;
   seconds_since_midnight(): number;
-  breath_due(): number;
+  yield_due(): number;
   wake_after(milliseconds: number, ticket: number): void;
   wake_after_repaint(ticket: number): void;
   wake_after_events(ticket: number): void;

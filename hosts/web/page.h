@@ -25,7 +25,7 @@ TABULON_PAGE(take_focus) bool take_focus(int surface);
 
 // ---- Time
 TABULON_PAGE(seconds_since_midnight) float seconds_since_midnight();
-TABULON_PAGE(breath_due) bool breath_due();
+TABULON_PAGE(yield_due) bool yield_due();
 TABULON_PAGE(wake_after) void wake_after(double milliseconds, int ticket);
 TABULON_PAGE(wake_after_repaint) void wake_after_repaint(int ticket);
 TABULON_PAGE(wake_after_events) void wake_after_events(int ticket);

@@ -18,7 +18,7 @@ import { RecordReader } from "./record.js";
 import type { SurfaceView } from "./surface_view.js";
 
 // As long as a handler may hold the page before a person would notice, in milliseconds.
-const breath = 10;
+const longestRun = 10;
 // A page that is not seen paints nothing; then this many milliseconds stand for a repaint.
 const longestRepaint = 100;
 
@@ -293,7 +293,7 @@ export class Page {
       set_busy: (id, busy) => this.#queue.push(() => this.#surface(id)?.element.setBusy(id, busy !== 0)),
       take_focus: (id) => Number(this.#takeFocus(id)),
       seconds_since_midnight: secondsSinceMidnight,
-      breath_due: () => Number(performance.now() - this.#entered > breath),
+      yield_due: () => Number(performance.now() - this.#entered > longestRun),
       wake_after: (milliseconds, ticket) => setTimeout(() => this.answer(ticket), milliseconds),
       wake_after_repaint: (ticket) => this.#wakeAfterRepaint(ticket),
       wake_after_events: (ticket) => this.#macrotask.port2.postMessage(ticket),

@@ -95,8 +95,8 @@ void WebHost::wake_after_repaint(Ticket ticket) {
 void WebHost::wake_after_events(Ticket ticket) {
   page::wake_after_events(ticket);
 }
-bool WebHost::breath_due() {
-  return page::breath_due();
+bool WebHost::yield_due() {
+  return page::yield_due();
 }
 
 // ---- Capabilities

@@ -41,7 +41,7 @@ class WebHost : public platform::Host {
   void wake_after(double milliseconds, platform::Ticket ticket) override;
   void wake_after_repaint(platform::Ticket ticket) override;
   void wake_after_events(platform::Ticket ticket) override;
-  bool breath_due() override;
+  bool yield_due() override;
 
   void beep() override;
   void show_file_dialog(const platform::FileDialog& dialog, platform::Ticket ticket) override;

@@ -152,8 +152,8 @@ HWND name_box_in(HWND dialog) {
 ComPlayer::ComPlayer(Container& container, Person& person, Options options)
     : Interpreter(options.project), container_(container), person_(person), options_(std::move(options)) {}
 
-void ComPlayer::settle() {
-  expect(person_.settle(), "the windows have not handled their input");
+void ComPlayer::wait_until_idle() {
+  expect(person_.wait_until_idle(), "the windows have not handled their input");
 }
 
 void ComPlayer::note(HRESULT answer) {
@@ -223,7 +223,7 @@ void ComPlayer::choose(const std::string& name) {
   Seen item;
   eventually([&] { item = find_item(name); });
   person_.move(middle_of(item.box));
-  settle();
+  wait_until_idle();
   person_.click(middle_of(item.box));
 }
 
@@ -279,10 +279,10 @@ void ComPlayer::scroll_to(const Named& bar, int value) {
   LONG along =
       middle + track.arrow + (wanted - track.low) * way / (track.high - track.low) - track.thumb_start;
   person_.button_down(track.at(middle));
-  settle();
+  wait_until_idle();
   for (int turn = 0; turn < 40; ++turn) {
     person_.move(track.at(along));
-    settle();
+    wait_until_idle();
     const int now = dragged_to(seen.window);
     if (now == wanted) break;
     along += now < wanted ? 1 : -1;
@@ -295,10 +295,10 @@ void ComPlayer::drag(const Named& what, int right, int down) {
   constexpr int steps = 5;
   person_.button_down(from);
   for (int step = 1; step <= steps; ++step) {
-    settle();
+    wait_until_idle();
     person_.move({from.x + eyes().device(right * step / steps), from.y + eyes().device(down * step / steps)});
   }
-  settle();
+  wait_until_idle();
   person_.button_up({from.x + eyes().device(right), from.y + eyes().device(down)});
 }
 
@@ -338,14 +338,14 @@ void ComPlayer::answer_file_dialog(const std::string& name) {
   person_.press({VK_END, Person::shift});
   person_.type(wide(options_.folder + name));
   person_.press({VK_RETURN});
-  settle();
+  wait_until_idle();
   eventually([&] {
     for (HWND const asked : open_dialogs(container_.thread().id())) {
       // A file of that name may be replaced.
       HWND const yes = GetDlgItem(asked, IDYES);
       if (!yes) continue;
       person_.click(middle_of(yes));
-      settle();
+      wait_until_idle();
     }
     expect(!IsWindowVisible(dialog), "the file dialog does not take " + name);
   });
@@ -363,7 +363,7 @@ void ComPlayer::open_file(const std::string& name, const std::string& bytes) {
 void ComPlayer::cancel_file() {
   HWND const dialog = file_dialog();
   person_.click(middle_of(GetDlgItem(dialog, IDCANCEL)));
-  settle();
+  wait_until_idle();
   eventually([&] { expect(!IsWindowVisible(dialog), "the file dialog does not go"); });
 }
 

@@ -59,7 +59,7 @@ class ComPlayer final : public scenarios::Interpreter {
   void open_file(const std::string& name, const std::string& bytes) override;
   void cancel_file() override;
   void dump(const std::string& label) override;
-  void settle() override;
+  void wait_until_idle() override;
 
   // A control that was never seen has no window.
   bool is_shown(const Named& what) override;

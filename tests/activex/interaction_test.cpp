@@ -25,13 +25,13 @@ class Visit {
     RECT box{};
     GetWindowRect(container_.own_box(), &box);
     person_.click({(box.left + box.right) / 2, (box.top + box.bottom) / 2});
-    person_.settle();
+    person_.wait_until_idle();
   }
   // A place on the control's surface, in pixels.
   void click_surface(POINT at) {
     ClientToScreen(container_.surface(), &at);
     person_.click(at);
-    person_.settle();
+    person_.wait_until_idle();
   }
   bool own_box_has_focus() const {
     GUITHREADINFO thread{};
@@ -130,7 +130,7 @@ TEST_P(KeysInAContainer, GoToTheContainersOwnBoxWhenThatHasTheFocus) {
     visit.click_own_box();
     visit.person().type(L"7");
     visit.person().press({VK_TAB});
-    visit.person().settle();
+    visit.person().wait_until_idle();
     EXPECT_TRUE(visit.own_box_has_focus());
     visit.play("see txtTableau 1 \" 0\"\n");
   });
@@ -142,7 +142,7 @@ TEST_P(KeysInAContainer, ThatAreHeldDoNotGoOnInWhatAppears) {
     visit.person().key_down(VK_RETURN);
     visit.person().key_down(VK_RETURN);
     visit.person().key_up(VK_RETURN);
-    visit.person().settle();
+    visit.person().wait_until_idle();
     visit.play("see no form\nsee focus txtTableau 1\n");
   });
 }
@@ -193,7 +193,7 @@ TEST_P(BarsInAContainer, GoOnWhileTheirArrowIsHeldAndNoLonger) {
     visit.person().button_down(arrow);
     for (int turn = 0; turn < 200 && visit.seen("HScroll").value < 4; ++turn) Sleep(20);
     visit.person().button_up(arrow);
-    visit.person().settle();
+    visit.person().wait_until_idle();
     const int value = visit.seen("HScroll").value;
     EXPECT_GE(value, 4);
     Sleep(200);

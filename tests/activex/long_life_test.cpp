@@ -1,7 +1,7 @@
 // Ten thousand controls, one after the other: nothing of them stays behind.
 #include "tests/activex/bags.h"
 #include "tests/activex/com.h"
-#include "tests/activex/held.h"
+#include "tests/activex/resources.h"
 
 namespace tabulon::client {
 namespace {
@@ -32,9 +32,9 @@ class LongLife : public ComTest {
 
 TEST_F(LongLife, NothingIsLeftOfTenThousandControls) {
   use(500);  // fonts and tables that are made once
-  const Held before = held_now();
+  const Resources before = resources_now();
   use(10'000);
-  const Held after = held_now();
+  const Resources after = resources_now();
   EXPECT_LE(after.drawing_object, before.drawing_object + 100);
   EXPECT_LE(after.window, before.window + 100);
   EXPECT_LE(after.handle, before.handle + 400);

@@ -86,11 +86,11 @@ void send_mouse(POINT at, std::initializer_list<DWORD> events) {
   send(std::move(all));
 }
 
-struct HeldKey {
-  Person::Held bit;
+struct ModifierKey {
+  Person::Resources bit;
   int key;
 };
-constexpr HeldKey held_keys[] = {
+constexpr ModifierKey modifier_keys[] = {
     {Person::shift, VK_SHIFT}, {Person::ctrl, VK_CONTROL}, {Person::alt, VK_MENU}};
 
 }  // namespace
@@ -110,11 +110,11 @@ Person::~Person() {
 
 void Person::press(const Stroke& stroke) {
   std::vector<INPUT> events;
-  for (const HeldKey& held : held_keys)
+  for (const ModifierKey& held : modifier_keys)
     if (stroke.held & held.bit) events.push_back(key_event(held.key, false));
   events.push_back(key_event(stroke.key, false));
   events.push_back(key_event(stroke.key, true));
-  for (const HeldKey& held : held_keys)
+  for (const ModifierKey& held : modifier_keys)
     if (stroke.held & held.bit) events.push_back(key_event(held.key, true));
   send(std::move(events));
 }
@@ -149,7 +149,7 @@ void Person::button_up(POINT at) {
   send_mouse(at, {MOUSEEVENTF_LEFTUP});
 }
 
-bool Person::settle(std::chrono::milliseconds patience) {
+bool Person::wait_until_idle(std::chrono::milliseconds patience) {
   // A second round, for what the first has set off in windows that have to be painted.
   for (int round = 0; round < 2; ++round) {
     ResetEvent(marker_seen);

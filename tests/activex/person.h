@@ -4,7 +4,7 @@
 //
 //   Person person(container.thread());
 //   person.press({'W', Person::alt});
-//   person.settle();                  // now that thread has handled the keys, and what they posted
+//   person.wait_until_idle();                  // now that thread has handled the keys, and what they posted
 //   person.click({320, 200});         // in pixels of the screen
 #pragma once
 
@@ -19,7 +19,7 @@ namespace tabulon::activex {
 
 class Person {
  public:
-  enum Held : int { none = 0, shift = 1, ctrl = 2, alt = 4 };
+  enum Resources : int { none = 0, shift = 1, ctrl = 2, alt = 4 };
   struct Stroke {
     int key;  // a virtual key
     int held = none;
@@ -46,7 +46,7 @@ class Person {
 
   // Until the window's thread has handled all input so far and what that posted. False where it takes longer
   // than `patience`.
-  bool settle(std::chrono::milliseconds patience = std::chrono::seconds(10));
+  bool wait_until_idle(std::chrono::milliseconds patience = std::chrono::seconds(10));
 
  private:
   HHOOK hook_;

@@ -11,8 +11,8 @@
 
 #include "hosts/activex/names.h"
 #include "tests/activex/com.h"
-#include "tests/activex/held.h"
 #include "tests/activex/in_place.h"
+#include "tests/activex/resources.h"
 #include "tests/activex/site.h"
 
 namespace tabulon::client {
@@ -651,9 +651,9 @@ TEST_F(InPlaceManyTimes, NothingStays) {
   ASSERT_TRUE(object_);
   come_and_go(10);  // fonts and tables that are made once
   const long windows_before = windows();
-  const Held before = held_now();
+  const Resources before = resources_now();
   come_and_go(60);
-  const Held after = held_now();
+  const Resources after = resources_now();
   EXPECT_EQ(windows(), windows_before);
   EXPECT_EQ(tool_tip_windows(), 0);
   EXPECT_LE(after.drawing_object, before.drawing_object + 20);

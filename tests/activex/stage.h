@@ -3,7 +3,7 @@
 //   on_stage({}, [](Container& container, Person& person) {
 //     container.thread().run([&] { container.show({}); });
 //     person.click(...);
-//     person.settle();
+//     person.wait_until_idle();
 //   });
 #pragma once
 

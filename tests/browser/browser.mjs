@@ -87,7 +87,7 @@ export async function text(page, name, index, element) {
 }
 
 // Until every element has been shown and waits for the person.
-export const settled = (page) =>
+export const idle = (page) =>
   page.evaluate(async () => {
     await customElements.whenDefined("tabulon-lpctrl");
     const elements = [...document.querySelectorAll("tabulon-lpctrl")];
@@ -140,7 +140,7 @@ export async function launch({ engine = process.env.TABULON_ENGINE ?? "chromium"
     });
     await page.setViewport({ width, height, deviceScaleFactor: scale });
     await page.goto(from === "file" ? pathToFileURL(join(folder, path)).href : `${origin}/${path}`);
-    if (wait) await settled(page);
+    if (wait) await idle(page);
     return page;
   }
 

@@ -1,7 +1,7 @@
 // The custom element as a teacher's page and its script meet it.
 import assert from "node:assert/strict";
 import { after, afterEach, before, describe, test } from "node:test";
-import { control, launch, noise, problem, settled, text } from "./browser.mjs";
+import { control, launch, noise, problem, idle, text } from "./browser.mjs";
 
 let browser;
 let page;
@@ -248,7 +248,7 @@ describe("life in the page", () => {
       globalThis.seen = [];
       new MutationObserver(() => seen.push(LPctrl1.getAttribute("aria-busy"))).observe(LPctrl1, { attributeFilter: ["aria-busy"] });
     });
-    await settled(page);
+    await idle(page);
     await page.click(control("cmd_Help"));
     await until(() => LPctrl1.shadowRoot.querySelector('[role="menuitem"]'));
     const seen = await page.evaluate(() => [seen, LPctrl1.getAttribute("aria-busy")]);
@@ -335,7 +335,7 @@ describe("life in the page", () => {
       await page.click(control(button));
       await until(() => LPctrl1.shadowRoot.querySelector('[role="menu"]'));
       await page.keyboard.press(key);
-      await settled(page);
+      await idle(page);
     }
     await until(() => LPctrl1.shadowRoot.querySelector("dialog[open]"));
     assert.deepEqual(noise(page), []);

@@ -2,7 +2,7 @@
 // page's makers worked out.
 import assert from "node:assert/strict";
 import { after, before, describe, test } from "node:test";
-import { control, launch, noise, settled, text } from "./browser.mjs";
+import { control, launch, noise, idle, text } from "./browser.mjs";
 
 // F at the optimum, and what the basic variables are worth there.
 const pages = [
@@ -35,7 +35,7 @@ async function solution(page) {
 async function confirm(page, message) {
   await shows(page, "lblMelding", message);
   await page.keyboard.press("Enter");
-  await settled(page);
+  await idle(page);
 }
 
 async function optimiseByMouse(page) {

@@ -4,7 +4,7 @@ import assert from "node:assert/strict";
 import { readFileSync } from "node:fs";
 import { createRequire } from "node:module";
 import { after, afterEach, before, describe, test } from "node:test";
-import { control, launch, noise, problem, settled, text } from "./browser.mjs";
+import { control, launch, noise, problem, idle, text } from "./browser.mjs";
 
 let browser;
 let page;
@@ -266,7 +266,7 @@ describe("scroll bars", () => {
     await page.mouse.move(x + 60, y, { steps: 4 });
     await page.mouse.move(x + 500, y + 80, { steps: 4 });
     await page.mouse.up();
-    await settled(page);
+    await idle(page);
     assert.equal(await first(), " 12");
     assert.equal(await focused(), "txtFocus");
   });

@@ -1,10 +1,10 @@
 // While the control works through a problem of many steps, the page lives on: its scripts run and it scrolls.
 //
-// The page's clock says that every breath is due, and the control's messages to itself wait until the test lets
+// The page's clock says that a yield is always due, and the control's messages to itself wait until the test lets
 // them through, so that the run stands still in the middle for as long as the test looks.
 import assert from "node:assert/strict";
 import { after, before, describe, test } from "node:test";
-import { control, launch, problem, settled, text } from "./browser.mjs";
+import { control, launch, problem, idle, text } from "./browser.mjs";
 
 const variables = 8;
 const numbers = Array.from({ length: variables }, (_, at) => at + 1);
@@ -60,7 +60,7 @@ describe("a long run in the browser", () => {
     browser = await launch();
     await browser.write("slow-machine.js", slowMachine);
     opened = await browser.open(page, { wait: false });
-    await settled(opened);
+    await idle(opened);
     await opened.click(control("cmd_Bewerken"));
     await opened.waitForSelector(control("mnu_optimaliseren"));
     await opened.evaluate(() => void (window.holding = true));

@@ -5,13 +5,13 @@ import assert from "node:assert/strict";
 import { readFile } from "node:fs/promises";
 import { setTimeout as sleep } from "node:timers/promises";
 import { fileURLToPath } from "node:url";
-import { noise, problem, settled } from "./browser.mjs";
+import { noise, problem, idle } from "./browser.mjs";
 import { look } from "./scenario-eyes.mjs";
 
 const patience = 5000; // milliseconds until what must be seen is missed
 
 const keyNames = { Space: "Space", Up: "ArrowUp", Down: "ArrowDown", Left: "ArrowLeft", Right: "ArrowRight" };
-const heldNames = { Shift: "Shift", Ctrl: "Control", Alt: "Alt" };
+const modifierNames = { Shift: "Shift", Ctrl: "Control", Alt: "Alt" };
 
 // A clock that stands still at ten o'clock until the scenario moves it. What a page paints goes on by itself.
 const clockScript = `
@@ -113,7 +113,7 @@ class Player {
   }
 
   // Until the page has painted and has handled what was waiting.
-  settle = async () => {
+  waitUntilIdle = async () => {
     for (let turn = 0; turn < 2; ++turn) {
       await this.page.evaluate(
         () =>
@@ -159,7 +159,7 @@ class Player {
     if (word !== "see") this.expectNoError();
     await run.call(this, command);
     if (!this.page || word === "see") return;
-    if (word !== "press") await this.settle(); // it has settled after each key
+    if (word !== "press") await this.waitUntilIdle(); // it has idle after each key
     await this.noteErrors();
   }
 
@@ -168,11 +168,11 @@ class Player {
   async pressKey(name) {
     const parts = name.split(/\+(?=.)/);
     const key = parts.pop();
-    const held = parts.map((part) => heldNames[part] ?? assert.fail(`there is no key "${name}"`));
+    const held = parts.map((part) => modifierNames[part] ?? assert.fail(`there is no key "${name}"`));
     for (const hold of held) await this.page.keyboard.down(hold);
     await this.page.keyboard.press(keyNames[key] ?? (key.length === 1 ? key.toLowerCase() : key));
     for (const hold of held.reverse()) await this.page.keyboard.up(hold);
-    await this.settle();
+    await this.waitUntilIdle();
   }
 
   async drag({ bar, vertical }, to) {
@@ -185,7 +185,7 @@ class Player {
     await this.page.mouse.move(x, y);
     await this.page.mouse.down();
     await this.page.mouse.move(x + (vertical ? 0 : distance), y + (vertical ? distance : 0), { steps: 5 });
-    await this.settle();
+    await this.waitUntilIdle();
     await this.page.mouse.up();
   }
 
@@ -221,7 +221,7 @@ const commands = {
     const scripts = [...(this.hasClock ? ["scenario-clock.js"] : []), "scenario-errors.js", "scenario-files.js", "tabulon.js"];
     this.page = await browser.open(pageWith(problem(this.parameters), scripts), { wait: false });
     if (this.opensFiles) this.awaitChooser();
-    await settled(this.page);
+    await idle(this.page);
     this.error = await this.page.evaluate(() =>
       document.querySelector("tabulon-lpctrl").ready.then(() => undefined, (error) => error.number),
     );
@@ -332,7 +332,7 @@ const commands = {
     for (let turn = 0; turn < Math.abs(Number(far)); ++turn) {
       const bar = await this.find(command);
       await this.clickAt(how === "page" ? this.trackBeside(bar, forward) : forward ? bar.bar.forward : bar.bar.back);
-      await this.settle();
+      await this.waitUntilIdle();
     }
   },
 

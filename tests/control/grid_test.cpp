@@ -112,7 +112,7 @@ class KindOfColumn : public Grid, public testing::WithParamInterface<int> {
   }
 };
 
-TEST_P(KindOfColumn, IsDressedFromHeadToFoot) {
+TEST_P(KindOfColumn, HasItsStyleInEveryCell) {
   open(every_kind);
   const int at = shown_at();
   EXPECT_EQ(text("lblKolom", at), column().name);
@@ -142,7 +142,7 @@ TEST_P(KindOfColumn, CanBeTypedInOnlyWhereItIsADecisionVariableInFillInMode) {
 
 INSTANTIATE_TEST_SUITE_P(All, KindOfColumn, testing::Range(1, 11));
 
-TEST_F(Grid, EachRowIsDressedByItsBasicVariable) {
+TEST_F(Grid, EachRowHasTheStyleOfItsBasicVariable) {
   open(every_kind);
   for (int row = 1; row <= 6; ++row) {
     const Column& basic =
@@ -203,7 +203,7 @@ TEST_F(Grid, EightRowsNeedTheBarSevenDoNot) {
   EXPECT_EQ(text("lblRij", 7), " 8  ");
 }
 
-TEST_F(Grid, DressFollowsTheTableauWhenItIsScrolled) {
+TEST_F(Grid, StyleFollowsTheTableauWhenItIsScrolled) {
   open(every_kind);
   scroll("HScroll", 3);
   EXPECT_EQ(colour("txtTableau", box(1, 1)), "218, 220, 254");

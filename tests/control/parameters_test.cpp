@@ -96,7 +96,9 @@ struct Split {
   std::array<std::string, 3> items;
 };
 
-void PrintTo(const Split& split, std::ostream* out) { *out << '"' << split.list << '"'; }
+void PrintTo(const Split& split, std::ostream* out) {
+  *out << '"' << split.list << '"';
+}
 
 class ListOfThree : public PageParameters, public testing::WithParamInterface<Split> {};
 
@@ -122,7 +124,9 @@ struct BadCount {
   int error;
 };
 
-void PrintTo(const BadCount& bad, std::ostream* out) { *out << bad.name << " = \"" << bad.text << '"'; }
+void PrintTo(const BadCount& bad, std::ostream* out) {
+  *out << bad.name << " = \"" << bad.text << '"';
+}
 
 class BadCounts : public PageParameters, public testing::WithParamInterface<BadCount> {};
 

@@ -16,7 +16,7 @@ namespace {
 
 using platform::TextFile;
 
-constexpr std::int16_t basSafeCtl::*const counts[] = {
+constexpr std::int16_t basSafeCtl::* const counts[] = {
     &basSafeCtl::NrTableau,
     &basSafeCtl::NrBeslisVar,
     &basSafeCtl::NrSpelingsVar,

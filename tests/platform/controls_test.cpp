@@ -44,7 +44,7 @@ TEST_F(Marking, EveryPropertyIsMarkedWhenItChangesAndNotWhenItStays) {
   expect_marked_once(box, Property::Colours, [&] { box.set_fore_colour(rgb(4, 5, 6)); });
   expect_marked_once(box, Property::ToolTip, [&] { box.set_tool_tip(" Pivotelement "); });
   expect_marked_once(box, Property::SpokenName, [&] { box.set_spoken_name("rij 1"); });
-  expect_marked_once(box, Property::Letters, [&] { box.set_letters({.points = 8, .bold = true}); });
+  expect_marked_once(box, Property::Font, [&] { box.set_font({.points = 8, .bold = true}); });
   expect_marked_once(box, Property::Visible, [&] { box.set_visible(false); });
   expect_marked_once(box, Property::Enabled, [&] { box.set_enabled(false); });
   expect_marked_once(box, Property::Locked, [&] { box.set_locked(true); });

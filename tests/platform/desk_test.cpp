@@ -39,7 +39,7 @@ class DeskTest : public testing::Test {
 // ---- What the host is handed
 
 TEST_F(DeskTest, TheHostIsHandedTheChangesOnceWhenTheHandlerIsDone) {
-  desk.settle();
+  desk.flush();
   host.forget_mirrored();
   int during = -1;
   sheet.when_clicked = [&](Control&) -> Task<> {
@@ -59,11 +59,11 @@ TEST_F(DeskTest, TheHostIsHandedTheChangesOnceWhenTheHandlerIsDone) {
 }
 
 TEST_F(DeskTest, WhatNoHandlerChangedIsHandedOverWhenAsked) {
-  desk.settle();
+  desk.flush();
   host.forget_mirrored();
   sheet.first.set_text(" 5");
   EXPECT_EQ(host.mirrors(sheet), 0);
-  desk.settle();
+  desk.flush();
   EXPECT_EQ(host.mirrors(sheet), 1);
 }
 
@@ -332,8 +332,8 @@ TEST_F(DeskTest, TabGoesAroundOnAForm) {
     met.emplace_back(open->active()->name());
   }
   EXPECT_EQ(met, (Log{"ok", "cancel", "answer", "ok"}));
-  desk.key(*open, {key::tab, held::shift});
-  desk.key(*open, {key::tab, held::shift});
+  desk.key(*open, {key::tab, modifier::shift});
+  desk.key(*open, {key::tab, modifier::shift});
   EXPECT_EQ(open->active(), &open->cancel);
 }
 
@@ -354,7 +354,7 @@ TEST_F(DeskTest, EnterAndEscapePressAFormsButtonsFromAnywhere) {
 TEST_F(DeskTest, AFormsAccessKeyPressesItsButton) {
   asks_when_clicked();
   desk.click(sheet.go);
-  EXPECT_TRUE(desk.key(*open, {'A', held::alt}));
+  EXPECT_TRUE(desk.key(*open, {'A', modifier::alt}));
   EXPECT_EQ(asked.back(), "Click cancel");
 }
 
@@ -424,7 +424,7 @@ TEST_F(DeskMenu, AnOpenMenuIsNotBusy) {
   EXPECT_FALSE(host.is_busy(sheet));
 }
 
-// ---- Dialogs, clipboard, breath
+// ---- Dialogs, clipboard, yield
 
 TEST_F(DeskTest, AFileDialogIsAskedAndAnswered) {
   std::string name;
@@ -463,12 +463,12 @@ TEST_F(DeskTest, AClipboardThatRefusesSaysSo) {
   EXPECT_FALSE(host.clipboard);
 }
 
-TEST_F(DeskTest, ALongRunGivesTheThreadBackWhenABreathIsDue) {
+TEST_F(DeskTest, ALongRunGivesTheThreadBackWhenAYieldIsDue) {
   int rounds = 0;
   sheet.when_clicked = [&](Control&) -> Task<> {
-    for (; rounds < 10; ++rounds) co_await desk.breathe();
+    for (; rounds < 10; ++rounds) co_await desk.yield();
   };
-  host.breath_every = 4;
+  host.yield_every = 4;
   desk.click(sheet.go);
   EXPECT_EQ(rounds, 3);
   EXPECT_TRUE(host.is_busy(sheet));
@@ -480,10 +480,10 @@ TEST_F(DeskTest, ALongRunGivesTheThreadBackWhenABreathIsDue) {
   EXPECT_FALSE(host.is_busy(sheet));
 }
 
-TEST_F(DeskTest, WithoutABreathDueALongRunEndsAtOnce) {
+TEST_F(DeskTest, WithoutAYieldDueALongRunEndsAtOnce) {
   int rounds = 0;
   sheet.when_clicked = [&](Control&) -> Task<> {
-    for (; rounds < 100'000; ++rounds) co_await desk.breathe();
+    for (; rounds < 100'000; ++rounds) co_await desk.yield();
   };
   desk.click(sheet.go);
   EXPECT_EQ(rounds, 100'000);
@@ -610,10 +610,10 @@ TEST_F(DeskTest, AbandoningALongRunEndsIt) {
   sheet.when_clicked = [&](Control&) -> Task<> {
     while (true) {
       ++rounds;
-      co_await desk.breathe();
+      co_await desk.yield();
     }
   };
-  host.breath_every = 10;
+  host.yield_every = 10;
   desk.click(sheet.go);
   EXPECT_TRUE(host.answer_one());
   EXPECT_EQ(rounds, 20);

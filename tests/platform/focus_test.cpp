@@ -229,42 +229,42 @@ class TabOrder : public Focus {
 };
 
 TEST_F(TabOrder, GoesForwardAndLeavesAtTheEnd) {
-  EXPECT_EQ(walk(held::none), (Log{"first", "second", "third", "go", "stop"}));
+  EXPECT_EQ(walk(modifier::none), (Log{"first", "second", "third", "go", "stop"}));
   EXPECT_EQ(sheet.active(), &sheet.stop);
 }
 
 TEST_F(TabOrder, GoesBackwardAndLeavesAtTheStart) {
-  EXPECT_EQ(walk(held::shift), (Log{"stop", "go", "third", "second", "first"}));
+  EXPECT_EQ(walk(modifier::shift), (Log{"stop", "go", "third", "second", "first"}));
 }
 
 TEST_F(TabOrder, FollowsThePlacesNotTheCreation) {
   sheet.first.set_tab(9, true);
   sheet.stop.set_tab(0, true);
-  EXPECT_EQ(walk(held::none), (Log{"stop", "second", "third", "go", "first"}));
+  EXPECT_EQ(walk(modifier::none), (Log{"stop", "second", "third", "go", "first"}));
 }
 
 TEST_F(TabOrder, ControlsWithOnePlaceFollowInOrderOfCreation) {
   for (Control* control : sheet.controls()) control->set_tab(0, true);
-  EXPECT_EQ(walk(held::none), (Log{"first", "second", "third", "go", "stop"}));
+  EXPECT_EQ(walk(modifier::none), (Log{"first", "second", "third", "go", "stop"}));
 }
 
 TEST_F(TabOrder, SkipsWhatCannotTakeTheFocusAndWhatIsNoStop) {
   sheet.first.set_visible(false);
   sheet.third.set_enabled(false);
   sheet.go.set_tab(3, false);
-  EXPECT_EQ(walk(held::none), (Log{"second", "stop"}));
+  EXPECT_EQ(walk(modifier::none), (Log{"second", "stop"}));
 }
 
 TEST_F(TabOrder, GoesOnFromAControlThatIsNoStop) {
   sheet.third.set_tab(2, false);
   start_on(sheet.third);
-  EXPECT_EQ(walk(held::none), (Log{"go", "stop"}));
+  EXPECT_EQ(walk(modifier::none), (Log{"go", "stop"}));
   start_on(sheet.third);
-  EXPECT_EQ(walk(held::shift), (Log{"second", "first"}));
+  EXPECT_EQ(walk(modifier::shift), (Log{"second", "first"}));
 }
 
 TEST_F(TabOrder, AnotherKeyHeldIsNoTab) {
-  EXPECT_FALSE(desk.key(sheet, {key::tab, held::ctrl}));
+  EXPECT_FALSE(desk.key(sheet, {key::tab, modifier::ctrl}));
   EXPECT_EQ(sheet.active(), nullptr);
 }
 
@@ -285,14 +285,14 @@ TEST_F(Keys, EnterInATextBoxIsNotUsed) {
 
 TEST_F(Keys, AnAccessKeyPressesItsButton) {
   start_on(sheet.first);
-  EXPECT_TRUE(desk.key(sheet, {'S', held::alt}));
+  EXPECT_TRUE(desk.key(sheet, {'S', modifier::alt}));
   EXPECT_EQ(sheet.take_log(), (Log{"Validate first", "LostFocus first", "GotFocus stop", "Click stop"}));
 }
 
 TEST_F(Keys, AnAccessKeyOfAHiddenButtonIsNotUsed) {
   sheet.stop.set_visible(false);
-  EXPECT_FALSE(desk.key(sheet, {'S', held::alt}));
-  EXPECT_FALSE(desk.key(sheet, {'S', held::none}));
+  EXPECT_FALSE(desk.key(sheet, {'S', modifier::alt}));
+  EXPECT_FALSE(desk.key(sheet, {'S', modifier::none}));
   EXPECT_EQ(sheet.take_log(), Log{});
 }
 
@@ -311,10 +311,10 @@ TEST_F(Keys, TheSurfaceSeesEveryKeyFirst) {
 TEST_F(Keys, TheSurfaceMayTurnAKeyIntoAnother) {
   start_on(sheet.second);
   sheet.when_key_down = [](KeyPress& press, bool&) -> Task<> {
-    if (press.code == key::left) press = {key::tab, held::shift};
+    if (press.code == key::left) press = {key::tab, modifier::shift};
     co_return;
   };
-  desk.key(sheet, {key::left, held::ctrl});
+  desk.key(sheet, {key::left, modifier::ctrl});
   EXPECT_EQ(sheet.active(), &sheet.first);
 }
 

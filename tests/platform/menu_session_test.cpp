@@ -134,13 +134,13 @@ TEST_F(MenuSessionTest, AFirstLetterThatTwoItemsShareGoesFromOneToTheNext) {
 
 TEST_F(MenuSessionTest, AKeyWithoutACharacterOrWithControlHeldDoesNothing) {
   press({0, 16, 'Z'});
-  session.key({'A', held::ctrl});
+  session.key({'A', modifier::ctrl});
   expect_highlighted(nullptr);
   expect_still_open();
 }
 
 TEST_F(MenuSessionTest, AnAccessKeyWorksWithAltHeldToo) {
-  session.key({'A', held::alt});
+  session.key({'A', modifier::alt});
   expect_chosen(&save);
 }
 

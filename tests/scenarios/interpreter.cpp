@@ -51,13 +51,14 @@ constexpr NamedKey named_keys[] = {
     {"F10", key::f10},   {"Backspace", key::back},
 };
 
-constexpr NamedKey held_keys[] = {{"Shift+", held::shift}, {"Ctrl+", held::ctrl}, {"Alt+", held::alt}};
+constexpr NamedKey modifier_keys[] = {
+    {"Shift+", modifier::shift}, {"Ctrl+", modifier::ctrl}, {"Alt+", modifier::alt}};
 
 std::optional<KeyPress> key_press(std::string_view name) {
   KeyPress press;
   for (bool more = true; more;) {
     more = false;
-    for (const NamedKey& held : held_keys) {
+    for (const NamedKey& held : modifier_keys) {
       if (!name.starts_with(held.name) || name.size() == held.name.size()) continue;
       press.shift |= held.code;
       name.remove_prefix(held.name.size());
@@ -207,7 +208,7 @@ void Interpreter::run(const Command& command) {
   expect(found != std::end(entries), "unknown command " + in_quotes(word));
   expect(command.below.empty() || word == "page", "only page has lines below it");
   found->run(*this, command);
-  if (word != "see" && word != "dump" && word != "page") settle();
+  if (word != "see" && word != "dump" && word != "page") wait_until_idle();
 }
 
 void Interpreter::note(int number, std::string subject) {
@@ -240,7 +241,7 @@ void Interpreter::press_keys(const Command& command) {
     const std::optional<KeyPress> key = key_press(command.words[at]);
     expect(key.has_value(), "there is no key " + in_quotes(command.words[at]));
     press(*key);
-    settle();
+    wait_until_idle();
   }
 }
 
@@ -253,7 +254,7 @@ void Interpreter::scroll_bar(const Command& command) {
   expect(how == "arrow" || how == "page", "scroll by arrow, page or to");
   for (int turn = 0; turn < std::abs(number); ++turn) {
     scroll(bar, how == "arrow" ? Step::Arrow : Step::Page, number > 0);
-    settle();
+    wait_until_idle();
   }
 }
 

@@ -90,7 +90,7 @@ class Interpreter {
   virtual void cancel_file() = 0;
   virtual void dump(const std::string& label) = 0;
   // Until all that was begun is done.
-  virtual void settle() = 0;
+  virtual void wait_until_idle() = 0;
 
   // ---- What is there
   virtual bool is_shown(const Named& what) = 0;

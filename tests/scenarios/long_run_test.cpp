@@ -45,7 +45,7 @@ class LongRun : public testing::Test {
   void TearDown() override { desk.abandon(control); }
 
   void optimise() {
-    desk.key(control, {'W', platform::held::alt});
+    desk.key(control, {'W', platform::modifier::alt});
     desk.key(control, {'O'});
   }
   void expect_solved() {
@@ -68,36 +68,36 @@ TEST_F(LongRun, VisitsEveryCorner) {
 }
 
 TEST_F(LongRun, GivesTheThreadBackBetweenBatchesAndEndsTheSame) {
-  host.breath_every = 1;
+  host.yield_every = 1;
   optimise();
-  int breaths = 0;
+  int yields = 0;
   while (host.has_pending()) {
     EXPECT_TRUE(host.is_busy(control));
     EXPECT_EQ(host.top_form(), nullptr);
     const int before = model.NrTableau;
     EXPECT_TRUE(host.answer_one());
-    ++breaths;
+    ++yields;
     EXPECT_GT(model.NrTableau, before);
   }
-  EXPECT_GE(breaths, 3);
+  EXPECT_GE(yields, 3);
   expect_solved();
   EXPECT_FALSE(host.is_busy(control));
 }
 
 TEST_F(LongRun, HandlesNoEventBetweenBatches) {
-  host.breath_every = 1;
+  host.yield_every = 1;
   optimise();
   ASSERT_TRUE(host.has_pending());
   EXPECT_FALSE(desk.click(*control.find("cmd_Bewerken")));
   EXPECT_FALSE(desk.focus(*control.find("txtTableau", 1)));
-  EXPECT_TRUE(desk.key(control, {'H', platform::held::alt}));
+  EXPECT_TRUE(desk.key(control, {'H', platform::modifier::alt}));
   EXPECT_EQ(host.open_menu(), nullptr);
   host.answer_all();
   expect_solved();
 }
 
 TEST_F(LongRun, CanBeGivenUp) {
-  host.breath_every = 1;
+  host.yield_every = 1;
   optimise();
   host.answer_one();
   const int reached = model.NrTableau;
@@ -107,7 +107,7 @@ TEST_F(LongRun, CanBeGivenUp) {
   host.answer_all();
   EXPECT_EQ(model.NrTableau, reached);
   EXPECT_EQ(host.top_form(), nullptr);
-  host.breath_every = 0;
+  host.yield_every = 0;
   optimise();  // and taken up again
   expect_solved();
 }

@@ -52,7 +52,7 @@ void Player::note(const Result<>& result) {
   if (!result) Interpreter::note(static_cast<int>(result.error().number), result.error().subject);
 }
 
-void Player::settle() {
+void Player::wait_until_idle() {
   if (!std::exchange(has_typed_, false)) typing_in_ = nullptr;
   expect(host_.answer_all(), "it goes on without end");
 }
@@ -129,7 +129,7 @@ void Player::press(const KeyPress& key) {
   if (used) return;
   if (key.code == key::tab) return host_.desk().leave(top());
   const Control* const active = top().active();
-  expect(!active || active->kind() != Kind::TextBox || key.shift != held::none || key.code < '0',
+  expect(!active || active->kind() != Kind::TextBox || key.shift != modifier::none || key.code < '0',
          "a letter would be written into " + focus() + "; use type");
 }
 
@@ -151,7 +151,7 @@ void Player::script(const std::string& property, const PropertyValue& value) {
   const auto result = control_.set_property(property, value);
   expect(result.has_value(), "there is no property " + property);
   note(*result);
-  host_.desk().settle();
+  host_.desk().flush();
 }
 
 void Player::call(const std::string& name, const std::string& file) {

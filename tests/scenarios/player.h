@@ -43,7 +43,7 @@ class Player final : public Interpreter {
   void open_file(const std::string& name, const std::string& bytes) override;
   void cancel_file() override;
   void dump(const std::string& label) override;
-  void settle() override;
+  void wait_until_idle() override;
 
   bool is_shown(const Named& what) override;
   Looks look_at(const Named& what) override;

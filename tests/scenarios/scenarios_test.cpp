@@ -51,8 +51,7 @@ TEST_P(Scenario, IsSeenAsItSays) {
 
 std::string test_name(const testing::TestParamInfo<std::filesystem::path>& info) {
   std::string name = info.param.stem().string();
-  std::ranges::replace_if(
-      name, [](unsigned char letter) { return !std::isalnum(letter); }, '_');
+  std::ranges::replace_if(name, [](unsigned char letter) { return !std::isalnum(letter); }, '_');
   return name;
 }
 

@@ -95,7 +95,9 @@ struct Opening {
   double by_mouse, by_key;  // where the button stands plus 60, or a fixed place
 };
 
-void PrintTo(const Opening& opening, std::ostream* out) { *out << opening.button; }
+void PrintTo(const Opening& opening, std::ostream* out) {
+  *out << opening.button;
+}
 
 constexpr Opening openings[] = {
     {"cmd_Bestand", "Alt+B", "mnu_Bestand", -1, -1},
@@ -229,7 +231,9 @@ struct Command {
   const char *item, *form;
 };
 
-void PrintTo(const Command& command, std::ostream* out) { *out << command.item; }
+void PrintTo(const Command& command, std::ostream* out) {
+  *out << command.item;
+}
 
 class Commands : public Menus, public testing::WithParamInterface<Command> {};
 

@@ -239,7 +239,7 @@ void RandomWalk::call_a_method() {
       return static_cast<void>(control.SchrijfTableau("les.tbl"));
     default:
       drawn = control.LeesTableau("les.tbl").has_value() && drawn;
-      host.desk().settle();
+      host.desk().flush();
   }
 }
 
@@ -389,7 +389,7 @@ void RandomWalk::walk(int events) {
 }
 
 TEST_F(RandomWalk, LeavesTheControlSoundWhateverHappens) {
-  host.breath_every = 1;
+  host.yield_every = 1;
   open(two_products);
   const char* const wanted = std::getenv("TABULON_EVENTS");
   std::fprintf(stderr, "%s\n", random.seed_text().c_str());  // at once, lest a crash hides it

@@ -295,7 +295,7 @@ TEST_F(Dialogs, TheBasicSolutionListsTheBasicVariables) {
   EXPECT_EQ(text("lblNRTableau"), "1-e Simplex-tableau");
 }
 
-TEST_F(Dialogs, TheBasicSolutionDressesEachKind) {
+TEST_F(Dialogs, TheBasicSolutionHasTheStyleOfEachKind) {
   open(every_kind);
   choose("mnu_Basisoplossing");
   EXPECT_EQ(text("lblBasisVar", 3), "q  1");

@@ -20,7 +20,9 @@ struct Message {
   bool warns;
 };
 
-void PrintTo(const Message& message, std::ostream* out) { *out << message.text; }
+void PrintTo(const Message& message, std::ostream* out) {
+  *out << message.text;
+}
 
 class NumberedMessages : public Messages, public testing::WithParamInterface<Message> {};
 
@@ -135,7 +137,7 @@ TEST_F(Messages, WhileOneIsOpenTheControlTakesNoEvent) {
   open(two_products);
   show(3);
   EXPECT_FALSE(host.desk().click(*control.find("cmd_Bestand")));
-  host.desk().key(control, {'B', platform::held::alt});
+  host.desk().key(control, {'B', platform::modifier::alt});
   EXPECT_FALSE(host.desk().scroll(static_cast<platform::ScrollBar&>(*control.find("HScroll")), 2));
   EXPECT_EQ(menu(), "");
 }

@@ -1,4 +1,4 @@
-#include "tests/activex/held.h"
+#include "tests/activex/resources.h"
 
 #include <windows.h>
 
@@ -38,7 +38,7 @@ std::size_t private_bytes() {
 
 }  // namespace
 
-Held held_now() {
+Resources resources_now() {
   return {
       .drawing_object =
           highest([] { return CreateSolidBrush(RGB(1, 2, 3)); }, [](HANDLE brush) { DeleteObject(brush); }),

@@ -1,8 +1,8 @@
 // What this process holds of the system, so that two moments can be compared.
 //
-//   const Held before = held_now();
+//   const Resources before = resources_now();
 //   ...
-//   EXPECT_LE(held_now().window, before.window + 100);
+//   EXPECT_LE(resources_now().window, before.window + 100);
 #pragma once
 
 #include <cstddef>
@@ -10,11 +10,11 @@
 
 namespace tabulon::client {
 
-struct Held {
+struct Resources {
   std::uintptr_t drawing_object, window, handle;  // the highest number among new ones
   std::size_t bytes;
 };
 
-Held held_now();
+Resources resources_now();
 
 }  // namespace tabulon::client

@@ -1,4 +1,4 @@
-// How variables and rows of each kind are dressed: colours, and the tool tips that explain them.
+// The style of variables and rows by their kind: colours, and the tool tips that explain them.
 #pragma once
 
 #include <string_view>
@@ -8,8 +8,8 @@
 
 namespace tabulon {
 
-// A cell of a decision variable is dressed by its row instead.
-struct Dress {
+// A cell of a decision variable has the style of its row instead.
+struct Style {
   platform::Colour heading;
   platform::Colour body;
   std::string_view tip;
@@ -17,12 +17,12 @@ struct Dress {
   std::string_view tip_in_cell;
 };
 
-struct RowDress {
+struct RowStyle {
   platform::Colour cell;
   std::string_view tip_in_cell;
 };
 
-const Dress& dress_of(VariableKind kind);
-const RowDress& dress_of(RowKind kind);
+const Style& style_of(VariableKind kind);
+const RowStyle& style_of(RowKind kind);
 
 }  // namespace tabulon

@@ -1,4 +1,4 @@
-#include "control/basSafeCtl_dress.h"
+#include "control/basSafeCtl_style.h"
 
 #include <array>
 
@@ -9,7 +9,7 @@ using platform::system_colour::window;
 
 namespace {
 
-constexpr std::array<Dress, 6> dresses{{
+constexpr std::array<Style, 6> styles{{
     {window, window, "", "", ""},
     {rgb(224, 224, 224), window, " Beslissingsvariabele ", " Beslissingsvariabele bij doelfunctie F", ""},
     {rgb(218, 220, 254), rgb(218, 220, 254), " Spelingsvariabele bij <= restricties ",
@@ -22,7 +22,7 @@ constexpr std::array<Dress, 6> dresses{{
      " Kunstmatige variabele bij doelfunctie F", " Kunstmatige variabele bij = restricties "},
 }};
 
-constexpr std::array<RowDress, 3> row_dresses{{
+constexpr std::array<RowStyle, 3> row_styles{{
     {rgb(242, 243, 255), " Beslissingsvariabele bij <= restricties "},
     {rgb(233, 251, 230), " Beslissingsvariabele bij >= restricties "},
     {rgb(253, 237, 236), " Beslissingsvariabele bij = restricties "},
@@ -30,11 +30,11 @@ constexpr std::array<RowDress, 3> row_dresses{{
 
 }  // namespace
 
-const Dress& dress_of(VariableKind kind) {
-  return dresses[static_cast<std::size_t>(kind)];
+const Style& style_of(VariableKind kind) {
+  return styles[static_cast<std::size_t>(kind)];
 }
-const RowDress& dress_of(RowKind kind) {
-  return row_dresses[static_cast<std::size_t>(kind)];
+const RowStyle& style_of(RowKind kind) {
+  return row_styles[static_cast<std::size_t>(kind)];
 }
 
 }  // namespace tabulon
