@@ -28,22 +28,25 @@ function tenByTen() {
 // From the end of the script's transfer to a shown tableau with finished layout.
 async function firstTableau(browser) {
   const page = await browser.open(tenByTen());
-  const time = await page.evaluate(() => window.shownAt - performance.getEntriesByType("resource").find(
-    (entry) => entry.name.endsWith("/tabulon.js"),
-  ).responseEnd);
+  const time = await page.evaluate(
+    () =>
+      window.shownAt -
+      performance.getEntriesByType("resource").find((entry) => entry.name.endsWith("/tabulon.js")).responseEnd,
+  );
   await page.close();
   return time;
 }
 
-const noteFirstTableau = (page) => page.evaluateOnNewDocument(() => {
-  document.addEventListener("DOMContentLoaded", async () => {
-    await customElements.whenDefined("tabulon-lpctrl");
-    const element = document.querySelector("tabulon-lpctrl");
-    await element.ready;
-    element.shadowRoot.querySelector('[data-name="txtTableau"]').getBoundingClientRect();
-    window.shownAt = performance.now();
+const noteFirstTableau = (page) =>
+  page.evaluateOnNewDocument(() => {
+    document.addEventListener("DOMContentLoaded", async () => {
+      await customElements.whenDefined("tabulon-lpctrl");
+      const element = document.querySelector("tabulon-lpctrl");
+      await element.ready;
+      element.shadowRoot.querySelector('[data-name="txtTableau"]').getBoundingClientRect();
+      window.shownAt = performance.now();
+    });
   });
-});
 
 // From the choice in an open menu to finished layout; then whatever has opened is closed, and the grid reset.
 async function menuChoice(browser, button, item) {
@@ -51,26 +54,30 @@ async function menuChoice(browser, button, item) {
   const times = [];
   for (let round = 0; round < 30; ++round) {
     times.push(
-      await page.evaluate(async (buttonName, itemName) => {
-        const element = document.querySelector("tabulon-lpctrl");
-        const find = (name) => element.shadowRoot.querySelector(`[data-name="${name}"]`);
-        const pause = () => new Promise((resume) => setTimeout(resume, 20));
-        const choose = async (opener, chosen) => {
-          find(opener).click();
+      await page.evaluate(
+        async (buttonName, itemName) => {
+          const element = document.querySelector("tabulon-lpctrl");
+          const find = (name) => element.shadowRoot.querySelector(`[data-name="${name}"]`);
+          const pause = () => new Promise((resume) => setTimeout(resume, 20));
+          const choose = async (opener, chosen) => {
+            find(opener).click();
+            await pause();
+            const start = performance.now();
+            find(chosen).click();
+            find("txtTableau").getBoundingClientRect();
+            element.shadowRoot.querySelector("dialog[open]")?.getBoundingClientRect();
+            return performance.now() - start;
+          };
+          const time = await choose(buttonName, itemName);
           await pause();
-          const start = performance.now();
-          find(chosen).click();
-          find("txtTableau").getBoundingClientRect();
-          element.shadowRoot.querySelector("dialog[open]")?.getBoundingClientRect();
-          return performance.now() - start;
-        };
-        const time = await choose(buttonName, itemName);
-        await pause();
-        element.shadowRoot.querySelector('dialog[open] [data-name="cmdOK"]')?.click();
-        await pause();
-        await choose("cmd_Bewerken", "mnu_Reset");
-        return time;
-      }, button, item),
+          element.shadowRoot.querySelector('dialog[open] [data-name="cmdOK"]')?.click();
+          await pause();
+          await choose("cmd_Bewerken", "mnu_Reset");
+          return time;
+        },
+        button,
+        item,
+      ),
     );
   }
   await page.close();

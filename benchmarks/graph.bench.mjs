@@ -44,7 +44,15 @@ const dragging = (page) =>
     cross.setPointerCapture = () => {};
     const point = (type, x, y, more) =>
       cross.dispatchEvent(
-        new PointerEvent(type, { bubbles: true, composed: true, isPrimary: true, pointerId: 1, clientX: x, clientY: y, ...more }),
+        new PointerEvent(type, {
+          bubbles: true,
+          composed: true,
+          isPrimary: true,
+          pointerId: 1,
+          clientX: x,
+          clientY: y,
+          ...more,
+        }),
       );
     const nextFrame = () => new Promise((resume) => requestAnimationFrame(resume));
     const { left, top, width, height } = cross.getBoundingClientRect();
@@ -54,7 +62,10 @@ const dragging = (page) =>
       const turn = (2 * Math.PI * move) / 149;
       await nextFrame();
       const start = performance.now();
-      point("pointermove", picture.left + 123 + 80 * Math.cos(turn), picture.top + 120 + 80 * Math.sin(turn), { button: -1, buttons: 1 });
+      point("pointermove", picture.left + 123 + 80 * Math.cos(turn), picture.top + 120 + 80 * Math.sin(turn), {
+        button: -1,
+        buttons: 1,
+      });
       scripts.push(performance.now() - start);
     }
     point("pointerup", picture.left + 123, picture.top + 120, { button: 0, buttons: 0 });

@@ -10,7 +10,7 @@ import { fileURLToPath } from "node:url";
 
 const root = fileURLToPath(new URL("..", import.meta.url));
 const repetitions = 5;
-const seconds = { ns: 1e-9, us: 1e-6, "µs": 1e-6, ms: 1e-3, s: 1 };
+const seconds = { ns: 1e-9, us: 1e-6, µs: 1e-6, ms: 1e-3, s: 1 };
 const bytes = { B: 1, kB: 1024, MB: 1024 * 1024 };
 
 // A value in another unit of the same kind; undefined where the two do not measure the same.

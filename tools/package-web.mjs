@@ -52,8 +52,15 @@ const typescript = join(dirname(createRequire(import.meta.url).resolve("typescri
 
 const writeTypes = (outDir) =>
   promisify(execFile)(process.execPath, [
-    typescript, "--project", join(root, "tsconfig.json"),
-    "--noEmit", "false", "--declaration", "--emitDeclarationOnly", "--outDir", outDir,
+    typescript,
+    "--project",
+    join(root, "tsconfig.json"),
+    "--noEmit",
+    "false",
+    "--declaration",
+    "--emitDeclarationOnly",
+    "--outDir",
+    outDir,
   ]).catch((error) => {
     throw new Error(error.stdout || error.message);
   });
@@ -81,7 +88,9 @@ async function packageWeb() {
   await mkdir(dirname(out), { recursive: true });
   await rm(out, { recursive: true, force: true });
   await rename(made, out);
-  console.log(`dist/web/tabulon.js: ${kilobytes(await readFile(join(out, "tabulon.js")))}, of ${kilobytes(wasm)} WebAssembly`);
+  console.log(
+    `dist/web/tabulon.js: ${kilobytes(await readFile(join(out, "tabulon.js")))}, of ${kilobytes(wasm)} WebAssembly`,
+  );
 }
 
 if (process.argv[1] === fileURLToPath(import.meta.url)) {

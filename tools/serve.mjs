@@ -48,13 +48,12 @@ async function listenSomewhere(server, asked) {
   }
 }
 
-const hasDisplay = () =>
-  process.platform === "darwin" || Boolean(process.env.DISPLAY || process.env.WAYLAND_DISPLAY);
+const hasDisplay = () => process.platform === "darwin" || Boolean(process.env.DISPLAY || process.env.WAYLAND_DISPLAY);
 
 function openBrowser(url) {
   const opener = process.platform === "darwin" ? "open" : "xdg-open";
   const child = spawn(opener, [url], { stdio: "ignore", detached: true });
-  child.on("error", () => {});  // the address is on the screen; no opener is no failure
+  child.on("error", () => {}); // the address is on the screen; no opener is no failure
   child.unref();
 }
 

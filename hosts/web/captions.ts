@@ -2,7 +2,7 @@
 
 export interface Caption {
   readonly before: string;
-  readonly key: string;  // "" when there is none
+  readonly key: string; // "" when there is none
   readonly after: string;
 }
 

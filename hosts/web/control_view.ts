@@ -79,8 +79,7 @@ function makeTemplate(kind: Kind): HTMLElement {
 // A new control is a copy of the first of its kind.
 const templates: Partial<Record<Kind, HTMLElement>> = {};
 
-const makeNode = (kind: Kind): HTMLElement =>
-  (templates[kind] ??= makeTemplate(kind)).cloneNode() as HTMLElement;
+const makeNode = (kind: Kind): HTMLElement => (templates[kind] ??= makeTemplate(kind)).cloneNode() as HTMLElement;
 
 // Pictures are painted again, sharp, when the window has moved to another screen or is zoomed. The page listens
 // once for all of them, and holds none that is gone.

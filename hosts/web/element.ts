@@ -97,7 +97,12 @@ export class TabulonLPctrl extends HTMLElement {
 
   // Lays out a new tableau of the counts' size, and shows nothing yet. Error 9 when it would be too large.
   InitTableau(): void {
-    this.#whenThere((page, view) => this.#check(page, page.send((module) => module.InitTableau(view.surface.id))));
+    this.#whenThere((page, view) =>
+      this.#check(
+        page,
+        page.send((module) => module.InitTableau(view.surface.id)),
+      ),
+    );
   }
 
   // The display text of a number: as a decimal, or with Soort true as a fraction or a multiple of pi.
@@ -106,7 +111,8 @@ export class TabulonLPctrl extends HTMLElement {
     const { module } = this.#page;
     const kind = typeof Soort === "boolean" ? -Number(Soort) : Number(Soort);
     const number = Number(Getal);
-    if (Number.isNaN(kind + number)) throw new TabulonError(13, "strSoortGetal", String(Number.isNaN(kind) ? Soort : Getal));
+    if (Number.isNaN(kind + number))
+      throw new TabulonError(13, "strSoortGetal", String(Number.isNaN(kind) ? Soort : Getal));
     this.#check(this.#page, module.exports.strSoortGetal(this.#view.surface.id, kind, number), String(Soort));
     return module.answer();
   }
@@ -140,7 +146,7 @@ export class TabulonLPctrl extends HTMLElement {
   async #start(): Promise<void> {
     const page = await loadPage();
     if (!this.isConnected) {
-      this.#started = false;  // taken away before it was shown; it starts when it comes back
+      this.#started = false; // taken away before it was shown; it starts when it comes back
       return;
     }
     this.#page = page;

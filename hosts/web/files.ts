@@ -29,7 +29,7 @@ interface Question {
 
 function readQuestion(record: RecordReader): Question {
   const purpose = record.u8();
-  record.text();  // the browser gives its dialogs titles of its own
+  record.text(); // the browser gives its dialogs titles of its own
   const [description = "", pattern = ""] = record.text().split("|");
   return { purpose, description, extension: pattern.replace("*", ""), fileName: record.text() };
 }
@@ -64,7 +64,9 @@ export class Files {
 
   async ask(record: RecordReader, ticket: number): Promise<void> {
     const question = readQuestion(record);
-    const name = await (question.purpose === Purpose.Save ? this.#askWhereToSave(question) : this.#askWhatToOpen(question));
+    const name = await (question.purpose === Purpose.Save
+      ? this.#askWhereToSave(question)
+      : this.#askWhatToOpen(question));
     this.#page.answer(ticket, name ?? question.fileName);
   }
 

@@ -32,7 +32,9 @@ export class FormView extends SurfaceView {
     super.apply(record);
     this.#title.textContent = this.caption;
     // What only tells something is read out when it opens.
-    const onlyTells = !this.controls.some(({ node }) => node instanceof HTMLInputElement && !node.classList.contains("aside"));
+    const onlyTells = !this.controls.some(
+      ({ node }) => node instanceof HTMLInputElement && !node.classList.contains("aside"),
+    );
     if (!onlyTells) return;
     this.dialog.setAttribute("role", "alertdialog");
     this.dialog.setAttribute("aria-describedby", this.ground.id);

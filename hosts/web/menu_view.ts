@@ -156,7 +156,8 @@ export class MenuView {
     const { offsetWidth: width, offsetHeight: height } = node;
     const { clientWidth, clientHeight } = document.documentElement;
     const fits = left + width + leastMargin <= clientWidth;
-    const wanted = fits || otherLeft - width < leastMargin ? left : Math.min(otherLeft, clientWidth - leastMargin) - width;
+    const wanted =
+      fits || otherLeft - width < leastMargin ? left : Math.min(otherLeft, clientWidth - leastMargin) - width;
     const x = Math.max(leastMargin, Math.min(wanted, clientWidth - width - leastMargin));
     const y = Math.max(leastMargin, Math.min(top, Math.max(clientHeight, height) - height - leastMargin));
     node.style.left = `${Math.round(x + scrollX)}px`;

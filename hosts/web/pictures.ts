@@ -15,7 +15,7 @@ export enum Picture {
 }
 
 interface Shape {
-  path: string;  // in a square of 24 by 24
+  path: string; // in a square of 24 by 24
   fill?: string;
   stroke?: string;
   width?: number;

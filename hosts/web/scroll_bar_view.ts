@@ -19,9 +19,9 @@ export class ScrollBarView {
   #max = 0;
   #value = 0;
   #page = 1;
-  #length = 0;  // of the track, in pixels
+  #length = 0; // of the track, in pixels
   #timer: ReturnType<typeof setTimeout> | undefined;
-  #wanted: number | undefined;  // where the thumb is being dragged to, until the control has followed
+  #wanted: number | undefined; // where the thumb is being dragged to, until the control has followed
 
   constructor(control: ControlView) {
     this.#control = control;

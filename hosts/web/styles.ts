@@ -2,7 +2,8 @@
 // borders, the states that a person sees under the hand, and the forms' and menus' frames.
 
 // The person's own letters where they are about as wide as these, so that every caption fits its place.
-export const letters = '"Segoe UI", -apple-system, Roboto, "Noto Sans", "Liberation Sans", Arial, system-ui, sans-serif';
+export const letters =
+  '"Segoe UI", -apple-system, Roboto, "Noto Sans", "Liberation Sans", Arial, system-ui, sans-serif';
 
 const css = `
 :host {

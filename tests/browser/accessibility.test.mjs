@@ -25,9 +25,12 @@ async function open(place = "index.html") {
   await page.evaluate(axe);
 }
 
-const inside = (expression) => page.evaluate(`(root => ${expression})(document.querySelector("tabulon-lpctrl").shadowRoot)`);
+const inside = (expression) =>
+  page.evaluate(`(root => ${expression})(document.querySelector("tabulon-lpctrl").shadowRoot)`);
 const until = (expression) =>
-  page.waitForFunction(`(root => ${expression})(document.querySelector("tabulon-lpctrl").shadowRoot)`, { timeout: 5000 });
+  page.waitForFunction(`(root => ${expression})(document.querySelector("tabulon-lpctrl").shadowRoot)`, {
+    timeout: 5000,
+  });
 const openForm = () => inside('root.querySelector("dialog[open]")?.dataset.name');
 
 // One line for each finding: the rule, and the element that breaks it.
@@ -96,7 +99,9 @@ describe("no obstacle", () => {
       await open();
       await intoTheControl();
       await press(keys);
-      const opened = await inside('[...root.querySelectorAll("[role=menu]")].map((menu) => `mnu_${menu.ariaLabel}`).join(" and ")');
+      const opened = await inside(
+        '[...root.querySelectorAll("[role=menu]")].map((menu) => `mnu_${menu.ariaLabel}`).join(" and ")',
+      );
       assert.equal(opened, name);
       assert.deepEqual(await findings(), []);
     });
@@ -232,7 +237,10 @@ describe("the keyboard", () => {
 
   test("is never caught: Escape, then Tab, leaves the control, forward and backward", async () => {
     await open(`<button id="before">een</button>${problem()}<button id="behind">twee</button>`);
-    for (const [key, place] of [["Tab", "behind"], ["Shift+Tab", "before"]]) {
+    for (const [key, place] of [
+      ["Tab", "behind"],
+      ["Shift+Tab", "before"],
+    ]) {
       await page.click(control("txtTableau", 1));
       await press("Tab Escape");
       for (let turn = 0; turn < 8 && (await names()) === "LPctrl1"; ++turn) await press(key);

@@ -135,7 +135,8 @@ export async function launch({ engine = process.env.TABULON_ENGINE ?? "chromium"
     const page = await browser.newPage();
     listenToNoise(page);
     await page.evaluateOnNewDocument(() => {
-      const refused = ({ violatedDirective, blockedURI }) => console.error(`refused: ${violatedDirective} ${blockedURI}`);
+      const refused = ({ violatedDirective, blockedURI }) =>
+        console.error(`refused: ${violatedDirective} ${blockedURI}`);
       document.addEventListener("securitypolicyviolation", refused);
     });
     await page.setViewport({ width, height, deviceScaleFactor: scale });

@@ -16,7 +16,13 @@ const rowF = () => Promise.all([1, 2].map((column) => text(page, "txtRij_F", col
 const title = () => text(page, "lblNRTableau");
 const scriptError = (script) =>
   page.evaluate(`(() => { try { ${script} } catch (error) { return [error.name, error.number, error.message]; } })()`);
-const readyError = () => page.evaluate(() => LPctrl1.ready.then(() => null, (error) => [error.number, error.message]));
+const readyError = () =>
+  page.evaluate(() =>
+    LPctrl1.ready.then(
+      () => null,
+      (error) => [error.number, error.message],
+    ),
+  );
 // Until the page shows what the expression asks for.
 const until = (expression) => page.waitForFunction(expression, { timeout: 5000 });
 const openForm = () => page.evaluate(() => LPctrl1.shadowRoot.querySelector("dialog[open]")?.dataset.name);
@@ -55,7 +61,10 @@ describe("parameters", () => {
 
   test("one that nobody knows is named to the author", async () => {
     await open(problem({ prmNrBeslisvariabelen: "3", prmDLfunctie: " 1, 2" }));
-    assert.deepEqual(noise(page).map((line) => line.match(/prm\w+/)[0]), ["prmNrBeslisvariabelen", "prmDLfunctie"]);
+    assert.deepEqual(
+      noise(page).map((line) => line.match(/prm\w+/)[0]),
+      ["prmNrBeslisvariabelen", "prmDLfunctie"],
+    );
   });
 
   test("a param that is meant for something else is left alone", async () => {
@@ -115,7 +124,9 @@ describe("parameters", () => {
   });
 
   test("they are read when the parser has reached them, wherever the script stands", async () => {
-    await open(`<!doctype html><link rel="icon" href="data:,">${problem({ prmSTR_RL: " 5, 6" })}<script src="tabulon.js"></script>`);
+    await open(
+      `<!doctype html><link rel="icon" href="data:,">${problem({ prmSTR_RL: " 5, 6" })}<script src="tabulon.js"></script>`,
+    );
     assert.equal(await text(page, "txtRL", 2), " 6");
   });
 });
@@ -124,7 +135,9 @@ describe("properties", () => {
   test("are write-only", async () => {
     await open(problem());
     assert.deepEqual(
-      await page.evaluate(() => ["prmNrBeslisVar", "prmShow", "prmRL"].map((name) => [name in LPctrl1, typeof LPctrl1[name]])),
+      await page.evaluate(() =>
+        ["prmNrBeslisVar", "prmShow", "prmRL"].map((name) => [name in LPctrl1, typeof LPctrl1[name]]),
+      ),
       Array(3).fill([true, "undefined"]),
     );
   });
@@ -153,13 +166,20 @@ describe("properties", () => {
     const cells = await page.evaluate(() =>
       [...LPctrl1.shadowRoot.querySelectorAll('[data-name="txtTableau"]')].map((node) => Number(node.dataset.index)),
     );
-    assert.deepEqual(cells, Array.from({ length: 35 }, (_, at) => at + 1));
+    assert.deepEqual(
+      cells,
+      Array.from({ length: 35 }, (_, at) => at + 1),
+    );
     assert.equal(await text(page, "lblBasis", 7), "x  9");
   });
 
   test("refusals are thrown where the script stands", async () => {
     await open(problem());
-    assert.deepEqual(await scriptError('LPctrl1.prmBigM = "veel"'), ["TabulonError", 13, 'prmBigM: "veel" is geen getal (fout 13)']);
+    assert.deepEqual(await scriptError('LPctrl1.prmBigM = "veel"'), [
+      "TabulonError",
+      13,
+      'prmBigM: "veel" is geen getal (fout 13)',
+    ]);
     assert.equal((await scriptError("LPctrl1.prmBigM = 40000"))[1], 6);
     assert.equal((await scriptError("LPctrl1.prmNrBeslisVar = 40; LPctrl1.prmShow = true"))[1], 9);
     assert.deepEqual(noise(page), []);
@@ -170,7 +190,9 @@ describe("properties", () => {
       "early.js",
       'const element = document.querySelector("tabulon-lpctrl"); element.prmNrBeslisVar = 1; element.prmNrKleinerGelijkVglen = 1; element.prmShow = true; element.prmRL = " 3";',
     );
-    await open(`<!doctype html><link rel="icon" href="data:,">${problem()}<script src="early.js"></script><script src="tabulon.js"></script>`);
+    await open(
+      `<!doctype html><link rel="icon" href="data:,">${problem()}<script src="early.js"></script><script src="tabulon.js"></script>`,
+    );
     assert.deepEqual(await row(1), [" 0", " 1", null, null]);
     assert.equal(await text(page, "txtRL", 1), " 3");
     assert.equal(await page.evaluate(() => Object.hasOwn(LPctrl1, "prmRL")), false);
@@ -181,7 +203,9 @@ describe("properties", () => {
       "wrong.js",
       'addEventListener("tabulon-error", (event) => (document.title = `${event.target.id} ${event.detail.number}`)); document.querySelector("tabulon-lpctrl").prmBigM = "x";',
     );
-    await open(`<!doctype html><link rel="icon" href="data:,">${problem()}<script src="wrong.js"></script><script src="tabulon.js"></script>`);
+    await open(
+      `<!doctype html><link rel="icon" href="data:,">${problem()}<script src="wrong.js"></script><script src="tabulon.js"></script>`,
+    );
     assert.equal(await page.title(), "LPctrl1 13");
     assert.equal(noise(page).length, 1);
   });
@@ -199,7 +223,10 @@ describe("methods", () => {
     assert.equal(await openForm(), undefined);
   });
 
-  for (const [method, form] of [["ShowfrmMelding", "frmMelding"], ["ShowfrmFoutmelding", "frmFoutmelding"]]) {
+  for (const [method, form] of [
+    ["ShowfrmMelding", "frmMelding"],
+    ["ShowfrmFoutmelding", "frmFoutmelding"],
+  ]) {
     test(`${method} shows ${form}`, async () => {
       await open(problem());
       await page.evaluate((name) => void LPctrl1[name](), method);
@@ -211,7 +238,10 @@ describe("methods", () => {
 
   test("strSoortGetal gives display texts", async () => {
     await open(problem());
-    assert.deepEqual(await page.evaluate(() => [LPctrl1.strSoortGetal(false, 0.5), LPctrl1.strSoortGetal(true, 0.5)]), [" 0.5", " 1/2"]);
+    assert.deepEqual(await page.evaluate(() => [LPctrl1.strSoortGetal(false, 0.5), LPctrl1.strSoortGetal(true, 0.5)]), [
+      " 0.5",
+      " 1/2",
+    ]);
     assert.equal((await scriptError("LPctrl1.strSoortGetal(0, 'x')"))[1], 13);
     assert.equal((await scriptError("LPctrl1.strSoortGetal(40000, 1)"))[1], 6);
   });
@@ -246,7 +276,9 @@ describe("life in the page", () => {
     await open(problem(), { wait: false });
     await page.evaluate(() => {
       globalThis.seen = [];
-      new MutationObserver(() => seen.push(LPctrl1.getAttribute("aria-busy"))).observe(LPctrl1, { attributeFilter: ["aria-busy"] });
+      new MutationObserver(() => seen.push(LPctrl1.getAttribute("aria-busy"))).observe(LPctrl1, {
+        attributeFilter: ["aria-busy"],
+      });
     });
     await idle(page);
     await page.click(control("cmd_Help"));
@@ -319,7 +351,10 @@ describe("life in the page", () => {
     await page.evaluate(() => new Promise((resume) => setTimeout(resume, 100)));
     const after = await count();
     assert.ok(after.nodes <= before.nodes + 20, `${before.nodes} -> ${after.nodes} nodes`);
-    assert.ok(after.jsEventListeners <= before.jsEventListeners + 2, `${before.jsEventListeners} -> ${after.jsEventListeners} listeners`);
+    assert.ok(
+      after.jsEventListeners <= before.jsEventListeners + 2,
+      `${before.jsEventListeners} -> ${after.jsEventListeners} listeners`,
+    );
     assert.ok((await memory()) <= memoryBefore * 1.5, `${memoryBefore} -> ${await memory()} bytes`);
   });
 
@@ -331,7 +366,10 @@ describe("life in the page", () => {
 
   test("nothing it does is refused by the strictest rules it promises to keep", async () => {
     await open(problem());
-    for (const [button, key] of [["cmd_Opties", "b"], ["cmd_Help", "i"]]) {
+    for (const [button, key] of [
+      ["cmd_Opties", "b"],
+      ["cmd_Help", "i"],
+    ]) {
       await page.click(control(button));
       await until(() => LPctrl1.shadowRoot.querySelector('[role="menu"]'));
       await page.keyboard.press(key);

@@ -11,7 +11,7 @@ const pages = [
   { path: "breuken.html", F: " 13.4", values: { "x  1": " 2.2", "x  2": " 1.7" } },
   // x = (2, 3, 5) costs 62, and the ">=" row is met exactly.
   { path: "big-m.html", F: "-62", values: { "x  1": " 2", "x  2": " 3", "x  3": " 5" } },
-  { path: "groot.html", F: " 620", values: { "x  1": " 10", "x  2": " 10", "x  6": " 10" } },  // x 3 = 40 stands in row 8
+  { path: "groot.html", F: " 620", values: { "x  1": " 10", "x  2": " 10", "x  6": " 10" } }, // x 3 = 40 stands in row 8
   { path: "object.html", F: " 22", values: { "x  1": " 4", "x  2": " 2" } },
 ];
 
@@ -90,7 +90,14 @@ describe("the example pages", () => {
   test("every page is reached from the start page", async () => {
     const page = await browser.open("index.html");
     const links = await page.$$eval(".oefeningen a", (nodes) => nodes.map((node) => node.getAttribute("href")));
-    assert.deepEqual(links, ["standaard.html", "breuken.html", "big-m.html", "groot.html", "script.html", "object.html"]);
+    assert.deepEqual(links, [
+      "standaard.html",
+      "breuken.html",
+      "big-m.html",
+      "groot.html",
+      "script.html",
+      "object.html",
+    ]);
     await page.close();
   });
 });

@@ -23,7 +23,11 @@ after(() => browser?.close());
 beforeEach(async () => {
   if (skip) return;
   downloads = await mkdtemp(join(tmpdir(), "tabulon-downloads-"));
-  await devtools.send("Browser.setDownloadBehavior", { behavior: "allow", downloadPath: downloads, eventsEnabled: true });
+  await devtools.send("Browser.setDownloadBehavior", {
+    behavior: "allow",
+    downloadPath: downloads,
+    eventsEnabled: true,
+  });
 });
 afterEach(async () => {
   await page?.close();
@@ -62,22 +66,38 @@ const save = () => choose("mnu_Tableau_Opslaan_Als");
 const shown = () =>
   page.evaluate(() => {
     const nodes = [...LPctrl1.shadowRoot.querySelectorAll("[data-name]")];
-    const lines = nodes.filter((node) => node.checkVisibility()).map((node) => `${node.dataset.name} ${node.dataset.index} ${node.value ?? node.textContent}`);
+    const lines = nodes
+      .filter((node) => node.checkVisibility())
+      .map((node) => `${node.dataset.name} ${node.dataset.index} ${node.value ?? node.textContent}`);
     return [...lines, LPctrl1.shadowRoot.activeElement?.dataset.name].join("\n");
   });
 const waitsForThePerson = () =>
-  until(() => !LPctrl1.hasAttribute("aria-busy") && !LPctrl1.shadowRoot.querySelector('[role="menu"]') && LPctrl1.shadowRoot.activeElement?.dataset.name === "txtFocus");
+  until(
+    () =>
+      !LPctrl1.hasAttribute("aria-busy") &&
+      !LPctrl1.shadowRoot.querySelector('[role="menu"]') &&
+      LPctrl1.shadowRoot.activeElement?.dataset.name === "txtFocus",
+  );
 const saysNothing = async () => {
   assert.equal(await page.evaluate(() => LPctrl1.shadowRoot.querySelector("dialog[open]")), null);
   assert.deepEqual(noise(page), []);
 };
 // The error that a method's promise rejects with.
 const rejection = (method, name) =>
-  page.evaluate((call, file) => LPctrl1[call](file).then(() => null, (error) => [error.name, error.number]), method, name);
+  page.evaluate(
+    (call, file) =>
+      LPctrl1[call](file).then(
+        () => null,
+        (error) => [error.name, error.number],
+      ),
+    method,
+    name,
+  );
 
 // In place of the browser's window, which a test cannot answer. `answer` is the body of a function that gets the
 // options and returns a handle or throws.
-const picker = (answer) => page.evaluate(`window.showSaveFilePicker = async (options) => { window.asked = options; ${answer} }`);
+const picker = (answer) =>
+  page.evaluate(`window.showSaveFilePicker = async (options) => { window.asked = options; ${answer} }`);
 const place = (write) => `return {
   name: "les.tbl",
   createWritable: async () => ({
@@ -171,7 +191,8 @@ describe("a script", { skip }, () => {
 
   test("cannot save under a name that no file can have", async () => {
     await open();
-    for (const name of ["*.tbl", "a?.tbl", ""]) assert.deepEqual(await rejection("SchrijfTableau", name), ["TabulonError", 52], name);
+    for (const name of ["*.tbl", "a?.tbl", ""])
+      assert.deepEqual(await rejection("SchrijfTableau", name), ["TabulonError", 52], name);
     assert.deepEqual(await readdir(downloads), []);
     await saysNothing();
   });

@@ -23,9 +23,19 @@ const range = 10;
 
 // The picture is 246 by 240 pixels; its drawing square is 200 by 200, 23 pixels from the left, 20 from the top.
 const square = { left: 23, top: 20, side: 200, width: 246, height: 240 };
-const pixelOf = (x1, x2) => [square.left + Math.round((square.side * x1) / range), square.top + square.side - Math.round((square.side * x2) / range)];
+const pixelOf = (x1, x2) => [
+  square.left + Math.round((square.side * x1) / range),
+  square.top + square.side - Math.round((square.side * x2) / range),
+];
 
-const colours = { dot: [255, 255, 192], line: [0, 255, 0], level: [0, 0, 255], white: [255, 255, 255], grid: [192, 192, 192], ink: [0, 0, 0] };
+const colours = {
+  dot: [255, 255, 192],
+  line: [0, 255, 0],
+  level: [0, 0, 255],
+  white: [255, 255, 255],
+  grid: [192, 192, 192],
+  ink: [0, 0, 0],
+};
 // A slanting line is mixed with what is beside it.
 const near = (one, other) => one.every((part, at) => Math.abs(part - other[at]) <= 90);
 
@@ -84,7 +94,11 @@ function hasNear(image, [x, y], scale, colour) {
 const pictureSeen = async (scale) => {
   const { x, y } = await boxOf("PictureLN");
   return readImage(
-    await page.screenshot({ encoding: "base64", clip: { x, y, width: square.width, height: square.height }, captureBeyondViewport: false }),
+    await page.screenshot({
+      encoding: "base64",
+      clip: { x, y, width: square.width, height: square.height },
+      captureBeyondViewport: false,
+    }),
   ).then((image) => {
     assert.equal(image.width, square.width * scale);
     return image;
@@ -121,7 +135,8 @@ describe("what is seen", () => {
       assert.ok(hasNear(image, pixelOf(5.5, 0.75), scale, colours.line), "3 x1 + 2 x2 = 18");
       assert.ok(!hasNear(image, pixelOf(7.5, 7.5), scale, colours.line));
       // The level line through (2,6): from (0, 7.2) to (10, 1.2).
-      for (const x1 of [0.5, 5.5, 9.5]) assert.ok(hasNear(image, pixelOf(x1, 7.2 - 0.6 * x1), scale, colours.level), `level line at ${x1}`);
+      for (const x1 of [0.5, 5.5, 9.5])
+        assert.ok(hasNear(image, pixelOf(x1, 7.2 - 0.6 * x1), scale, colours.level), `level line at ${x1}`);
       assert.ok(!hasNear(image, pixelOf(5.5, 4.5), scale, colours.level));
       assert.ok(hasNear(image, pixelOf(2, 6), scale, [192, 0, 0]), "the cross");
       assert.deepEqual(noise(page), []);
@@ -141,7 +156,13 @@ describe("what is seen", () => {
 
   test("of an equation is a line of dots", async () => {
     // x1 - x2 = 0 of which both axes end at 6: x1 + x2 <= 5.
-    await open({ prmNrKleinerGelijkVglen: 1, prmNrGelijkVglen: 1, prmSTR_KleinerGelijkVglen: " 1, 1", prmSTR_GelijkVglen: " 0, 0", prmSTR_RL: " 5, 0" });
+    await open({
+      prmNrKleinerGelijkVglen: 1,
+      prmNrGelijkVglen: 1,
+      prmSTR_KleinerGelijkVglen: " 1, 1",
+      prmSTR_GelijkVglen: " 0, 0",
+      prmSTR_RL: " 5, 0",
+    });
     await toggleGraph();
     const image = await pictureSeen(1);
     assert.deepEqual(image.at(square.left + 70, square.top + square.side - 70), colours.dot);
@@ -154,7 +175,14 @@ describe("what is seen", () => {
     await page.evaluate(() => LPctrl1.shadowRoot.querySelector('[data-name="txtTableau"][data-index="3"]').focus());
     assert.equal(await focused(), "txtTableau");
     const [x, y] = await middleOf("PictureLN");
-    assert.equal(await page.evaluate((left, top) => LPctrl1.shadowRoot.elementFromPoint(left, top).closest("[data-name]").dataset.name, x, y), "PictureLN");
+    assert.equal(
+      await page.evaluate(
+        (left, top) => LPctrl1.shadowRoot.elementFromPoint(left, top).closest("[data-name]").dataset.name,
+        x,
+        y,
+      ),
+      "PictureLN",
+    );
     const cell = await (await page.$(control("txtTableau", 3))).boundingBox();
     const over = await page.evaluate(
       (left, top) => LPctrl1.shadowRoot.elementFromPoint(left, top).closest('[data-name="frmGrafiek"]') !== null,
@@ -231,7 +259,10 @@ describe("the cross", () => {
     const touch = await page.touchscreen.touchStart(x, y);
     await touch.move(x + 20, y + 20);
     await touch.move(x + 40, y + 60);
-    await page.waitForFunction(() => LPctrl1.shadowRoot.querySelector('[data-name="lblDoelfunctie"]').textContent === " 27", { timeout: 5000 });
+    await page.waitForFunction(
+      () => LPctrl1.shadowRoot.querySelector('[data-name="lblDoelfunctie"]').textContent === " 27",
+      { timeout: 5000 },
+    );
     assert.deepEqual(await values(), [" 4", " 3", " 27"]);
     await touch.end();
     assert.equal(await page.$eval(control("imgCross"), (node) => getComputedStyle(node).touchAction), "none");
@@ -284,7 +315,12 @@ describe("someone who does not see it", () => {
     await page.keyboard.press("Escape");
     await page.keyboard.press("Tab");
     assert.equal(await focused(), "PictureLN");
-    const said = () => page.$eval(control("PictureLN"), (node) => [node.role, node.ariaLabel, node.querySelector("[aria-live]").textContent]);
+    const said = () =>
+      page.$eval(control("PictureLN"), (node) => [
+        node.role,
+        node.ariaLabel,
+        node.querySelector("[aria-live]").textContent,
+      ]);
     const [role, name] = await said();
     assert.deepEqual([role, name], ["application", "Grafiek, x 1 = 2, x 2 = 6, F = 36"]);
     await page.keyboard.press("ArrowRight");
@@ -307,7 +343,9 @@ describe("the clipboard", () => {
   const form = () => page.evaluate(() => LPctrl1.shadowRoot.querySelector("dialog[open]")?.dataset.name);
 
   test("takes the drawing, the level line and the cross, and none of the panel", async () => {
-    await browser.browser.defaultBrowserContext().overridePermissions(browser.origin, ["clipboard-read", "clipboard-write", "clipboard-sanitized-write"]);
+    await browser.browser
+      .defaultBrowserContext()
+      .overridePermissions(browser.origin, ["clipboard-read", "clipboard-write", "clipboard-sanitized-write"]);
     await openSolved();
     await page.bringToFront();
     await page.click(control("cmdKopieren"));

@@ -303,7 +303,8 @@ describe("the graph", () => {
     await open(problem());
     await page.click(control("cmd_Opties"));
     await page.click(control("mnu_Grafiek"));
-    const place = () => page.$eval(control("frmGrafiek"), ({ style }) => [style.left, style.top].map((at) => Math.round(parseFloat(at))));
+    const place = () =>
+      page.$eval(control("frmGrafiek"), ({ style }) => [style.left, style.top].map((at) => Math.round(parseFloat(at))));
     const [left, top] = await place();
     const [x, y] = await middleOf(control("cmdFrame"));
     await page.mouse.move(x, y);
@@ -353,7 +354,8 @@ describe("someone who does not see it", () => {
     await page.evaluate(() => void LPctrl1.ShowAboutBox());
     await until('root.querySelector("dialog[open]")');
     assert.deepEqual(await violations(), []);
-    const told = (attribute) => inside(`root.getElementById(root.querySelector("dialog").getAttribute("${attribute}")).textContent`);
+    const told = (attribute) =>
+      inside(`root.getElementById(root.querySelector("dialog").getAttribute("${attribute}")).textContent`);
     const [name, description] = [await told("aria-labelledby"), await told("aria-describedby")];
     assert.match(name, /^Over /);
     assert.match(description, /Simplex-methode/);

@@ -15,7 +15,9 @@ const parameters = {
   prmNrBeslisVar: variables,
   prmNrKleinerGelijkVglen: variables,
   prmSTR_DLfunctie: list(numbers.map((j) => -(10 ** (variables - j)))),
-  prmSTR_KleinerGelijkVglen: list(numbers.flatMap((i) => numbers.map((j) => (j < i ? 2 * 10 ** (i - j) : Number(i === j))))),
+  prmSTR_KleinerGelijkVglen: list(
+    numbers.flatMap((i) => numbers.map((j) => (j < i ? 2 * 10 ** (i - j) : Number(i === j)))),
+  ),
   prmSTR_RL: list(numbers.map((i) => 100 ** (i - 1))),
 };
 

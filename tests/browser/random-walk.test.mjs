@@ -20,18 +20,69 @@ function random(below) {
 }
 const one = (list) => list[random(list.length)];
 
-const keys = ["Tab", "Tab", "Tab", "Shift+Tab", "Enter", "Enter", "Escape", "ArrowUp", "ArrowDown", "ArrowLeft",
-  "ArrowRight", "Control+Enter", "Control+ArrowLeft", "Control+ArrowRight", "Home", "End", "PageUp", "PageDown",
-  "Space", "Backspace", "Delete", "Alt+b", "Alt+w", "Alt+o", "Alt+h", "Alt+a"];
-const entries = ["1", "-2", " 3", "2/3", "4pi", "sqrt(2)", "0", "-1.5", "(1+2)^2", "", "  ", "1/", "x", "1/0", ")", "hallo", "1E300"];
+const keys = [
+  "Tab",
+  "Tab",
+  "Tab",
+  "Shift+Tab",
+  "Enter",
+  "Enter",
+  "Escape",
+  "ArrowUp",
+  "ArrowDown",
+  "ArrowLeft",
+  "ArrowRight",
+  "Control+Enter",
+  "Control+ArrowLeft",
+  "Control+ArrowRight",
+  "Home",
+  "End",
+  "PageUp",
+  "PageDown",
+  "Space",
+  "Backspace",
+  "Delete",
+  "Alt+b",
+  "Alt+w",
+  "Alt+o",
+  "Alt+h",
+  "Alt+a",
+];
+const entries = [
+  "1",
+  "-2",
+  " 3",
+  "2/3",
+  "4pi",
+  "sqrt(2)",
+  "0",
+  "-1.5",
+  "(1+2)^2",
+  "",
+  "  ",
+  "1/",
+  "x",
+  "1/0",
+  ")",
+  "hallo",
+  "1E300",
+];
 const lists = ["", " 1, 2, 3, 4, 5, 6", "-3, -5", " 4, 12, 18", ",,", " 1,, 3", "1/2, hallo, -.5"];
 const counts = [0, 1, 2, 3, "2", 40000, "drie"];
 
 // Things that happen to the page's script: what it sets may be refused, with the number of a run-time error.
 const properties = [
-  ["prmNrBeslisVar", [1, 2, 3, 6, 10, 40000, "drie"]], ["prmNrKleinerGelijkVglen", counts], ["prmNrGroterGelijkVglen", counts],
-  ["prmNrGelijkVglen", counts], ["prmBigM", [5, 100, 1000, "x"]], ["prmDLfunctie", lists], ["prmRL", lists],
-  ["prmKleinerGelijkVglen", lists], ["prmGroterGelijkVglen", lists], ["prmGelijkVglen", lists], ["prmShow", [true]],
+  ["prmNrBeslisVar", [1, 2, 3, 6, 10, 40000, "drie"]],
+  ["prmNrKleinerGelijkVglen", counts],
+  ["prmNrGroterGelijkVglen", counts],
+  ["prmNrGelijkVglen", counts],
+  ["prmBigM", [5, 100, 1000, "x"]],
+  ["prmDLfunctie", lists],
+  ["prmRL", lists],
+  ["prmKleinerGelijkVglen", lists],
+  ["prmGroterGelijkVglen", lists],
+  ["prmGelijkVglen", lists],
+  ["prmShow", [true]],
 ];
 const methods = ["ShowAboutBox", "ShowfrmMelding", "ShowfrmFoutmelding", "ShowfrmPivotelement", "InitTableau"];
 
@@ -65,23 +116,49 @@ function faults() {
   const rows = shown("lblBasis").map(place);
   const expected = rows.flatMap((row) => columns.map((column) => (row - 1) * 5 + column));
   const same = (one, other) => String(one) === String(other);
-  expect(same(columns, columns.map((_, at) => at + 1)), `columns ${columns}`);
-  expect(same(rows, rows.map((_, at) => at + 1)), `rows ${rows}`);
-  for (const name of ["lblKolom", "txtRij_F"]) expect(same(shown(name).map(place), columns), `${name} ${shown(name).map(place)}, not ${columns}`);
-  for (const name of ["lblRij", "txtRL"]) expect(same(shown(name).map(place), rows), `${name} ${shown(name).map(place)}, not ${rows}`);
-  expect(same(shown("txtTableau").map(place), expected), `txtTableau ${shown("txtTableau").map(place)}, not ${expected}`);
+  expect(
+    same(
+      columns,
+      columns.map((_, at) => at + 1),
+    ),
+    `columns ${columns}`,
+  );
+  expect(
+    same(
+      rows,
+      rows.map((_, at) => at + 1),
+    ),
+    `rows ${rows}`,
+  );
+  for (const name of ["lblKolom", "txtRij_F"])
+    expect(same(shown(name).map(place), columns), `${name} ${shown(name).map(place)}, not ${columns}`);
+  for (const name of ["lblRij", "txtRL"])
+    expect(same(shown(name).map(place), rows), `${name} ${shown(name).map(place)}, not ${rows}`);
+  expect(
+    same(shown("txtTableau").map(place), expected),
+    `txtTableau ${shown("txtTableau").map(place)}, not ${expected}`,
+  );
 
   // Headings that follow each other, from where the scroll bars stand; without a bar from the first.
-  const [first, top] = ["HScroll", "VScroll"].map((name) => (shown(name).length ? Number(all(name)[0].ariaValueNow) : 1));
-  shown("lblKLM").forEach((label, at) => expect(Number(label.textContent) === first + at, `column ${label.textContent} at ${at}, from ${first}`));
-  shown("lblRij").forEach((label, at) => expect(Number(label.textContent) === top + at, `row ${label.textContent} at ${at}, from ${top}`));
+  const [first, top] = ["HScroll", "VScroll"].map((name) =>
+    shown(name).length ? Number(all(name)[0].ariaValueNow) : 1,
+  );
+  shown("lblKLM").forEach((label, at) =>
+    expect(Number(label.textContent) === first + at, `column ${label.textContent} at ${at}, from ${first}`),
+  );
+  shown("lblRij").forEach((label, at) =>
+    expect(Number(label.textContent) === top + at, `row ${label.textContent} at ${at}, from ${top}`),
+  );
   expect(/^-?\d+-e Simplex-tableau$/.test(all("lblNRTableau")[0].textContent), all("lblNRTableau")[0].textContent);
 
   // Cells are boxes with a text and a name; only the one that is being typed in may be empty.
   for (const name of ["txtRij_F", "txtTableau", "txtRL"])
     for (const cell of shown(name)) {
       expect(cell instanceof HTMLInputElement, `${name} ${place(cell)} is no input`);
-      expect(cell.value.trim() !== "" || cell === root.activeElement || root.querySelector("dialog[open]"), `${name} ${place(cell)} is empty`);
+      expect(
+        cell.value.trim() !== "" || cell === root.activeElement || root.querySelector("dialog[open]"),
+        `${name} ${place(cell)} is empty`,
+      );
       expect(!/NaN|Infinity|undefined/.test(cell.value), `${name} ${place(cell)} shows ${cell.value}`);
       expect(cell.ariaLabel, `${name} ${place(cell)} has no name`);
     }
@@ -94,8 +171,10 @@ function faults() {
   if (active) {
     expect(active.checkVisibility(), `the focus is on ${active.dataset.name}, which is not shown`);
     // A script may show a form while a menu is open.
-    if (menu && !form) expect(active.getAttribute("role") === "menu", `a menu is open and the focus is on ${active.dataset.name}`);
-    else if (form) expect(form.contains(active), `${form.dataset.name} is open and the focus is on ${active.dataset.name}`);
+    if (menu && !form)
+      expect(active.getAttribute("role") === "menu", `a menu is open and the focus is on ${active.dataset.name}`);
+    else if (form)
+      expect(form.contains(active), `${form.dataset.name} is open and the focus is on ${active.dataset.name}`);
   }
   expect(!(menu && element.hasAttribute("aria-busy")), "busy while a menu waits");
   return { found, form: form?.dataset.name, menu: menu?.ariaLabel };
@@ -149,7 +228,13 @@ async function typeSomething() {
 
 // A command of a menu, or as much of the way to it as can be gone now.
 async function chooseSomething() {
-  const [menu, letters] = one([["b", "nsb"], ["w", "pbnvaor"], ["w", "vvvn"], ["o", "bg"], ["b", "if"]]);
+  const [menu, letters] = one([
+    ["b", "nsb"],
+    ["w", "pbnvaor"],
+    ["w", "vvvn"],
+    ["o", "bg"],
+    ["b", "if"],
+  ]);
   const letter = one([...letters]);
   await press(`Alt+${menu}`);
   if (menu === "b" && "nsb".includes(letter)) await page.keyboard.press("n");
@@ -181,7 +266,9 @@ async function scriptSomething() {
       }
       return 0;
     },
-    name, value, method,
+    name,
+    value,
+    method,
   );
   assert.ok([0, 6, 9, 13].includes(number), `${method ?? `${name} = ${value}`}: ${number}`);
   if (number === 9) await page.evaluate(smallProblem);
@@ -194,10 +281,25 @@ function smallProblem() {
   Object.assign(document.querySelector("tabulon-lpctrl"), counts, { prmShow: true });
 }
 
-const doings = [clickSomething, clickSomething, clickSomething, pressSomething, pressSomething, pressSomething,
-  pressSomething, typeSomething, typeSomething, chooseSomething, answerSomething, answerSomething, scriptSomething];
+const doings = [
+  clickSomething,
+  clickSomething,
+  clickSomething,
+  pressSomething,
+  pressSomething,
+  pressSomething,
+  pressSomething,
+  typeSomething,
+  typeSomething,
+  chooseSomething,
+  answerSomething,
+  answerSomething,
+  scriptSomething,
+];
 
-test(`${events} events at random leave the page in order; TABULON_SEED=${seed} repeats them`, { timeout: 120_000 }, async () => {
+test(`${events} events at random leave the page in order; TABULON_SEED=${seed} repeats them`, {
+  timeout: 120_000,
+}, async () => {
   // A second of the control's is a hundredth of the test's.
   const hurry = `const wait = setTimeout; window.setTimeout = (done, time, ...given) => wait(done, time / 100, ...given);
     const now = Date.now, begin = now(); const Real = Date;
@@ -232,7 +334,9 @@ ${problem({ prmNrBeslisVar: 2, prmNrKleinerGelijkVglen: 3, prmSTR_DLfunctie: " -
       throw new Error(`seed ${seed}, event ${at} (${doing.name}): ${error.message}\nafter\n  ${way}`, { cause: error });
     }
   }
-  console.log(`seed ${seed}: ${events} events, forms ${[...seen.forms].join(", ")}; menus ${[...seen.menus].join(", ")}`);
+  console.log(
+    `seed ${seed}: ${events} events, forms ${[...seen.forms].join(", ")}; menus ${[...seen.menus].join(", ")}`,
+  );
   // A walk that never got anywhere would show nothing.
   if (events < 1000) return;
   assert.ok(seen.forms.size >= 4, `forms: ${[...seen.forms]}`);

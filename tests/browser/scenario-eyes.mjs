@@ -8,7 +8,16 @@
 export function look({ what, name, index }) {
   const element = document.querySelector("tabulon-lpctrl");
   const root = element.shadowRoot;
-  const kinds = { frame: "frame", label: "label", box: "text", button: "button", image: "image", picture: "picture", line: "line", bar: "bar" };
+  const kinds = {
+    frame: "frame",
+    label: "label",
+    box: "text",
+    button: "button",
+    image: "image",
+    picture: "picture",
+    line: "line",
+    bar: "bar",
+  };
   const systemColours = ["Canvas", "ButtonFace", "Field"];
 
   const colourOf = (css) => {
@@ -26,7 +35,14 @@ export function look({ what, name, index }) {
   };
   const isOn = (node, ground) => {
     const [one, other] = [node.getBoundingClientRect(), ground.getBoundingClientRect()];
-    return one.width > 0 && one.height > 0 && one.right > other.left && one.left < other.right && one.bottom > other.top && one.top < other.bottom;
+    return (
+      one.width > 0 &&
+      one.height > 0 &&
+      one.right > other.left &&
+      one.left < other.right &&
+      one.bottom > other.top &&
+      one.top < other.bottom
+    );
   };
   // What stands beside the surface has the class "aside".
   const isShown = (node, ground) => node.checkVisibility() && !node.classList.contains("aside") && isOn(node, ground);
@@ -35,7 +51,11 @@ export function look({ what, name, index }) {
     const colour = getComputedStyle(node).backgroundColor;
     if (colour === "rgba(0, 0, 0, 0)") return "none";
     // A given colour comes as it was given; a colour of the system is one that the style names.
-    if (systemColours.some((system) => system.toLowerCase() === node.style.backgroundColor.toLowerCase() && colour === colourOf(system)))
+    if (
+      systemColours.some(
+        (system) => system.toLowerCase() === node.style.backgroundColor.toLowerCase() && colour === colourOf(system),
+      )
+    )
       return "system";
     return colour.match(/\d+/g).join(",");
   };
@@ -68,7 +88,8 @@ export function look({ what, name, index }) {
     const kind = kindOf(node);
     let line = `${fullName(node)} ${kind}`;
     if (["label", "text", "button"].includes(kind)) line += ` ${quoted(textOf(node))}`;
-    if (kind.endsWith("scroll")) line += ` ${aria(node, "valuemin")}..${aria(node, "valuemax")} value ${aria(node, "valuenow")}`;
+    if (kind.endsWith("scroll"))
+      line += ` ${aria(node, "valuemin")}..${aria(node, "valuemax")} value ${aria(node, "valuenow")}`;
     if (!node.parentElement.closest(".picture")) line += ` at ${placeOf(node, on)} ${sizeOf(node)}`;
     if (["frame", "label", "text"].includes(kind)) line += ` back ${backOf(node)}`;
     if (node.title) line += ` tip ${quoted(node.title)}`;
@@ -102,7 +123,9 @@ export function look({ what, name, index }) {
     menus
       .map((menu, depth) => {
         const place = depth === 0 ? ` at ${placeOf(menu, ground)}` : "";
-        return `menu ${menuName(menu)}${place}\n${itemsOf(menu).map((item) => itemLine(item, menu)).join("")}`;
+        return `menu ${menuName(menu)}${place}\n${itemsOf(menu)
+          .map((item) => itemLine(item, menu))
+          .join("")}`;
       })
       .join("");
 
@@ -122,7 +145,8 @@ export function look({ what, name, index }) {
       .join("") +
     (menus.length ? menuLines() : focusLine());
 
-  const find = (on) => on.querySelector(`[data-name="${name}"]${index ? `[data-index="${index}"]` : ":not([data-index])"}`);
+  const find = (on) =>
+    on.querySelector(`[data-name="${name}"]${index ? `[data-index="${index}"]` : ":not([data-index])"}`);
   const control = () => {
     const item = menus.map(find).find(Boolean);
     const on = find(top) ? top : ground;
@@ -157,11 +181,19 @@ export function look({ what, name, index }) {
   };
 
   switch (what) {
-    case "state": return state();
-    case "control": return control();
-    case "form": return forms.length ? { name: forms.at(-1).dataset.name, caption: forms.at(-1).querySelector(".title").textContent } : null;
-    case "menus": return menus.map(menuName);
-    case "busy": return element.hasAttribute("aria-busy");
-    default: throw new Error(`look at what: ${what}?`);
+    case "state":
+      return state();
+    case "control":
+      return control();
+    case "form":
+      return forms.length
+        ? { name: forms.at(-1).dataset.name, caption: forms.at(-1).querySelector(".title").textContent }
+        : null;
+    case "menus":
+      return menus.map(menuName);
+    case "busy":
+      return element.hasAttribute("aria-busy");
+    default:
+      throw new Error(`look at what: ${what}?`);
   }
 }

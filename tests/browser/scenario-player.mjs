@@ -137,7 +137,10 @@ class Player {
   // The browser's own question for a file to open, as soon as it comes.
   awaitChooser() {
     this.chooser = undefined;
-    this.page.waitForFileChooser({ timeout: 0 }).then((chooser) => (this.chooser = chooser), () => {});
+    this.page.waitForFileChooser({ timeout: 0 }).then(
+      (chooser) => (this.chooser = chooser),
+      () => {},
+    );
   }
 
   savedFiles = () => this.page.evaluate(() => Object.keys(window.scenarioFiles));
@@ -218,12 +221,20 @@ const commands = {
     await browser.write("scenario-clock.js", this.fakeTimers + clockScript);
     await browser.write("scenario-errors.js", errorsScript);
     await browser.write("scenario-files.js", filesScript);
-    const scripts = [...(this.hasClock ? ["scenario-clock.js"] : []), "scenario-errors.js", "scenario-files.js", "tabulon.js"];
+    const scripts = [
+      ...(this.hasClock ? ["scenario-clock.js"] : []),
+      "scenario-errors.js",
+      "scenario-files.js",
+      "tabulon.js",
+    ];
     this.page = await browser.open(pageWith(problem(this.parameters), scripts), { wait: false });
     if (this.opensFiles) this.awaitChooser();
     await idle(this.page);
     this.error = await this.page.evaluate(() =>
-      document.querySelector("tabulon-lpctrl").ready.then(() => undefined, (error) => error.number),
+      document.querySelector("tabulon-lpctrl").ready.then(
+        () => undefined,
+        (error) => error.number,
+      ),
     );
   },
 
@@ -300,7 +311,14 @@ const commands = {
   async call({ words, value }) {
     if (["SchrijfTableau", "LeesTableau"].includes(words[1])) {
       this.error = await this.page.evaluate(
-        (name, file) => document.querySelector("tabulon-lpctrl")[name](file).then(() => undefined, (error) => error.number),
+        (name, file) =>
+          document
+            .querySelector("tabulon-lpctrl")
+            [name](file)
+            .then(
+              () => undefined,
+              (error) => error.number,
+            ),
         words[1],
         value,
       );
@@ -340,7 +358,10 @@ const commands = {
     const { shown, called, next, box } = await this.find(command);
     assert.ok(shown, `${called} is not shown`);
     const [by, right, down] = command.words.slice(next);
-    assert.ok(by === "by" && [right, down].every((far) => /^[+-]?\d+$/.test(far)), "drag by how many pixels to the right and down?");
+    assert.ok(
+      by === "by" && [right, down].every((far) => /^[+-]?\d+$/.test(far)),
+      "drag by how many pixels to the right and down?",
+    );
     const [x, y] = [box.left + box.width / 2, box.top + box.height / 2];
     await this.page.mouse.move(x, y);
     await this.page.mouse.down();
@@ -415,7 +436,8 @@ async function seeControl(command) {
   const control = await this.find(command);
   const { next, called } = control;
   const [what, wanted] = words.slice(next);
-  if (!quoted[next] && (what === "hidden" || what === "shown")) return assert.equal(control.shown, what === "shown", `${called} is not ${what}`);
+  if (!quoted[next] && (what === "hidden" || what === "shown"))
+    return assert.equal(control.shown, what === "shown", `${called} is not ${what}`);
   assert.ok(control.shown, `${called} is not shown`);
   if (quoted[next]) return assert.equal(control.text, what, called);
   const states = {
@@ -445,7 +467,8 @@ export async function play(browser, scenario, { fakeTimers, dumps, file }) {
       }
     }
     player.expectNoError();
-    if (!scenario.some(({ words }) => words[0] === "see" && words[1] === "error")) assert.deepEqual(noise(player.page), []);
+    if (!scenario.some(({ words }) => words[0] === "see" && words[1] === "error"))
+      assert.deepEqual(noise(player.page), []);
   } finally {
     await player.page?.close();
   }

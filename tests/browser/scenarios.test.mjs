@@ -20,8 +20,14 @@ const files = (await readdir(folder)).filter((name) => name.endsWith(".txt")).so
 
 // TABULON_SCENARIOS names the program where it is not in one of its usual places.
 function headlessPlayer() {
-  const places = [process.env.TABULON_SCENARIOS, ...["native", "sanitize"].map((preset) => join(root, "build", preset, "scenarios_tests"))];
-  return places.find((place) => place && existsSync(place)) ?? assert.fail("build the tests of this machine first: ./test native");
+  const places = [
+    process.env.TABULON_SCENARIOS,
+    ...["native", "sanitize"].map((preset) => join(root, "build", preset, "scenarios_tests")),
+  ];
+  return (
+    places.find((place) => place && existsSync(place)) ??
+    assert.fail("build the tests of this machine first: ./test native")
+  );
 }
 
 async function headlessDumps() {

@@ -13,7 +13,12 @@ test("times and sizes change unit, and never into each other", () => {
 test("a result stands beside its mark, in the mark's unit", () => {
   const marks = { start: { mark: 100, unit: "ms", of: "a blink" } };
   assert.deepEqual(againstMark({ name: "start", value: 0.05, unit: "s" }, marks), {
-    name: "start", value: 50, unit: "ms", mark: 100, ratio: 0.5, of: "a blink",
+    name: "start",
+    value: 50,
+    unit: "ms",
+    mark: 100,
+    ratio: 0.5,
+    of: "a blink",
   });
   assert.throws(() => againstMark({ name: "start", value: 3, unit: "kB" }, marks), /cannot be held against/);
 });
@@ -29,16 +34,17 @@ test("of repeated runs the median is taken", () => {
 });
 
 test("a script's other output is no result", () => {
-  assert.deepEqual(fromLines('warming up\n{"name":"a","value":1,"unit":"ms"}\n'), [{ name: "a", value: 1, unit: "ms" }]);
+  assert.deepEqual(fromLines('warming up\n{"name":"a","value":1,"unit":"ms"}\n'), [
+    { name: "a", value: 1, unit: "ms" },
+  ]);
 });
 
 test("the table has a line for each result, its columns aligned", () => {
   assert.equal(
-    table([{ name: "start", value: 50, unit: "ms", mark: 100, ratio: 0.5, of: "a blink" }, { name: "a", value: 1234.567, unit: "kB" }]),
-    [
-      "name   value  unit  mark  ratio  of",
-      "start     50  ms     100    0.5  a blink",
-      "a       1235  kB",
-    ].join("\n"),
+    table([
+      { name: "start", value: 50, unit: "ms", mark: 100, ratio: 0.5, of: "a blink" },
+      { name: "a", value: 1234.567, unit: "kB" },
+    ]),
+    ["name   value  unit  mark  ratio  of", "start     50  ms     100    0.5  a blink", "a       1235  kB"].join("\n"),
   );
 });

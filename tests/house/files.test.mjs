@@ -55,14 +55,22 @@ describe("no test stands where no runner looks", () => {
   const isRun = (path) => runs.some((pattern) => pattern.test(path));
 
   test("a misplaced test is recognised", () => {
-    for (const path of ["tests/pivot_test.cpp", "simplex/pivot_test.cpp", "tests/browser/page.test.ts", "fuzz/a/b_fuzz.cpp"]) {
+    for (const path of [
+      "tests/pivot_test.cpp",
+      "simplex/pivot_test.cpp",
+      "tests/browser/page.test.ts",
+      "fuzz/a/b_fuzz.cpp",
+    ]) {
       assert.ok(isTestLike(path) && !isRun(path), path);
     }
     assert.ok(isRun("tests/simplex/pivot_test.cpp"));
   });
 
   test("every test is run", () => {
-    assert.deepEqual(files.filter((path) => isTestLike(path) && !isRun(path)), []);
+    assert.deepEqual(
+      files.filter((path) => isTestLike(path) && !isRun(path)),
+      [],
+    );
   });
 });
 

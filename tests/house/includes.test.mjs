@@ -81,7 +81,9 @@ describe("our sources", () => {
 
   test("our own headers stand in quotes, from the root", () => {
     const own = ({ path, bracketed }) =>
-      bracketed.filter((target) => target.includes("/") && existsSync(join(root, target))).map((target) => `${path} includes <${target}>`);
+      bracketed
+        .filter((target) => target.includes("/") && existsSync(join(root, target)))
+        .map((target) => `${path} includes <${target}>`);
     assert.deepEqual(sources.flatMap(own), []);
   });
 });
