@@ -4,68 +4,138 @@
 
 namespace tabulon {
 
+using platform::Control;
 using platform::Task;
 
 LPctrl::LPctrl(platform::Desk& desk, basSafeCtl& model)
-    : Surface(desk, "LPctrl", fixed_width, fixed_height), model_(model) {
-  lay_out();
-}
+    : Surface(desk, "LPctrl", fixed_width, fixed_height), model_(model) {}
 
-const LPctrl::Command LPctrl::commands[] = {
-    {"cmd_Bestand", &LPctrl::cmd_Bestand_Click},
-    {"cmd_Bewerken", &LPctrl::cmd_Bewerken_Click},
-    {"cmd_Opties", &LPctrl::cmd_Opties_Click},
-    {"cmd_Help", &LPctrl::cmd_Help_Click},
-    {"mnu_Nieuw_Simplex", &LPctrl::mnu_Nieuw_Simplex_Click},
-    {"mnu_Nieuw_Big_M", &LPctrl::mnu_Nieuw_Big_M_Click},
-    {"mnu_Openen", &LPctrl::mnu_Openen_Click},
-    {"mnu_Tableau_Opslaan_Als", &LPctrl::mnu_Tableau_Opslaan_Als_Click},
-    {"mnu_Tableau_Invullen", &LPctrl::mnu_Tableau_Invullen_Click},
-    {"mnu_Tableau_Invullen_Afsluiten", &LPctrl::mnu_Tableau_Invullen_Afsluiten_Click},
-    {"mnu_Pivot_element", &LPctrl::mnu_Pivot_element_Click},
-    {"mnu_Basisoplossing", &LPctrl::mnu_Basisoplossing_Click},
-    {"mnu_Kolommen_Normeren", &LPctrl::mnu_Kolommen_Normeren_Click},
-    {"mnu_Kolommen_vegen", &LPctrl::mnu_Kolommen_vegen_Click},
-    {"mnu_Automatisch_vegen", &LPctrl::mnu_Automatisch_vegen_Click},
-    {"mnu_optimaliseren", &LPctrl::mnu_optimaliseren_Click},
-    {"mnu_Reset", &LPctrl::mnu_Reset_Click},
-    {"mnu_Breuken", &LPctrl::mnu_Breuken_Click},
-    {"mnu_Grafiek", &LPctrl::mnu_Grafiek_Click},
-    {"mnu_About", &LPctrl::mnu_About_Click},
-    {"cmdReset", &LPctrl::cmdReset_Click},
-    {"cmdKopieren", &LPctrl::cmdKopieren_Click},
-    {"cmdSluiten", &LPctrl::cmdSluiten_Click},
-    {"cmdFrame", &LPctrl::cmdFrame_Click},
-};
-
-Task<> LPctrl::run_command(std::string_view name) {
-  for (const Command& command : commands)
-    if (command.name == name) co_return co_await (this->*command.run)();
-}
-
-Task<> LPctrl::on_click(platform::Control& control) {
-  if (control.name() == FrameHead.name() || control.container() == &FrameHead) KleurFrameHead(-1);
-  if (control.kind() == platform::Kind::CommandButton) co_return co_await run_command(control.name());
-  if (co_await PictureLN_Click(control)) co_return;
-  co_await UserControl_Click();
-}
-
-void LPctrl::on_change(platform::Control& control) {
-  if (&control == &HScroll) HScroll_Change();
-  if (&control == &VScroll) VScroll_Change();
-  if (&control == &txtFocus || &control == &txtTab || &control == &txtShiftTab) control.set_text("");
-}
-
-Task<> LPctrl::on_scroll(platform::ScrollBar&) {
-  co_await desk().pending_events();
+LPctrl::~LPctrl() {
+  desk().abandon(*this);
 }
 
 std::string LPctrl::strSoortGetal(std::int16_t Soort, double& Getal) const {
   return numbers::strSoortGetal(Soort, Getal);
 }
 
-void LPctrl::redraw() {
-  report(ToonTableau(model_.StartKolom, model_.StartRij));
+// ---- Life cycle
+
+Result<> LPctrl::UserControl_Initialize() {
+  fill_in_.CellenBewerkbaar = true;
+  EersteKeer = true;
+  return_to_start();
+  TRY(model_.set_derived_counts());
+  TRY(InitTableau());
+  graph_.close();
+  update();
+  return {};
+}
+
+Task<> LPctrl::UserControl_Show() {
+  if (EersteKeer) {
+    co_await resting_.take_focus();
+    EersteKeer = false;
+  }
+  return_to_start();
+  report(model_.set_derived_counts());
+  grid_.redraw();
+  grid_.reset_scroll_bars();
+  graph_.close();
+}
+
+void LPctrl::return_to_start() {
+  model_.StartKolom = 1;
+  model_.StartRij = 1;
+  model_.Breuken = false;
+}
+
+void LPctrl::show_opened_tableau() {
+  model_.PivotRij = 0;
+  model_.PivotKolom = 0;
+  if (model_.NrTableau == 1)
+    commands_.open_fill_in();
+  else
+    commands_.close_fill_in();
+  grid_.reset_scroll_bars();
+  grid_.follow_grid();
+  graph_.close();
+}
+
+// ---- Events
+
+Task<> LPctrl::on_click(Control& control) {
+  if (&control == &resting_.FrameHead || control.container() == &resting_.FrameHead)
+    resting_.KleurFrameHead(-1);
+  if (co_await menu_bar_.clicked(control)) co_return;
+  if (co_await graph_.clicked(control)) co_return;
+  co_await UserControl_Click();
+}
+
+void LPctrl::on_change(Control& control) {
+  if (grid_.is_scroll_bar(&control)) grid_.scrolled(control);
+  if (&control == &resting_.txtFocus || keyboard_.is_trap(&control)) control.set_text("");
+}
+
+Task<> LPctrl::on_scroll(platform::ScrollBar&) {
+  return desk().pending_events();
+}
+
+Task<> LPctrl::on_pointer(Control& control, platform::Pointer pointer) {
+  return graph_.pointer_moved(control, pointer);
+}
+
+Task<> LPctrl::on_key_down(platform::KeyPress& press, bool& used) {
+  if (press.shift == platform::modifier::alt) return menu_bar_.alt_pressed(press.code, used);
+  if (graph_.key_pressed(press)) {
+    used = true;
+    return Surface::on_key_down(press, used);
+  }
+  return keyboard_.key_pressed(press, used);
+}
+
+// ---- Focus
+
+Task<> LPctrl::on_got_focus(Control& control) {
+  if (co_await keyboard_.got_focus(control)) co_return;
+  if (const auto cell = grid_.cell_of(&control)) {
+    cells_.got_focus(*cell);
+    keyboard_.cell_got_focus();
+  }
+  if (grid_.is_scroll_bar(&control)) co_await resting_.take_focus();
+  if (&control == &resting_.txtFocus) {
+    resting_.txtFocus_GotFocus();
+    keyboard_.forget_tab_cell(-1);
+  }
+}
+
+Task<> LPctrl::on_lost_focus(Control& control) {
+  if (const auto cell = grid_.cell_of(&control)) keyboard_.cell_lost_focus(*cell);
+  co_return;
+}
+
+Task<> LPctrl::on_validate(Control& control, bool& refused) {
+  return cells_.validate(control, keyboard_.take_escape(), refused);
+}
+
+// A cell keeps the focus when the control is clicked beside it, and so do most buttons.
+bool LPctrl::keeps_focus(const Control* active) const {
+  return grid_.cell_of(active) || menu_bar_.has(active) || graph_.keeps_focus(active);
+}
+
+Task<> LPctrl::UserControl_Click() {
+  if (keeps_focus(active())) co_return;
+  co_await resting_.take_focus();
+  resting_.KleurFrameHead(-1);
+}
+
+Task<> LPctrl::UserControl_EnterFocus() {
+  resting_.KleurFrameHead(-1);
+  return UserControl_Click();
+}
+
+Task<> LPctrl::on_exit() {
+  resting_.KleurFrameHead(0);
+  co_return;
 }
 
 }  // namespace tabulon

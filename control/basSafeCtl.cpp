@@ -208,38 +208,35 @@ std::string basSafeCtl::variable_name(int column) const {
 }
 
 Result<> InitTableau(basSafeCtl& model) {
-  const auto shape = model.shape();
-  if (!shape) return std::unexpected(shape.error());
+  const Shape shape = TRY(model.shape());
   model.NrTableau = 1;
   model.TableauGestart = 1;
   for (TableauState* tableau : {&model.current, &model.first}) {
-    init_row_F(tableau->row_F(), model, shape->columns);
-    for (int row = 1; row <= shape->rows; ++row)
-      init_row(*tableau, row, shape->columns, unit_columns(model, row));
+    init_row_F(tableau->row_F(), model, shape.columns);
+    for (int row = 1; row <= shape.rows; ++row)
+      init_row(*tableau, row, shape.columns, unit_columns(model, row));
   }
   return {};
 }
 
 Result<> rewrite_texts(basSafeCtl& model) {
-  const auto shape = model.shape();
-  if (!shape) return std::unexpected(shape.error());
+  const Shape shape = TRY(model.shape());
   const auto rewrite = [&](CellRow& row) {
-    row.rewrite_columns(shape->columns, model.Breuken);
+    row.rewrite_columns(shape.columns, model.Breuken);
     row.rewrite(CellRow::right_hand_side, model.Breuken);
   };
   rewrite(model.current.row_F());
-  for (int row = 1; row <= shape->rows; ++row) rewrite(model.current.row(row));
+  for (int row = 1; row <= shape.rows; ++row) rewrite(model.current.row(row));
   return {};
 }
 
 Result<> restore_first_tableau(basSafeCtl& model) {
-  const auto shape = model.shape();
-  if (!shape) return std::unexpected(shape.error());
+  const Shape shape = TRY(model.shape());
   model.NrTableau = 1;
-  copy_cells(model.current.row_F(), model.first.row_F(), shape->columns);
-  for (int row = 1; row <= shape->rows; ++row) {
+  copy_cells(model.current.row_F(), model.first.row_F(), shape.columns);
+  for (int row = 1; row <= shape.rows; ++row) {
     model.current.set_basis(row, model.first.basis(row));
-    copy_cells(model.current.row(row), model.first.row(row), shape->columns);
+    copy_cells(model.current.row(row), model.first.row(row), shape.columns);
   }
   return {};
 }

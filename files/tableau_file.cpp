@@ -28,10 +28,8 @@ constexpr std::array leading_numbers{
 // beyond 16 bits.
 Result<> set_counts_not_stored(basSafeCtl& model) {
   model.NrSpelingsVar = model.NrKleinerGelijkVglen;
-  const auto artificial =
-      numbers::to_int16(static_cast<double>(model.NrGelijkVglen + model.NrGroterGelijkVglen));
-  if (!artificial) return std::unexpected(artificial.error());
-  model.NrKunstmatigeVar = *artificial;
+  model.NrKunstmatigeVar =
+      TRY(numbers::to_int16(static_cast<double>(model.NrGelijkVglen + model.NrGroterGelijkVglen)));
   return {};
 }
 
@@ -41,7 +39,7 @@ void pass_columns(Lines& lines, Row& current, Row& first, int columns) {
     lines.cell(current, first, column);
 }
 
-// Written and read in one order. Counts that exceed the storage end it at the first place that there is not.
+// Written and read in one order. With counts that exceed the storage it stops at the first cell beyond it.
 template <class Lines, class Model>
 void pass_cells(Lines& lines, Model& model) {
   auto &current = model.current, &first = model.first;
@@ -66,19 +64,19 @@ Result<> write_tableau(basSafeCtl& model, platform::TextFile& file) {
   TableauWriter lines(file);
   lines.text(tableau_header);
   for (const auto number : leading_numbers) lines.whole(model.*number);
-  if (!lines.result()) return lines.result();
-  if (auto counted = set_counts_not_stored(model); !counted) return counted;
+  TRY(lines.result());
+  TRY(set_counts_not_stored(model));
   lines.text(model.Breuken ? "1" : "0");
   lines.whole(model.StartRij);
   lines.whole(model.StartKolom);
   pass_cells(lines, std::as_const(model));
-  if (!lines.result()) return lines.result();
+  TRY(lines.result());
   return file.close();
 }
 
 Result<TableauRead> read_tableau(basSafeCtl& model, platform::TextFile& file) {
   const std::string header;
-  if (auto written = file.write_line(header); !written) return std::unexpected(written.error());
+  TRY(file.write_line(header));
   return read_after_header(model, header, file);
 }
 
@@ -86,14 +84,14 @@ Result<TableauRead> read_after_header(basSafeCtl& model, std::string_view header
   if (header != tableau_header) return TableauRead::OtherHeader;
   TableauReader lines(file);
   for (const auto number : leading_numbers) lines.whole(model.*number);
-  if (!lines.result()) return std::unexpected(lines.result().error());
-  if (auto counted = set_counts_not_stored(model); !counted) return std::unexpected(counted.error());
+  TRY(lines.result());
+  TRY(set_counts_not_stored(model));
   read_fractions(lines, model);
   lines.whole(model.StartRij);
   lines.whole(model.StartKolom);
   pass_cells(lines, model);
-  if (!lines.result()) return std::unexpected(lines.result().error());
-  if (auto closed = file.close(); !closed) return std::unexpected(closed.error());
+  TRY(lines.result());
+  TRY(file.close());
   return TableauRead::Read;
 }
 

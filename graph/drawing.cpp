@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "platform/texts.h"
+
 namespace tabulon::graph {
 
 using platform::DisplayList;
@@ -11,12 +13,6 @@ namespace {
 constexpr int divisions = 10;
 constexpr double division = side / divisions, tick = 90;
 constexpr double label_advance = 45;  // how far each character brings the x1 axis's value to the left
-
-std::string trimmed(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(' ');
-  if (first == std::string_view::npos) return {};
-  return std::string(text.substr(first, text.find_last_not_of(' ') - first + 1));
-}
 
 void add_axes(DisplayList& drawing) {
   drawing.line({0, -tick}, {0, side}, colour::ink);
@@ -31,11 +27,11 @@ void add_axes(DisplayList& drawing) {
 }
 
 void add_labels(DisplayList& drawing, AxisTexts ends) {
-  const std::string end_of_x1 = trimmed(ends.x1);
+  const std::string end_of_x1 = std::string(trimmed(ends.x1));
   drawing.text({3090, 120}, "x 1", colour::ink);
   drawing.text({side - label_advance * static_cast<double>(end_of_x1.size()), -120}, end_of_x1, colour::ink);
   drawing.text({-120, 3270}, "x 2", colour::ink);
-  drawing.text({45, 3090}, trimmed(ends.x2), colour::ink);
+  drawing.text({45, 3090}, std::string(trimmed(ends.x2)), colour::ink);
 }
 
 }  // namespace

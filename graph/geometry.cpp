@@ -22,10 +22,9 @@ constexpr double read_half = 112;
 // ---- From the model
 
 Result<std::vector<Constraint>> constraints_of(const basSafeCtl& model) {
-  const auto shape = model.shape();
-  if (!shape) return std::unexpected(shape.error());
+  const Shape shape = TRY(model.shape());
   std::vector<Constraint> constraints;
-  for (int row = 1; row <= shape->rows; ++row) {
+  for (int row = 1; row <= shape.rows; ++row) {
     const CellRow& cells = model.first.row(row);
     constraints.push_back({model.kind_of_row(row), cells.value(1), cells.value(2), cells.right()});
   }
@@ -37,10 +36,9 @@ Objective objective_of(const basSafeCtl& model) {
 }
 
 Result<PlanePoint> basic_point(const basSafeCtl& model) {
-  const auto shape = model.shape();
-  if (!shape) return std::unexpected(shape.error());
+  const Shape shape = TRY(model.shape());
   PlanePoint point;
-  for (int row = 1; row <= shape->rows; ++row) {
+  for (int row = 1; row <= shape.rows; ++row) {
     if (model.current.basis(row) == 1) point.x1 = model.current.row(row).right();
     if (model.current.basis(row) == 2) point.x2 = model.current.row(row).right();
   }

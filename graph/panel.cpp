@@ -1,115 +1,249 @@
 #include "graph/panel.h"
 
 #include <algorithm>
+#include <cmath>
+#include <limits>
 
 #include "graph/drawing.h"
-#include "platform/layout.h"
+#include "graph/panel_places.h"
+#include "numbers/display.h"
+#include "platform/desk.h"
+#include "platform/texts.h"
 
-namespace tabulon::graph {
+namespace tabulon {
 
-using platform::Align;
-using platform::Bounds;
 using platform::Control;
-using platform::Font;
-using platform::Placement;
-using platform::Surface;
+using platform::KeyPress;
+using platform::Pointer;
+using platform::Task;
 using platform::Twips;
+namespace key = platform::key;
+namespace modifier = platform::modifier;
 
 namespace {
 
-constexpr Font plain{.points = 9};
-constexpr Font small{.points = 8};
-constexpr Font centred{.points = 9, .align = Align::Centre};
+constexpr std::int32_t no_drag = 500;  // taller than anything that can be dragged
+constexpr Twips key_step = 150;        // by which an arrow key moves the panel
+constexpr int long_step = 10;          // how many steps an arrow key goes with Shift
 
-constexpr Twips surface_width = 9000, panel_width = 5805;
-constexpr Twips highest = 10, lowest = 4240;
+constexpr std::string_view copy_refused =
+    "De afbeelding kon niet naar het klembord worden gekopieerd. Probeer het nog eens.";
 
-// The picture, a column beside it, and a row of buttons below. In the picture one user unit is one twip.
-constexpr Twips picture_top = 225, picture_height = 3600, buttons_top = 3840, button_height = 285;
-constexpr Twips column = 3840, samples_end = 4095, legend = 4170, values = 4380;
-
-constexpr Placement placements[] = {
-    // Just under the menu buttons, at the right.
-    {"frmGrafiek", {surface_width - panel_width, 285, panel_width, 4155}, "Tabloria", small},
-    {"cmdFrame", {930, 15, 4845, handle_height}, "Handvat", {.points = 7, .align = Align::Centre}},
-    {"PictureLN", {60, picture_top, 3690, picture_height}, "", small},
-    {"lblRestricties", {legend, 240, 1590, 225}, "Restricties", small},
-    {"lblNiveaulijn", {legend, 480, 1590, 225}, "Niveaulijn", small},
-    {"lblNiveauVanF", {legend, 675, 1590, 225}, "Doelfunctie F", small},
-    {"lblGebiedKleur", {column, 960, 255, 135}},
-    {"lblGebied", {legend, 915, 1590, 225}, "Toegestane gebied", small},
-    {"lblX1", {column, 1260, 525, 240}, "x 1 =", plain},
-    {"lblValX1", {values, 1260, 1380, 240}, "", plain},
-    {"lblX2", {column, 1515, 525, 240}, "x 2 =", plain},
-    {"lblValX2", {values, 1515, 1380, 240}, "", plain},
-    {"lblF", {column, 1770, 525, 240}, "F =", plain},
-    {"lblDoelfunctie", {values, 1770, 1380, 240}, "", plain},
-    {"lblLetOp",
-     {column, 2115, 1935, 1665},
-     "Let op!                       Alleen LP-problemen met twee beslissingsvariabelen zijn grafisch "
-     "oplosbaar.",
-     {.points = 8, .wraps = true}},
-    {"cmdKopieren", {60, buttons_top, 3510, button_height}, "Afbeelding kopiëren naar klembord", centred},
-    {"cmdReset", {3645, buttons_top, 1035, button_height}, "Reset", centred},
-    {"cmdSluiten", {4740, buttons_top, 1035, button_height}, "Sluiten", centred},
-};
-
-// The legend's samples of lines.
-struct Sample {
-  std::string_view name;
-  Twips height;  // of the line
-  platform::Colour colour;
-};
-
-constexpr Sample samples[] = {
-    {"lineRestricties", 352, colour::constraint},
-    {"lineNiveaulijn", 690, colour::level},  // between the two lines of its words
-};
-
-// After the grid, whose cells and traps have the places before.
-constexpr std::string_view tab_order[] = {"PictureLN", "cmdReset", "cmdKopieren", "cmdSluiten", "cmdFrame"};
-constexpr int first_tab_place = 4;
-
-Control& control(Surface& surface, std::string_view name) {
-  return *surface.find(name);
+// To the nearest whole number, halves to the even one.
+std::int32_t whole(double number) {
+  using Limits = std::numeric_limits<std::int32_t>;
+  return static_cast<std::int32_t>(std::nearbyint(std::clamp<double>(number, Limits::min(), Limits::max())));
 }
 
-void colour_line(Surface& surface, const Sample& sample) {
-  auto& line = static_cast<platform::Line&>(control(surface, sample.name));
-  line.set_ends({column, sample.height}, {samples_end, sample.height});
-  line.set_fore_colour(sample.colour);
-}
+struct Direction {
+  int right = 0, up = 0;
+};
 
-void style_picture(Surface& surface) {
-  auto& picture = static_cast<platform::PictureBox&>(control(surface, "PictureLN"));
-  picture.set_scale(scale);
-  picture.set_back_colour(platform::rgb(255, 255, 255));
-  control(surface, "lineNiveau").set_fore_colour(colour::level);
-  control(surface, "lineNiveau").set_visible(false);
-  auto& cross = static_cast<platform::Image&>(control(surface, "imgCross"));
-  cross.set_picture(platform::Picture::Cross);
-  cross.set_tool_tip("Beweeg mij!");
-  cross.set_visible(false);
+std::optional<Direction> direction_of(KeyPress press) {
+  if (press.shift != modifier::none && press.shift != modifier::shift) return {};
+  const int steps = press.shift == modifier::shift ? long_step : 1;
+  switch (press.code) {
+    case key::left:
+      return Direction{-steps, 0};
+    case key::right:
+      return Direction{steps, 0};
+    case key::up:
+      return Direction{0, steps};
+    case key::down:
+      return Direction{0, -steps};
+    default:
+      return {};
+  }
 }
 
 }  // namespace
 
-void lay_out_panel(Surface& surface) {
-  platform::place(surface, placements);
-  for (const Sample& sample : samples) colour_line(surface, sample);
-  style_picture(surface);
-  control(surface, "lblGebiedKleur").set_back_colour(colour::region);
-  control(surface, "frmGrafiek").set_back_colour(platform::system_colour::button_face);
-  control(surface, "frmGrafiek").set_visible(false);
-  control(surface, "cmdFrame").set_spoken_name("Handvat, verplaatsen met de pijltjestoetsen");
-  int place = first_tab_place;
-  for (const std::string_view name : tab_order) control(surface, name).set_tab(place++, true);
+GraphPanel::GraphPanel(const Surroundings& around) : around_(around) {
+  lay_out();
 }
 
-Bounds panel_moved(Bounds panel, Twips right, Twips down) {
-  panel.top = std::clamp(panel.top + down, highest, lowest);
-  panel.left = std::clamp(panel.left + right, 0.0, surface_width - panel_width);
-  return panel;
+// ---- Opening and closing
+
+void GraphPanel::mnu_Grafiek_Click() {
+  show(!open_);
 }
 
-}  // namespace tabulon::graph
+void GraphPanel::rebuild() {
+  if (open_) show(true);
+}
+
+void GraphPanel::show(bool open) {
+  if (around_.model.NrTableau == 1) hide_point();
+  open_ = open;
+  frmGrafiek.set_visible(open);
+  m_blnGrafiek = m_blnGrafiek || open;
+  if (open && around_.model.NrTableau > 0) draw();
+}
+
+void GraphPanel::close() {
+  open_ = false;
+  frmGrafiek.set_visible(false);
+}
+
+// ---- Drawing
+
+// The first tableau has no point yet: its basic solution is where nothing is made.
+void GraphPanel::hide_point() {
+  lineNiveau.set_visible(false);
+  imgCross.set_visible(false);
+  PictureLN.set_drawing({});
+  for (platform::Label* value : {&lblValX1, &lblValX2, &lblDoelfunctie}) value->set_text("");
+  PictureLN.set_spoken_name("Grafiek");
+  PictureLN.set_tab(PictureLN.tab_index(), false);
+}
+
+void GraphPanel::draw() {
+  const auto constraints = graph::constraints_of(around_.model);
+  const auto point = graph::basic_point(around_.model);
+  around_.surface.report(constraints);
+  if (!constraints || !point) return;
+  m_dblMaxX1 = graph::axis_range(*constraints);
+  m_strMaxX1 = numbers::strSoortGetal(number_mode(), m_dblMaxX1);
+  m_dblMaxX2 = m_dblMaxX1;
+  m_strMaxX2 = m_strMaxX1;
+  PictureLN.set_drawing(graph::problem_drawing(*constraints, m_dblMaxX1, {m_strMaxX1, m_strMaxX2}));
+  if (around_.model.NrTableau == 1) return;
+  place_cross(graph::cross_place(*point, m_dblMaxX1));
+  imgCross.set_visible(true);
+  PictureLN.set_tab(PictureLN.tab_index(), true);
+  show_point(*point);
+}
+
+std::int16_t GraphPanel::number_mode() const {
+  return around_.model.Breuken ? numbers::kFractions : numbers::kDecimals;
+}
+
+void GraphPanel::place_cross(platform::Point place) {
+  imgCross.set_bounds({place.x, place.y, graph::cross_size, graph::cross_size});
+}
+
+// The values of a point, and the level line through it.
+void GraphPanel::show_point(graph::PlanePoint point) {
+  const graph::Objective objective = graph::objective_of(around_.model);
+  const auto shown = [this](double value) { return numbers::strSoortGetal(number_mode(), value); };
+  lblDoelfunctie.set_text(shown(graph::objective_value(objective, point)));
+  lblValX1.set_text(shown(point.x1));
+  lblValX2.set_text(shown(point.x2));
+  PictureLN.set_spoken_name("Grafiek, x 1 = " + std::string(trimmed(lblValX1.text())) +
+                            ", x 2 = " + std::string(trimmed(lblValX2.text())) +
+                            ", F = " + std::string(trimmed(lblDoelfunctie.text())));
+  const auto line = graph::level_line(objective, point, m_dblMaxX1);
+  if (!line) return;
+  lineNiveau.set_ends(line->segment.from, line->segment.to);
+  lineNiveau.set_visible(line->visible);
+}
+
+// ---- The pointer. Both drags share the place at which the pointer was pressed.
+
+Task<> GraphPanel::pointer_moved(Control& control, Pointer pointer) {
+  const bool handle = &control == &cmdFrame;
+  if (!handle && &control != &imgCross) co_return;
+  switch (pointer.action) {
+    case Pointer::Action::Down:
+      grab(pointer, handle ? graph::handle_height : graph::cross_size);
+      break;
+    case Pointer::Action::Move:
+      if (!pointer.left_button) m_lngGrabY = no_drag;
+      handle ? cmdFrame_MouseMove(pointer) : imgCross_MouseMove(pointer);
+      break;
+    case Pointer::Action::Up:
+      m_lngGrabY = no_drag;
+      if (handle) co_await around_.surface.set_focus(around_.txtFocus);
+      break;
+    case Pointer::Action::Lost:
+      m_lngGrabY = no_drag;
+      break;
+  }
+}
+
+void GraphPanel::grab(Pointer pointer, Twips height) {
+  m_lngGrabY = no_drag;
+  if (!pointer.left_button || pointer.y <= 0 || pointer.y >= height) return;
+  m_lngGrabY = whole(pointer.y);
+  m_lngGrabX = whole(pointer.x);
+}
+
+void GraphPanel::cmdFrame_MouseMove(Pointer pointer) {
+  if (m_lngGrabY <= 0 || m_lngGrabY >= graph::handle_height) return;
+  move_panel(pointer.x - m_lngGrabX, pointer.y - m_lngGrabY);
+}
+
+// The pointer's y grows downwards, as on every control; the drawing's grows upwards.
+void GraphPanel::imgCross_MouseMove(Pointer pointer) {
+  if (m_lngGrabY < 1 || m_lngGrabY >= graph::cross_size) return;
+  const platform::Point cross = cross_place();
+  move_cross({cross.x + pointer.x - m_lngGrabX, cross.y - (pointer.y - m_lngGrabY)});
+}
+
+void GraphPanel::move_panel(Twips right, Twips down) {
+  frmGrafiek.set_bounds(graph::panel_moved(frmGrafiek.bounds(), right, down));
+}
+
+void GraphPanel::move_cross(platform::Point place) {
+  const platform::Point kept = graph::kept_in_square(place);
+  place_cross(kept);
+  show_point(graph::point_under_cross(kept, m_dblMaxX1));
+}
+
+// ---- The keyboard: the picture stands for its cross, the handle for the panel.
+
+bool GraphPanel::key_pressed(KeyPress press) {
+  const auto direction = direction_of(press);
+  if (!direction) return false;
+  if (around_.surface.active() == &cmdFrame) {
+    move_panel(key_step * direction->right, -key_step * direction->up);
+    return true;
+  }
+  if (around_.surface.active() != &PictureLN || !imgCross.visible()) return false;
+  const auto now = graph::point_under_cross(cross_place(), m_dblMaxX1);
+  const auto next = graph::stepped(now, direction->right, direction->up, m_dblMaxX1);
+  move_cross(graph::cross_place(next, m_dblMaxX1));
+  return true;
+}
+
+// ---- Clicks
+
+bool GraphPanel::keeps_focus(const Control* control) const {
+  return control == &cmdReset || control == &cmdKopieren || control == &cmdSluiten;
+}
+
+Task<bool> GraphPanel::clicked(Control& control) {
+  if (&control == &cmdReset)
+    show(true);
+  else if (&control == &cmdSluiten)
+    show(false);
+  else if (&control == &cmdKopieren)
+    co_await cmdKopieren_Click();
+  else if (&control != &cmdFrame)
+    co_return co_await PictureLN_Click(control);
+  co_await around_.surface.set_focus(around_.txtFocus);
+  co_return true;
+}
+
+// The picture takes the focus for its cross.
+Task<bool> GraphPanel::PictureLN_Click(const Control& control) {
+  if (&control != &PictureLN && control.container() != &PictureLN) co_return false;
+  if (!imgCross.visible()) co_return false;
+  co_await around_.surface.set_focus(PictureLN);
+  co_return true;
+}
+
+Task<> GraphPanel::cmdKopieren_Click() {
+  std::optional<graph::Segment> level;
+  if (lineNiveau.visible()) level = {lineNiveau.from(), lineNiveau.to()};
+  std::optional<platform::Point> cross;
+  if (imgCross.visible()) cross = cross_place();
+  platform::Desk& desk = around_.surface.desk();
+  desk.host().clear_clipboard();
+  const bool copied =
+      co_await desk.copy_picture({graph::copied_drawing(PictureLN.drawing(), level, cross), PictureLN.scale(),
+                                  PictureLN.bounds().width, PictureLN.bounds().height});
+  if (!copied) co_await around_.failures.show_failure(std::string(copy_refused));
+}
+
+}  // namespace tabulon

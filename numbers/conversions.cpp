@@ -5,6 +5,7 @@
 #include <string>
 
 #include "numbers/decimal.h"
+#include "platform/texts.h"
 
 namespace tabulon::numbers {
 namespace {
@@ -65,12 +66,6 @@ void write_with_exponent(const Digits& digits, int exponent, TextBuffer& text) {
   text.append_whole(static_cast<std::uint64_t>(exponent < 0 ? -exponent : exponent), 2);
 }
 
-std::string_view trimmed(std::string_view text) {
-  while (text.starts_with(' ')) text.remove_prefix(1);
-  while (text.ends_with(' ')) text.remove_suffix(1);
-  return text;
-}
-
 double signed_number(double magnitude, bool negative) {
   return negative && magnitude != 0 ? -magnitude : magnitude;
 }
@@ -108,6 +103,12 @@ std::string Str(double number) {
 
 std::string Str(std::int16_t number) {
   return Str(static_cast<double>(number));
+}
+
+std::string digits(int number) {
+  std::string text = Str(static_cast<double>(number));
+  if (text.starts_with(' ')) text.erase(0, 1);
+  return text;
 }
 
 double Val(std::string_view text) {

@@ -25,6 +25,9 @@ std::string Str(double number);
 // The same for a whole number: " 2", "-3".
 std::string Str(std::int16_t number);
 
+// A whole number without the blank: "2", "-3".
+std::string digits(int number);
+
 // The leading number of a text: blanks are skipped wherever they stand, an optional sign, digits with at most
 // one ".", an optional exponent (E or D, either case, with at least one digit). The first other character
 // ends it; a text that begins with no number gives 0. Always finite: a number too large for a Double gives

@@ -14,6 +14,7 @@
 #include "numbers/decimal.h"
 #include "numbers/expression.h"
 #include "numbers/fraction.h"
+#include "platform/texts.h"
 
 namespace tabulon::numbers {
 namespace {
@@ -113,10 +114,6 @@ void write_scientific(double number, TextBuffer& text) {
 
 bool too_small_for_fraction(double number) {
   return number != 0 && std::fabs(number) <= kLargestWithoutFraction;
-}
-
-std::string_view trimmed(std::string_view text) {
-  return text.substr(text.starts_with(' ') ? 1 : 0);
 }
 
 // Single precision holds no fractions from 2^23 on; below that the conversion cannot overflow.

@@ -12,6 +12,7 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -283,6 +284,27 @@ class Menu : public Control {
   bool checkable_ = false, checked_ = false;
 };
 
+// Controls that a table describes, in its order:  ControlList<Label> labels;  labels.add(form, "lblTitle");
+template <class C>
+class ControlList {
+ public:
+  template <class... Arguments>
+  C& add(Arguments&&... arguments) {
+    return *controls_.emplace_back(std::make_unique<C>(std::forward<Arguments>(arguments)...));
+  }
+  std::size_t size() const { return controls_.size(); }
+  C& operator[](std::size_t at) const { return *controls_[at]; }
+  // The place of a control; `size()` for any other.
+  std::size_t find(const Control* control) const {
+    std::size_t at = 0;
+    while (at < size() && controls_[at].get() != control) ++at;
+    return at;
+  }
+
+ private:
+  std::vector<std::unique_ptr<C>> controls_;
+};
+
 // A control array, indexed from 1:  ControlArray<TextBox, 35> txtTableau{*this, "txtTableau"};
 template <class C, int count>
 class ControlArray {
@@ -292,6 +314,10 @@ class ControlArray {
   static constexpr int size() { return count; }
   C& operator()(int index) { return controls_[static_cast<std::size_t>(index - 1)]; }
   const C& operator()(int index) const { return controls_[static_cast<std::size_t>(index - 1)]; }
+  bool has(const Control* control) const {
+    return control && control->index() >= 1 && control->index() <= count &&
+           &(*this)(control->index()) == control;
+  }
   auto begin() { return controls_.begin(); }
   auto end() { return controls_.end(); }
 

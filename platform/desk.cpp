@@ -1,6 +1,8 @@
 #include "platform/desk.h"
 
 #include <algorithm>
+#include <cstdlib>
+#include <functional>
 #include <iterator>
 #include <utility>
 
@@ -10,7 +12,7 @@ namespace tabulon::platform {
 // the host's own (a file dialog). It lives in the task that opened it, and goes with it.
 struct Desk::Modal {
   Modal(Surface& opener, Form* shown, MenuSession* opened)
-      : desk(opener.desk()), owner(opener), form(shown), menu(opened) {
+      : desk(opener.desk()), opened_by(desk.executing_), form(shown), menu(opened) {
     desk.modals_.push_back(this);
   }
   Modal(const Modal&) = delete;
@@ -26,7 +28,7 @@ struct Desk::Modal {
   bool over() const { return (form && form->unloaded()) || (menu && menu->over()); }
 
   Desk& desk;
-  Surface& owner;
+  Running* opened_by;
   Form* form;
   MenuSession* menu;
   Completion<bool> ended;
@@ -34,11 +36,14 @@ struct Desk::Modal {
 
 // A task that waits for an answer of the host.
 struct Desk::Waiting {
-  explicit Waiting(Desk& on) : desk(on), ticket(++on.last_ticket_) { desk.waiting_.push_back(this); }
+  explicit Waiting(Desk& on) : desk(on), task(on.executing_), ticket(++on.last_ticket_) {
+    desk.waiting_.push_back(this);
+  }
   Waiting(const Waiting&) = delete;
   ~Waiting() { std::erase(desk.waiting_, this); }
 
   Desk& desk;
+  Running* task;
   Ticket ticket;
   Completion<std::string> answer;
 };
@@ -116,10 +121,23 @@ Desk::Outcome Desk::start_event(Surface& surface, Task<> task) {
 
 Desk::Outcome Desk::start(Surface& surface, Task<> task, Ticket call) {
   Running& running = running_.emplace_back(Running{&surface, level(), call, std::move(task)});
-  running.task.start();
-  const Outcome outcome = running.task.done() ? Outcome::Ended : Outcome::Waits;
+  Outcome outcome = Outcome::Waits;
+  execute(running, [&] {
+    running.task.start();
+    if (running.task.done()) outcome = Outcome::Ended;
+  });
   flush();
   return outcome;
+}
+
+template <class Step>
+void Desk::execute(Running& running, Step step) {
+  Running* const before = std::exchange(executing_, &running);
+  running.on_stack = true;
+  step();
+  running.on_stack = false;
+  executing_ = before;
+  drop_abandoned();
 }
 
 bool Desk::click(Control& control) {
@@ -210,7 +228,9 @@ void Desk::menu_dismiss() {
 void Desk::answer(Ticket ticket, std::string text) {
   const auto found = std::ranges::find(waiting_, ticket, &Waiting::ticket);
   if (found == waiting_.end()) return;
-  (*found)->answer.complete(std::move(text));
+  Waiting& waiting = **found;
+  if (waiting.task->abandoned) return;
+  execute(*waiting.task, [&] { waiting.answer.complete(std::move(text)); });
   flush();
 }
 
@@ -236,7 +256,8 @@ bool Desk::end_modal() {
   if (!top || !top->over() || top->ended.completed()) return false;
   if (std::ranges::any_of(running_, [&](const Running& running) { return running.level == top; }))
     return false;
-  top->ended.complete(true);
+  if (top->opened_by->abandoned) return false;
+  execute(*top->opened_by, [&] { top->ended.complete(true); });
   return true;
 }
 
@@ -254,10 +275,17 @@ bool Desk::busy(const Surface& surface) const {
   });
 }
 
+// A host that is handed a surface may open a form, or destroy surfaces: then the round begins anew.
 void Desk::show_changes() {
-  for (std::size_t at = 0; at < surfaces_.size(); ++at) {  // by place: a host may answer by opening a form
+  for (std::size_t at = 0; at < surfaces_.size(); ++at) {
     Surface* const surface = surfaces_[at];
+    const std::size_t removals = removals_;
+    surface->update();
     if (surface->take_changed()) host_.mirror(*surface);
+    if (removals != removals_) {
+      at = static_cast<std::size_t>(-1);
+      continue;
+    }
     const bool was = std::ranges::find(busy_, surface) != busy_.end();
     if (busy(*surface) == was) continue;
     host_.set_busy(*surface, !was);
@@ -271,12 +299,25 @@ void Desk::abandon(Surface& surface) {
     while (owner != &surface && owner->is_form()) owner = &static_cast<const Form*>(owner)->owner();
     return owner == &surface;
   };
-  while (true) {  // the last started first: what runs on a form before what opened the form
-    const auto last = std::find_if(running_.rbegin(), running_.rend(), belongs);
-    if (last == running_.rend()) break;
+  for (Running& running : running_) running.abandoned = running.abandoned || belongs(running);
+  drop_abandoned();
+  flush();
+}
+
+// The last started first: what runs on a form before what opened the form.
+void Desk::drop_abandoned() {
+  while (true) {
+    const auto last = std::find_if(running_.rbegin(), running_.rend(), std::mem_fn(&Running::abandoned));
+    if (last == running_.rend() || last->on_stack) return;
     running_.erase(std::next(last).base());
   }
-  flush();
+}
+
+void Desk::remove(Surface& surface) {
+  if (std::ranges::find(running_, &surface, &Running::owner) != running_.end()) std::abort();
+  std::erase(surfaces_, &surface);
+  std::erase(busy_, &surface);
+  ++removals_;
 }
 
 }  // namespace tabulon::platform

@@ -65,7 +65,8 @@ class Desk {
   // Hands the host what code outside any handler changed.
   void flush();
 
-  // Gives up whatever the surface is doing, and closes what it has opened.
+  // Gives up whatever the surface is doing, and closes what it has opened: at once, or, where the host was
+  // called by a handler of that surface, as soon as that handler waits or ends.
   void abandon(Surface& surface);
 
  private:
@@ -77,8 +78,14 @@ class Desk {
     const Modal* level;
     Ticket call;  // 0 where nobody waits for the end
     Task<> task;
+    bool on_stack = false;   // its code runs now
+    bool abandoned = false;  // to go as soon as nothing of it is on the stack
   };
   enum class Outcome : std::uint8_t { Dropped, Ended, Waits };
+
+  void add(Surface& surface) { surfaces_.push_back(&surface); }
+  // Stops the process when a handler of the surface is not done: its next step would touch what is gone.
+  void remove(Surface& surface);
 
   Outcome start_event(Surface& surface, Task<> task);
   Outcome start(Surface& surface, Task<> task, Ticket call = 0);
@@ -86,6 +93,10 @@ class Desk {
   const Modal* level() const { return modals_.empty() ? nullptr : modals_.back(); }
   MenuSession* menu_on_top();
   void menu_changed();
+  // Runs a step of a task: its start, or the answer that it has waited for.
+  template <class Step>
+  void execute(Running& running, Step step);
+  void drop_abandoned();
   bool remove_ended_tasks();
   bool end_modal();
   void show_changes();
@@ -95,8 +106,10 @@ class Desk {
   std::vector<Modal*> modals_;
   std::vector<Waiting*> waiting_;
   std::list<Running> running_;
+  Running* executing_ = nullptr;  // the task whose code runs now
   std::vector<Surface*> busy_;
   Ticket last_ticket_ = 0;
+  std::size_t removals_ = 0;
   bool flushing_ = false;
 };
 

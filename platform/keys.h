@@ -19,6 +19,7 @@ inline constexpr int none = 0, shift = 1, ctrl = 2, alt = 4;
 struct KeyPress {
   int code = 0;
   int shift = modifier::none;
+  friend bool operator==(const KeyPress&, const KeyPress&) = default;
 };
 
 }  // namespace tabulon::platform

@@ -11,6 +11,9 @@
 
 namespace tabulon::platform {
 
+// Where boxes stand that take the focus but are not seen.
+inline constexpr Bounds beside_surface{-1500, 0, 150, 150};
+
 struct Placement {
   std::string_view name;
   Bounds bounds;

@@ -9,12 +9,15 @@ namespace tabulon::platform {
 
 Surface::Surface(Desk& desk, std::string_view name, Twips width, Twips height)
     : desk_(desk), name_(name), width_(width), height_(height) {
-  desk_.surfaces_.push_back(this);
+  desk_.add(*this);
 }
 
 Surface::~Surface() {
-  std::erase(desk_.surfaces_, this);
-  std::erase(desk_.busy_, this);
+  desk_.remove(*this);
+}
+
+void Surface::report(const RunTimeError& error) {
+  desk_.host().report(*this, error);
 }
 
 int Surface::add(Control& control) {

@@ -1,7 +1,8 @@
 // A surface: the control or a form, with its controls, its focus and what happens on it.
 //
-// A subclass declares its controls as members and overrides the handlers that it needs. Hosts do not call
-// the handlers; they call the desk (platform/desk.h), which sees to the order of things.
+// A subclass declares its controls as members, or parts that own them, and overrides the handlers that it
+// needs. Hosts do not call the handlers; they call the desk (platform/desk.h), which sees to the order of
+// things. A surface whose handlers may wait abandons them in its destructor, while its controls still are.
 #pragma once
 
 #include <span>
@@ -11,6 +12,7 @@
 
 #include "platform/controls.h"
 #include "platform/keys.h"
+#include "platform/run_time_error.h"
 #include "platform/task.h"
 
 namespace tabulon::platform {
@@ -67,6 +69,16 @@ class Surface {
   // True once for each time that something changed since the last call.
   bool take_changed() { return std::exchange(changed_, false); }
   void mark_changed() { changed_ = true; }
+
+  // Hands an error that nobody else catches to the host; does nothing where all went well.
+  template <class T>
+  void report(const Result<T>& result) {
+    if (!result) report(result.error());
+  }
+  void report(const RunTimeError& error);
+
+  // Brings properties that follow from others up to date, just before the host is handed what has changed.
+  virtual void update() {}
 
   // ---- Handlers. `on_change` runs at once, also for changes made by code; the others may wait.
   virtual Task<> on_click(Control& control);

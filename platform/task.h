@@ -89,7 +89,8 @@ class [[nodiscard]] Task {
     struct Awaiter {
       Handle child;
       bool await_ready() const noexcept { return child.done(); }
-      bool await_suspend(std::coroutine_handle<> parent) const noexcept {
+      // Not inlined, and neither is `destroy`: there is a copy at every co_await else.
+      [[gnu::noinline]] bool await_suspend(std::coroutine_handle<> parent) const noexcept {
         child.promise().awaited_by = parent;
         child.promise().inside_await = true;
         child.resume();
@@ -102,7 +103,7 @@ class [[nodiscard]] Task {
   }
 
  private:
-  void destroy() {
+  [[gnu::noinline]] void destroy() {
     if (handle_) std::exchange(handle_, {}).destroy();
   }
 

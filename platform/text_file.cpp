@@ -50,9 +50,7 @@ std::string from_latin(std::string_view latin) {
 }  // namespace
 
 Result<TextFile> TextFile::open(FileStore& store, std::string_view name, Mode mode) {
-  auto bytes = mode == Mode::Input ? store.open_for_input(name) : store.open_for_output(name);
-  if (!bytes) return std::unexpected(bytes.error());
-  return TextFile(std::move(*bytes), mode);
+  return TextFile(TRY(mode == Mode::Input ? store.open_for_input(name) : store.open_for_output(name)), mode);
 }
 
 Result<> TextFile::write_line(std::string_view text) {
@@ -64,10 +62,9 @@ Result<std::string> TextFile::read_line() {
   if (mode_ == Mode::Output) return fail(ErrorNumber::BadFileMode);
   std::size_t end = 0;
   while ((end = ahead_.find('\n')) == std::string::npos) {
-    auto more = bytes_->read(chunk);
-    if (!more) return std::unexpected(more.error());
-    if (more->empty()) break;
-    ahead_ += *more;
+    const std::string more = TRY(bytes_->read(chunk));
+    if (more.empty()) break;
+    ahead_ += more;
   }
   if (end == std::string::npos && ahead_.empty()) return fail(ErrorNumber::InputPastEnd);
   std::string line = ahead_.substr(0, end);

@@ -6,8 +6,6 @@ namespace tabulon {
 
 namespace {
 
-constexpr int box_rows = 7, box_columns = 5;
-
 // The step's start, in boxes and in the tableau.
 struct Place {
   GridBox box;
@@ -18,8 +16,8 @@ struct Place {
 Place place_of(GridBox box, const GridView& view) {
   Place place{box, 1, box.index, 0, 0};
   if (box.array == CellArray::Cells) {
-    place.box_row = (box.index - 1) / box_columns + 1;
-    place.box_column = (box.index - 1) % box_columns + 1;
+    place.box_row = (box.index - 1) / grid_columns + 1;
+    place.box_column = (box.index - 1) % grid_columns + 1;
   } else if (box.array == CellArray::RightHandSides) {
     place.box_row = box.index;
     place.box_column = 0;
@@ -33,7 +31,7 @@ GridBox row_F(int column) {
   return {CellArray::RowF, column};
 }
 GridBox cell(int row, int column) {
-  return {CellArray::Cells, (row - 1) * box_columns + column};
+  return {CellArray::Cells, (row - 1) * grid_columns + column};
 }
 GridBox right_hand_side(int row) {
   return {CellArray::RightHandSides, row};
@@ -41,11 +39,11 @@ GridBox right_hand_side(int row) {
 
 // The view whose last column is the last decision variable.
 int last_columns(const GridView& view) {
-  return std::max(1, view.variables - (box_columns - 1));
+  return std::max(1, view.variables - (grid_columns - 1));
 }
 // The first column stands in where there are no decision variables at all.
 int last_box_column(const GridView& view) {
-  return std::clamp(view.variables, 1, box_columns);
+  return std::clamp(view.variables, 1, grid_columns);
 }
 
 Landing stay(GridBox box, const GridView& view) {
@@ -56,16 +54,16 @@ std::optional<Landing> forward(const Place& from, const GridView& view) {
   switch (from.box.array) {
     case CellArray::RowF:
       if (from.column >= view.variables) return Landing{cell(1, 1), 1, 1};
-      if (from.box_column < box_columns) return stay(row_F(from.box_column + 1), view);
+      if (from.box_column < grid_columns) return stay(row_F(from.box_column + 1), view);
       return Landing{from.box, view.first_column + 1, view.first_row};
     case CellArray::Cells:
       if (from.column >= view.variables) return stay(right_hand_side(from.box_row), view);
-      if (from.box_column < box_columns) return stay(cell(from.box_row, from.box_column + 1), view);
+      if (from.box_column < grid_columns) return stay(cell(from.box_row, from.box_column + 1), view);
       return Landing{from.box, view.first_column + 1, view.first_row};
     case CellArray::RightHandSides:
       if (from.row >= view.rows) return Landing{row_F(1), 1, 1};
-      if (from.box_row < box_rows) return Landing{cell(from.box_row + 1, 1), 1, view.first_row};
-      return Landing{cell(box_rows, 1), 1, view.first_row + 1};
+      if (from.box_row < grid_rows) return Landing{cell(from.box_row + 1, 1), 1, view.first_row};
+      return Landing{cell(grid_rows, 1), 1, view.first_row + 1};
   }
   return {};
 }
@@ -74,7 +72,7 @@ std::optional<Landing> forward(const Place& from, const GridView& view) {
 Landing backward_to_row_above(const Place& from, const GridView& view) {
   if (from.row == 1) return {row_F(last_box_column(view)), last_columns(view), view.first_row};
   if (from.box_row == 1) return {right_hand_side(1), view.first_column, view.first_row - 1};
-  const int first_column = view.variables > box_columns ? last_columns(view) : view.first_column;
+  const int first_column = view.variables > grid_columns ? last_columns(view) : view.first_column;
   return {right_hand_side(from.box_row - 1), first_column, view.first_row};
 }
 
@@ -90,8 +88,8 @@ std::optional<Landing> backward(const Place& from, const GridView& view) {
 std::optional<Landing> down(const Place& from, const GridView& view) {
   if (from.box.array == CellArray::RowF) return Landing{cell(1, from.box_column), view.first_column, 1};
   if (from.row >= view.rows) return {};
-  if (from.box_row == box_rows) return Landing{from.box, view.first_column, view.first_row + 1};
-  return stay({from.box.array, from.box.index + (from.box.array == CellArray::Cells ? box_columns : 1)},
+  if (from.box_row == grid_rows) return Landing{from.box, view.first_column, view.first_row + 1};
+  return stay({from.box.array, from.box.index + (from.box.array == CellArray::Cells ? grid_columns : 1)},
               view);
 }
 
@@ -102,7 +100,7 @@ std::optional<Landing> up(const Place& from, const GridView& view) {
     return stay(row_F(from.box_column), view);
   }
   if (from.box_row == 1) return Landing{from.box, view.first_column, view.first_row - 1};
-  return stay({from.box.array, from.box.index - (from.box.array == CellArray::Cells ? box_columns : 1)},
+  return stay({from.box.array, from.box.index - (from.box.array == CellArray::Cells ? grid_columns : 1)},
               view);
 }
 

@@ -13,6 +13,9 @@
 
 namespace tabulon {
 
+// How many rows and columns the grid shows at a time.
+inline constexpr int grid_rows = 7, grid_columns = 5;
+
 enum class CellArray : std::uint8_t { RowF, Cells, RightHandSides };  // txtRij_F, txtTableau, txtRL
 
 // A box of the grid: its array, and its index there, from 1.

@@ -15,10 +15,6 @@ namespace {
 constexpr platform::Colour current_colour = platform::rgb(255, 245, 204);
 constexpr int large_step = 5;
 
-std::string digits(int number) {
-  return numbers::Str(static_cast<std::int16_t>(number)).substr(1);
-}
-
 }  // namespace
 
 Dialog::Dialog(Surface& owner, std::string_view name, platform::Twips width, platform::Twips height,
@@ -133,14 +129,14 @@ const Dialog::Spin* Dialog::spin_of(const Control* control) const {
 }
 
 void Dialog::show_number(const Spin& spin) {
-  spin.display->set_text(digits(spin.bar->value()));
+  spin.display->set_text(numbers::digits(spin.bar->value()));
 }
 
 void Dialog::make_current(const Spin& spin) {
   current_ = spin.bar;
   for (const Spin& each : spins_)
     each.display->set_back_colour(each.bar == current_ ? current_colour : platform::system_colour::window);
-  txtFocus.set_spoken_name(std::string(spin.name) + " " + digits(spin.bar->value()));
+  txtFocus.set_spoken_name(std::string(spin.name) + " " + numbers::digits(spin.bar->value()));
 }
 
 }  // namespace tabulon

@@ -1,20 +1,16 @@
 #include "simplex/focus_form.h"
 
+#include "platform/layout.h"
+
 namespace tabulon {
 
 using platform::Task;
-
-namespace {
-
-constexpr platform::Bounds aside{-1500, 0, 150, 150};
-
-}  // namespace
 
 FocusForm::FocusForm(Surface& owner, std::string_view name, platform::Twips width, platform::Twips height,
                      std::string_view caption)
     : Form(owner, name, width, height) {
   set_caption(caption);
-  txtFocus.set_bounds(aside);
+  txtFocus.set_bounds(platform::beside_surface);
   txtFocus.set_spoken_name(caption.substr(1));
   OKButton.set_tab(1, true);
   default_button = &OKButton;

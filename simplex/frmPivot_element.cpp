@@ -28,8 +28,8 @@ frmPivot_element::frmPivot_element(Surface& owner, const basSafeCtl& model)
 }
 
 void frmPivot_element::on_load() {
-  lblPivot_kolom.set_text(numbers::Str(model_.PivotKolom).substr(1));
-  lblPivot_rij.set_text(numbers::Str(model_.PivotRij).substr(1));
+  lblPivot_kolom.set_text(numbers::digits(model_.PivotKolom));
+  lblPivot_rij.set_text(numbers::digits(model_.PivotRij));
 }
 
 }  // namespace tabulon

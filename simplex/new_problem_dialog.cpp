@@ -103,7 +103,7 @@ void place_relation(platform::ControlArray<Label, 3>& labels, int row, std::stri
 }
 
 void show(Label& label, int number) {
-  label.set_text(numbers::Str(static_cast<std::int16_t>(number)).substr(1));
+  label.set_text(numbers::digits(number));
 }
 
 std::int16_t count(const VScrollBar& bar) {

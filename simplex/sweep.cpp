@@ -217,9 +217,7 @@ void rewrite_tableau(const Work& work) {
 // ---- The operations on the model
 
 Result<Work> work_on(basSafeCtl& model) {
-  const auto shape = model.shape();
-  if (!shape) return std::unexpected(shape.error());
-  return Work{model.current, *shape, model.Breuken};
+  return Work{model.current, TRY(model.shape()), model.Breuken};
 }
 
 void forget_pivot(basSafeCtl& model) {
@@ -289,40 +287,36 @@ class Sweeping {
 }  // namespace
 
 Result<> normalise_column(basSafeCtl& model) {
-  const auto work = work_on(model);
-  if (!work) return std::unexpected(work.error());
-  if (work->shape.rows > 0 && !in_storage(model.NormeerKolom)) return fail(ErrorNumber::SubscriptOutOfRange);
-  if (!normalises_to_finite(*work, model.NormeerKolom)) return fail(ErrorNumber::Overflow);
-  normalise(*work, model.NormeerKolom);
+  const Work work = TRY(work_on(model));
+  if (work.shape.rows > 0 && !in_storage(model.NormeerKolom)) return fail(ErrorNumber::SubscriptOutOfRange);
+  if (!normalises_to_finite(work, model.NormeerKolom)) return fail(ErrorNumber::Overflow);
+  normalise(work, model.NormeerKolom);
   return {};
 }
 
 Result<> sweep_column(basSafeCtl& model) {
-  const auto work = work_on(model);
-  if (!work) return std::unexpected(work.error());
-  return Sweeping(model, *work).sweep({model.PivotRij, model.PivotKolom});
+  const Work work = TRY(work_on(model));
+  return Sweeping(model, work).sweep({model.PivotRij, model.PivotKolom});
 }
 
 Result<> canonicalise(basSafeCtl& model) {
-  const auto work = work_on(model);
-  if (!work) return std::unexpected(work.error());
-  if (work->shape.rows == 0) return {};
+  const Work work = TRY(work_on(model));
+  if (work.shape.rows == 0) return {};
   const std::int16_t tableau_number = model.NrTableau;
-  const auto done = Sweeping(model, *work).sweep_basis();
+  const auto done = Sweeping(model, work).sweep_basis();
   model.NrTableau = tableau_number;
   if (done) model.DialoogOK = false;
   return done;
 }
 
 Result<PivotSearch> optimise(basSafeCtl& model, int most_sweeps) {
-  const auto work = work_on(model);
-  if (!work) return std::unexpected(work.error());
-  Sweeping sweeping(model, *work);
+  const Work work = TRY(work_on(model));
+  Sweeping sweeping(model, work);
   for (;; --most_sweeps) {
-    const PivotChoice choice = find_pivot(model, work->shape);
+    const PivotChoice choice = find_pivot(model, work.shape);
     forget_pivot(model);
     if (choice.search != PivotSearch::Found || most_sweeps <= 0) return choice.search;
-    if (auto swept = sweeping.sweep(choice.pivot); !swept) return std::unexpected(swept.error());
+    TRY(sweeping.sweep(choice.pivot));
     model.DialoogOK = false;
   }
 }

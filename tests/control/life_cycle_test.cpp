@@ -217,7 +217,7 @@ class TwoControls : public ControlTest {
 
 TEST_F(TwoControls, TheSecondShowsTheProblemOfThePageThatCameLast) {
   open(two_products);
-  open_control(host, other, every_kind);
+  ASSERT_TRUE(open_control(host, other, every_kind));
   EXPECT_EQ(neighbour.text("lblKolom", 5), "s  1");
   EXPECT_EQ(model.columns(), 10);
 }

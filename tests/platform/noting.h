@@ -99,6 +99,8 @@ class Sheet : public Noting<Surface> {
     stop.set_text("&Stop");
   }
 
+  ~Sheet() override { desk().abandon(*this); }
+
   TextBox first{*this, "first"}, second{*this, "second"}, third{*this, "third"};
   CommandButton go{*this, "go"}, stop{*this, "stop"};
 };

@@ -1,7 +1,7 @@
+// Where the grid's controls stand and what they look like.
+#include "control/grid.h"
 #include "platform/layout.h"
-
-#include "control/LPctrl.h"
-#include "graph/panel.h"
+#include "shell/keyboard.h"
 
 namespace tabulon {
 
@@ -26,15 +26,7 @@ constexpr Twips column_pitch = 1155, cell_width = 1140;
 constexpr Twips numbers_top = 690, names_top = 900, row_F_top = 1170, rows_top = 1575;
 constexpr Twips row_pitch = 360, cell_height = 345, name_height = 240;
 
-// Boxes that take the focus but are not seen stand beside the surface.
-constexpr platform::Bounds aside{-1500, 0, 150, 150};
-
 constexpr Placement placements[] = {
-    {"cmd_Bestand", {60, 0, 1065, 285}, "&Bestand", centred},
-    {"cmd_Bewerken", {1155, 0, 1245, 285}, "Be&werken", centred},
-    {"cmd_Opties", {2445, 0, 1065, 285}, "&Opties", centred},
-    {"cmd_Help", {3570, 0, 855, 285}, "&Help", centred},
-    {"FrameHead", {0, 315, 9000, 330}},
     {"lblNRTableau", {120, 45, 6000, 240}, "1-e Simplex-tableau", heading},
     {"lblKopBasis", {basis, names_top, 690, name_height}, "basis", small_centred},
     {"lblKopF", {column_F, names_top, 330, name_height}, "F", small_centred},
@@ -42,29 +34,38 @@ constexpr Placement placements[] = {
     {"lblKopRij_F", {basis, row_F_top, 690, cell_height}, "F", centred},
     {"lblEenF", {column_F, row_F_top, 330, cell_height}, "1", centred},
     {"lblFRL", {right_hand_sides + 75, row_F_top, 1155, cell_height}, " 0", plain},
-    {"HScroll", {columns, 4125, 5 * column_pitch - 15, 240}},
-    {"VScroll", {8685, rows_top, 240, 7 * row_pitch - 15}},
-    {"txtShiftTab", aside},
-    {"txtTab", aside},
-    {"txtFocus", aside},
+    {"HScroll", {columns, 4125, grid_columns* column_pitch - 15, 240}},
+    {"VScroll", {8685, rows_top, 240, grid_rows* row_pitch - 15}},
 };
 
 constexpr ArrayPlacement arrays[] = {
-    {"lblKLM", {columns, numbers_top, cell_width, 210}, 5, column_pitch, 0, " 1", small_centred},
-    {"lblKolom", {columns, names_top, cell_width, name_height}, 5, column_pitch, 0, "x  i", centred},
+    {"lblKLM", {columns, numbers_top, cell_width, 210}, grid_columns, column_pitch, 0, " 1", small_centred},
+    {"lblKolom",
+     {columns, names_top, cell_width, name_height},
+     grid_columns,
+     column_pitch,
+     0,
+     "x  i",
+     centred},
     {"lblRij", {row_numbers, rows_top, 420, cell_height}, 1, 0, row_pitch, " 1  ", small},
     {"lblBasis", {basis, rows_top, 690, cell_height}, 1, 0, row_pitch, "x  i", centred},
     {"lblRij_F", {column_F, rows_top, 330, cell_height}, 1, 0, row_pitch, "0", centred},
-    {"txtRij_F", {columns, row_F_top, cell_width, cell_height}, 5, column_pitch, 0, " 0", plain},
-    {"txtTableau", {columns, rows_top, cell_width, cell_height}, 5, column_pitch, row_pitch, " 0", plain},
+    {"txtRij_F", {columns, row_F_top, cell_width, cell_height}, grid_columns, column_pitch, 0, " 0", plain},
+    {"txtTableau",
+     {columns, rows_top, cell_width, cell_height},
+     grid_columns,
+     column_pitch,
+     row_pitch,
+     " 0",
+     plain},
     {"txtRL", {right_hand_sides, rows_top, 1230, cell_height}, 1, 0, row_pitch, " 0", plain},
 };
 
 }  // namespace
 
-void LPctrl::lay_out() {
-  platform::place(*this, placements);
-  platform::place(*this, arrays);
+void Grid::lay_out() {
+  platform::place(surface_, placements);
+  platform::place(surface_, arrays);
   for (platform::Label& name : lblKolom) name.set_fore_colour(platform::system_colour::window_text);
   for (platform::Label& name : lblBasis) name.set_fore_colour(platform::system_colour::window_text);
   for (platform::Label* quiet : {&lblKopBasis, &lblKopF, &lblKopRL})
@@ -75,14 +76,9 @@ void LPctrl::lay_out() {
   VScroll.set_steps(1, grid_rows);
   HScroll.set_spoken_name("Kolommen");
   VScroll.set_spoken_name("Rijen");
-  txtFocus.set_spoken_name("Simplex-tableau");
-  for (platform::TextBox& box : txtRij_F) box.set_tab(at_cells, false);
-  for (platform::TextBox& box : txtTableau) box.set_tab(at_cells, false);
-  for (platform::TextBox& box : txtRL) box.set_tab(at_cells, false);
-  for (platform::Menu* mark :
-       {&mnu_Tableau_Invullen, &mnu_Tableau_Invullen_Afsluiten, &mnu_Breuken, &mnu_Grafiek})
-    mark->set_checkable();
-  graph::lay_out_panel(*this);
+  for (platform::TextBox& box : txtRij_F) box.set_tab(Keyboard::at_cells, false);
+  for (platform::TextBox& box : txtTableau) box.set_tab(Keyboard::at_cells, false);
+  for (platform::TextBox& box : txtRL) box.set_tab(Keyboard::at_cells, false);
 }
 
 }  // namespace tabulon
