@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <iostream>
 #include <limits>
 #include <string>
 
@@ -137,7 +136,6 @@ class RandomTableaux : public testing::Test {
 };
 
 TEST_F(RandomTableaux, AreReadAsTheyWereWritten) {
-  std::cout << random.seed_text() << "\n";
   SCOPED_TRACE(random.seed_text());
   for (int number = 1; number <= numbers::rounds(10'000) && !HasFailure(); ++number) {
     SCOPED_TRACE("tableau " + std::to_string(number));
