@@ -114,6 +114,24 @@ TEST_F(Focus, AValidateThatHidesTheTargetKeepsTheFocus) {
   EXPECT_EQ(sheet.take_log(), (Log{"Validate first"}));
 }
 
+TEST_F(Focus, ATargetThatGotTheFocusWhileValidateWaitedIsNotEnteredTwice) {
+  start_on(sheet.first);
+  Question* open = nullptr;
+  sheet.when_validating = [&](Control&, bool&) -> Task<> {
+    if (open) co_return;
+    Question question(sheet);
+    open = &question;
+    co_await desk.show_modal(question);
+    co_await sheet.set_focus(sheet.second);
+  };
+  desk.focus(sheet.second);
+  ASSERT_NE(open, nullptr);
+  desk.click(open->ok);
+  EXPECT_EQ(sheet.active(), &sheet.second);
+  EXPECT_EQ(sheet.take_log(),
+            (Log{"Validate first", "Validate first", "LostFocus first", "GotFocus second"}));
+}
+
 TEST_F(Focus, AControlMayPassTheFocusOn) {
   start_on(sheet.first);
   bool moved = false;

@@ -317,6 +317,18 @@ TEST(SweepColumn, ThatWouldBecomeInfiniteIsError6) {
   fill_row(in_sum, 3, {-1, huge}, 4);
   expect_overflow(in_sum);
 
+  // The sum alone is too large: what is added is far from it, and just enough to be more than rounding.
+  basSafeCtl in_last_bit = three_rows();
+  fill_row(in_last_bit, 1, {1, 1e298}, 4);
+  fill_row(in_last_bit, 3, {-100, huge}, 4);
+  expect_overflow(in_last_bit);
+
+  // No number is near the largest, but a multiplier times an entry is beyond it.
+  basSafeCtl in_product = three_rows();
+  fill_row(in_product, 1, {1e-8, 1e151}, 4);
+  fill_row(in_product, 3, {1e151, 1}, 4);
+  expect_overflow(in_product);
+
   basSafeCtl in_division = three_rows();
   fill_row(in_division, 1, {1e-5, 1}, huge);
   expect_overflow(in_division);
