@@ -231,7 +231,7 @@ void ComPlayer::hover(const std::string& name) {
   person_.move(middle_of(find_item(name).box));
 }
 
-void ComPlayer::press(const platform::KeyPress& key) {
+void ComPlayer::press_key(const platform::KeyPress& key) {
   person_.press({key.code, key.shift});
 }
 
@@ -249,12 +249,18 @@ void ComPlayer::script(const std::string& property, const PropertyValue& value) 
 }
 
 // A method that shows a form ends when the form has closed.
-void ComPlayer::call(const std::string& method, const std::string& file) {
+void ComPlayer::begin_call(const std::string& method, const std::optional<std::string>& file) {
   called_ = std::make_shared<std::optional<HRESULT>>();
-  const bool takes_file = method == "SchrijfTableau" || method == "LeesTableau";
-  container_.thread().post([this, ended = called_, method, takes_file, file] {
-    *ended = container_.call(method, takes_file ? &file : nullptr);
-  });
+  container_.thread().post(
+      [this, ended = called_, method, file] { *ended = container_.call(method, file ? &*file : nullptr); });
+}
+
+void ComPlayer::call(const std::string& method) {
+  begin_call(method, std::nullopt);
+}
+
+void ComPlayer::call_with_file(const std::string& method, const std::string& file) {
+  begin_call(method, file);
 }
 
 void ComPlayer::wait(int seconds) {
@@ -270,10 +276,10 @@ void ComPlayer::scroll(const Named& bar, Step step, bool forward) {
 }
 
 // Drags the thumb to about there, and then looks where it is, as a person does.
-void ComPlayer::scroll_to(const Named& bar, int value) {
+void ComPlayer::scroll_to(const Named& bar, int place) {
   const Seen seen = find_bar(bar);
   const Track track = track_of(seen);
-  const int wanted = track.low < 0 ? -value : value;
+  const int wanted = track.low < 0 ? -place : place;
   const LONG middle = (track.thumb_start + track.thumb_end) / 2;
   const LONG thumb = track.thumb_end - track.thumb_start, way = track.length - 2 * track.arrow - thumb;
   LONG along =
@@ -355,7 +361,7 @@ void ComPlayer::save_as(const std::string& name) {
   answer_file_dialog(name);
 }
 
-void ComPlayer::open_file(const std::string& name, const std::string& bytes) {
+void ComPlayer::bring_file(const std::string& name, const std::string& bytes) {
   std::ofstream(options_.folder + name, std::ios::binary) << bytes;
   answer_file_dialog(name);
 }

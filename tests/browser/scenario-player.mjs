@@ -1,6 +1,11 @@
 // Plays a scenario in a browser, with the mouse and the keyboard.
 //
-//   await play(browser, readScenario(text), readDumps(headless));   // throws at the first line that fails
+//   await play(browser, { steps, dumps, fakeTimers, file });   // throws at the first line that fails
+//
+// The steps are what the headless host has understood of the scenario, its sentences by their forms (language.h in
+// tests/scenarios):
+//
+//   { line: 12, says: "see CONTROL \"TEXT\"", given: [{ name: "txtRL", index: 1 }, " 4"] }
 import assert from "node:assert/strict";
 import { readFile } from "node:fs/promises";
 import { setTimeout as sleep } from "node:timers/promises";
@@ -9,9 +14,6 @@ import { noise, problem, idle } from "./browser.mjs";
 import { look } from "./scenario-eyes.mjs";
 
 const patience = 5000; // milliseconds until what must be seen is missed
-
-const keyNames = { Space: "Space", Up: "ArrowUp", Down: "ArrowDown", Left: "ArrowLeft", Right: "ArrowRight" };
-const modifierNames = { Shift: "Shift", Ctrl: "Control", Alt: "Alt" };
 
 // A clock that stands still at ten o'clock until the scenario moves it. What a page paints goes on by itself.
 const clockScript = `
@@ -76,7 +78,6 @@ class Player {
   parameters = {};
   errorsSeen = 0;
   error = undefined;
-  expectsErrors = false;
 
   constructor(browser, { fakeTimers, dumps, hasClock, opensFiles }) {
     Object.assign(this, { browser, fakeTimers, dumps, hasClock, opensFiles });
@@ -97,19 +98,23 @@ class Player {
     }
   }
 
-  // words[at] names a control, and an index may follow.
-  named({ words, quoted }, at) {
-    const name = words[at];
-    assert.ok(name, "a name is missing");
-    const hasIndex = words.length > at + 1 && !quoted[at + 1] && /^\d+$/.test(words[at + 1]);
-    return { name, index: hasIndex ? words[at + 1] : undefined, next: at + (hasIndex ? 2 : 1) };
+  async find({ name, index }) {
+    const control = await this.look("control", name, index);
+    const called = index ? `${name} ${index}` : name;
+    assert.ok(control, `there is no ${called}`);
+    return { ...control, called };
   }
 
-  async find(command, at = 1) {
-    const { name, index, next } = this.named(command, at);
-    const control = await this.look("control", name, index);
-    assert.ok(control, `there is no ${name} ${index ?? ""}`);
-    return { ...control, name, index, next, called: index ? `${name} ${index}` : name };
+  async findShown(named) {
+    const control = await this.find(named);
+    assert.ok(control.shown, `${control.called} is not shown`);
+    return control;
+  }
+
+  async findBar(named) {
+    const control = await this.findShown(named);
+    assert.ok(control.bar, `${control.called} is no bar`);
+    return control;
   }
 
   // Until the page has painted and has handled what was waiting.
@@ -154,31 +159,26 @@ class Player {
 
   // ---- Doing
 
-  async play(command) {
-    const [word] = command.words;
-    const run = Object.hasOwn(commands, word) ? commands[word] : undefined;
-    assert.ok(run, `unknown command "${word}"`);
-    assert.ok(!command.below.length || word === "page", "only page has lines below it");
-    if (word !== "see") this.expectNoError();
-    await run.call(this, command);
-    if (!this.page || word === "see") return;
-    if (word !== "press") await this.waitUntilIdle(); // it has idle after each key
+  async play({ says, given }) {
+    const isSeeing = says.startsWith("see ");
+    if (!isSeeing) this.expectNoError();
+    if (isSeeing) await this.eventually(() => sentences[says].apply(this, given));
+    else await sentences[says].apply(this, given);
+    if (!this.page || isSeeing) return;
+    if (says !== "press KEY...") await this.waitUntilIdle(); // it has idle after each key
     await this.noteErrors();
   }
 
   clickAt = ({ left, top, width, height }) => this.page.mouse.click(left + width / 2, top + height / 2);
 
-  async pressKey(name) {
-    const parts = name.split(/\+(?=.)/);
-    const key = parts.pop();
-    const held = parts.map((part) => modifierNames[part] ?? assert.fail(`there is no key "${name}"`));
+  async pressKey({ key, held }) {
     for (const hold of held) await this.page.keyboard.down(hold);
-    await this.page.keyboard.press(keyNames[key] ?? (key.length === 1 ? key.toLowerCase() : key));
-    for (const hold of held.reverse()) await this.page.keyboard.up(hold);
+    await this.page.keyboard.press(key);
+    for (const hold of [...held].reverse()) await this.page.keyboard.up(hold);
     await this.waitUntilIdle();
   }
 
-  async drag({ bar, vertical }, to) {
+  async dragThumb({ bar, vertical }, to) {
     const { thumb, track, low, high } = bar;
     const along = vertical ? "height" : "width";
     const [x, y] = [thumb.left + thumb.width / 2, thumb.top + thumb.height / 2];
@@ -200,20 +200,19 @@ class Player {
     assert.ok(end - begin > 1, "there is no track on that side of the thumb");
     return { ...track, [from]: begin, [along]: end - begin };
   }
+
+  async scroll(named, steps, placeOn) {
+    for (let turn = 0; turn < Math.abs(steps); ++turn) {
+      await this.clickAt(placeOn(await this.findBar(named), steps > 0));
+      await this.waitUntilIdle();
+    }
+  }
 }
 
-const scriptValue = ({ value, valueQuoted }) => {
-  if (valueQuoted) return value;
-  if (value === "true" || value === "false") return value === "true";
-  return value !== "" && Number.isFinite(Number(value)) ? Number(value) : value;
-};
-
-const commands = {
-  page({ below }) {
-    for (const { words, value } of below) {
-      assert.equal(words.length, 1, "a parameter is written as name = text");
-      this.parameters[words[0]] = value;
-    }
+// By their forms, as language.h has them.
+export const sentences = {
+  "page PARAMETERS"(parameters) {
+    Object.assign(this.parameters, parameters);
   },
 
   async show() {
@@ -238,34 +237,30 @@ const commands = {
     );
   },
 
-  async click(command) {
-    const control = await this.find(command);
-    assert.ok(control.shown, `${control.called} is not shown`);
-    await this.clickAt(control.box);
+  async "click CONTROL"(named) {
+    await this.clickAt((await this.findShown(named)).box);
   },
 
-  async choose({ words }) {
-    const item = await this.eventually(() => this.find({ words, quoted: [] }));
+  async "choose ITEM"(name) {
+    const item = await this.eventually(() => this.find({ name }));
     await this.page.mouse.move(item.box.left + item.box.width / 2, item.box.top + item.box.height / 2);
     await this.clickAt(item.box);
   },
 
-  async hover({ words }) {
-    const { box } = await this.find({ words, quoted: [] });
+  async "hover ITEM"(name) {
+    const { box } = await this.find({ name });
     await this.page.mouse.move(box.left + box.width / 2, box.top + box.height / 2);
   },
 
-  async press({ words }) {
-    assert.ok(words.length > 1, "press what?");
-    for (const key of words.slice(1)) await this.pressKey(key);
+  async "press KEY..."(keys) {
+    for (const key of keys) await this.pressKey(key);
   },
 
-  async type({ words }) {
-    assert.equal(words.length, 2, "type one word, or a text in quotes");
-    await this.page.keyboard.type(words[1]);
+  async "type TEXT"(text) {
+    await this.page.keyboard.type(text);
   },
 
-  async script(command) {
+  async "script PROPERTY = VALUE"(property, given) {
     const result = await this.page.evaluate(
       (name, value) => {
         const element = document.querySelector("tabulon-lpctrl");
@@ -277,28 +272,51 @@ const commands = {
         }
         return undefined;
       },
-      command.words[1],
-      scriptValue(command),
+      property,
+      given,
     );
-    assert.notEqual(result, "unknown", `there is no property ${command.words[1]}`);
+    assert.notEqual(result, "unknown", `there is no property ${property}`);
     this.error = result;
   },
 
-  async save({ words: [, as, name] }) {
-    assert.ok(as === "as" && name, "save as which name?");
+  async "call METHOD = FILE"(method, given) {
+    this.error = await this.page.evaluate(
+      (name, file) =>
+        document
+          .querySelector("tabulon-lpctrl")
+          [name](file)
+          .then(
+            () => undefined,
+            (error) => error.number,
+          ),
+      method,
+      given,
+    );
+  },
+
+  async "call METHOD"(method) {
+    this.error = await this.page.evaluate((name) => {
+      try {
+        void document.querySelector("tabulon-lpctrl")[name]();
+      } catch (error) {
+        return error.number;
+      }
+      return undefined;
+    }, method);
+  },
+
+  async "save as FILE"(name) {
     await this.eventually(async () => assert.ok(await this.asksToSave(), "nothing asks where to save"));
     await this.answerSave(name);
   },
 
-  async open({ words: [, what, path] }) {
-    assert.ok(what === "file" && path, "open file of which path?");
+  async "open file PATH"(path) {
     const chooser = await this.answerToOpen();
     this.awaitChooser();
     await chooser.accept([projectFile(path)]);
   },
 
-  async cancel({ words: [, what] }) {
-    assert.equal(what, "file", "cancel file");
+  async "cancel file"() {
     const asked = await this.eventually(async () => {
       if (await this.asksToSave()) return "save";
       return this.chooser ?? assert.fail("nothing asks for a file");
@@ -308,167 +326,127 @@ const commands = {
     await asked.cancel();
   },
 
-  async call({ words, value }) {
-    if (["SchrijfTableau", "LeesTableau"].includes(words[1])) {
-      this.error = await this.page.evaluate(
-        (name, file) =>
-          document
-            .querySelector("tabulon-lpctrl")
-            [name](file)
-            .then(
-              () => undefined,
-              (error) => error.number,
-            ),
-        words[1],
-        value,
-      );
-      return;
-    }
-    this.error = await this.page.evaluate((name) => {
-      try {
-        void document.querySelector("tabulon-lpctrl")[name]();
-      } catch (error) {
-        return error.number;
-      }
-      return undefined;
-    }, words[1]);
+  async "wait SECONDS"(given) {
+    await this.page.evaluate((seconds) => void window.scenarioClock.tick(seconds * 1000), given);
   },
 
-  async wait({ words }) {
-    assert.match(words[1] ?? "", /^\d+$/, "wait how many seconds?");
-    await this.page.evaluate((seconds) => void window.scenarioClock.tick(seconds * 1000), Number(words[1]));
+  async "scroll BAR arrow STEPS"(named, steps) {
+    await this.scroll(named, steps, ({ bar }, forward) => (forward ? bar.forward : bar.back));
   },
 
-  async scroll(command) {
-    const first = await this.find(command);
-    assert.ok(first.bar && first.shown, "no such bar is shown");
-    const [how, far] = command.words.slice(first.next);
-    assert.match(far ?? "", /^[+-]?\d+$/, "scroll how far?");
-    if (how === "to") return this.drag(first, Number(far));
-    assert.ok(how === "arrow" || how === "page", "scroll by arrow, page or to");
-    const forward = Number(far) > 0;
-    for (let turn = 0; turn < Math.abs(Number(far)); ++turn) {
-      const bar = await this.find(command);
-      await this.clickAt(how === "page" ? this.trackBeside(bar, forward) : forward ? bar.bar.forward : bar.bar.back);
-      await this.waitUntilIdle();
-    }
+  async "scroll BAR page STEPS"(named, steps) {
+    await this.scroll(named, steps, (bar, forward) => this.trackBeside(bar, forward));
   },
 
-  async drag(command) {
-    const { shown, called, next, box } = await this.find(command);
-    assert.ok(shown, `${called} is not shown`);
-    const [by, right, down] = command.words.slice(next);
-    assert.ok(
-      by === "by" && [right, down].every((far) => /^[+-]?\d+$/.test(far)),
-      "drag by how many pixels to the right and down?",
-    );
+  async "scroll BAR to PLACE"(named, place) {
+    await this.dragThumb(await this.findBar(named), place);
+  },
+
+  async "drag CONTROL by RIGHT DOWN"(named, right, down) {
+    const { box } = await this.findShown(named);
     const [x, y] = [box.left + box.width / 2, box.top + box.height / 2];
     await this.page.mouse.move(x, y);
     await this.page.mouse.down();
-    await this.page.mouse.move(x + Number(right), y + Number(down), { steps: 5 });
+    await this.page.mouse.move(x + right, y + down, { steps: 5 });
     await this.page.mouse.up();
   },
 
-  async dump({ words }) {
-    assert.equal(words.length, 2, "dump under what name?");
-    const wanted = this.dumps[words[1]];
-    assert.ok(wanted, `the headless host has no dump ${words[1]}`);
+  async "dump LABEL"(label) {
+    const wanted = this.dumps[label];
+    assert.ok(wanted, `the headless host has no dump ${label}`);
     await this.eventually(async () => assert.equal(await this.look("state"), wanted));
   },
 
-  see(command) {
-    const [, what] = command.words;
-    assert.ok(what, "see what?");
-    const check = Object.hasOwn(seen, what) ? seen[what] : seeControl;
-    return this.eventually(() => check.call(this, command));
-  },
-};
+  // ---- What must be seen
 
-const seen = {
-  async no({ words: [, , what] }) {
-    if (what === "form") return assert.equal(await this.look("form"), null, "a form is open");
-    if (what === "menu") return assert.deepEqual(await this.look("menus"), [], "a menu is open");
-    if (what === "file") return assert.deepEqual(await this.savedFiles(), [], "a file was written");
-    throw new Error("see no form, see no menu, or see no file");
+  async "see form FORM TEXT"(name, caption) {
+    assert.deepEqual(await this.look("form"), { name, caption });
   },
 
-  async file({ words: [, , name, like, path] }) {
-    assert.ok(like === "like" && path, "see file NAME like PATH");
+  async "see form FORM"(name) {
+    const form = await this.look("form");
+    assert.ok(form, "no form is open");
+    assert.equal(form.name, name);
+  },
+
+  async "see no form"() {
+    assert.equal(await this.look("form"), null, "a form is open");
+  },
+
+  async "see menu MENU"(name) {
+    const menus = await this.look("menus");
+    assert.ok(menus.includes(name), `the open menus are ${menus.join(", ") || "none"}`);
+  },
+
+  async "see no menu"() {
+    assert.deepEqual(await this.look("menus"), [], "a menu is open");
+  },
+
+  async "see file FILE like PATH"(name, path) {
     const bytes = await this.page.evaluate((file) => window.scenarioFiles[file], name);
     assert.ok(bytes, `no file ${name} was written`);
     assert.equal(Buffer.from(bytes).toString("latin1"), await readFile(projectFile(path), "latin1"));
   },
 
-  async form({ words: [, , name, caption] }) {
-    const form = await this.look("form");
-    assert.ok(form, "no form is open");
-    assert.equal(form.name, name);
-    if (caption !== undefined) assert.equal(form.caption, caption);
+  async "see no file"() {
+    assert.deepEqual(await this.savedFiles(), [], "a file was written");
   },
 
-  async menu({ words: [, , name] }) {
-    const menus = await this.look("menus");
-    assert.ok(menus.includes(name), `the open menus are ${menus.join(", ") || "none"}`);
-  },
-
-  async focus(command) {
-    const control = await this.find(command, 2);
+  async "see focus CONTROL"(named) {
+    const control = await this.find(named);
     assert.ok(control.focused, `the focus is not on ${control.called}`);
   },
 
-  async error({ words: [, , number] }) {
+  async "see error NUMBER"(number) {
     await this.noteErrors();
-    assert.equal(this.error, Number(number));
+    assert.equal(this.error, number);
     this.error = undefined;
   },
 
-  busy: async function () {
+  async "see busy"() {
     assert.equal(await this.look("busy"), true, "the control is not busy");
   },
 
-  idle: async function () {
+  async "see idle"() {
     assert.equal(await this.look("busy"), false, "the control is busy");
+  },
+
+  async 'see CONTROL "TEXT"'(named, text) {
+    const control = await this.findShown(named);
+    assert.equal(control.text, text, control.called);
+  },
+
+  async "see CONTROL LOOK TEXT"(named, look, text) {
+    const control = await this.findShown(named);
+    assert.equal(control[look], text, `${control.called}: ${look}`);
+  },
+
+  async "see CONTROL STATE"(named, { word, seen, wanted }) {
+    const control = await (seen === "shown" ? this.find(named) : this.findShown(named));
+    assert.equal(control[seen], wanted, `${control.called} is not ${word}`);
   },
 };
 
-async function seeControl(command) {
-  const { words, quoted } = command;
-  const control = await this.find(command);
-  const { next, called } = control;
-  const [what, wanted] = words.slice(next);
-  if (!quoted[next] && (what === "hidden" || what === "shown"))
-    return assert.equal(control.shown, what === "shown", `${called} is not ${what}`);
-  assert.ok(control.shown, `${called} is not shown`);
-  if (quoted[next]) return assert.equal(control.text, what, called);
-  const states = {
-    locked: control.locked,
-    unlocked: !control.locked,
-    checked: control.checked,
-    unchecked: !control.checked,
-    enabled: !control.disabled,
-    disabled: control.disabled,
-  };
-  if (Object.hasOwn(states, what)) return assert.ok(states[what], `${called} is not ${what}`);
-  if (!["back", "tip", "value"].includes(what)) throw new Error(`nothing is known of "${what}"`);
-  return assert.equal(control[what], wanted, `${called}: ${what}`);
-}
-
 // `fakeTimers` is a script that gives the page the global FakeTimers.
-export async function play(browser, scenario, { fakeTimers, dumps, file }) {
-  const has = (...commands) => scenario.some(({ words }) => commands.includes(words[0]));
-  const player = new Player(browser, { fakeTimers, dumps, hasClock: has("wait"), opensFiles: has("open", "cancel") });
+export async function play(browser, { steps, dumps, fakeTimers, file }) {
+  const has = (...forms) => steps.some(({ says }) => forms.includes(says));
+  const player = new Player(browser, {
+    fakeTimers,
+    dumps,
+    hasClock: has("wait SECONDS"),
+    opensFiles: has("open file PATH", "cancel file"),
+  });
   try {
-    for (const command of scenario) {
+    for (const step of steps) {
       try {
-        await player.play(command);
+        await player.play(step);
       } catch (error) {
-        error.message = `${file} line ${command.line}: ${error.message}`;
+        error.message = `${file} line ${step.line}: ${error.message}`;
         throw error;
       }
     }
     player.expectNoError();
-    if (!scenario.some(({ words }) => words[0] === "see" && words[1] === "error"))
-      assert.deepEqual(noise(player.page), []);
+    if (!has("see error NUMBER")) assert.deepEqual(noise(player.page), []);
   } finally {
     await player.page?.close();
   }

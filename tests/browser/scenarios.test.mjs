@@ -10,9 +10,9 @@ import { after, before, describe, test } from "node:test";
 import { fileURLToPath } from "node:url";
 import { promisify } from "node:util";
 import * as esbuild from "esbuild";
-import { launch } from "./browser.mjs";
-import { readDumps, readScenario } from "./scenario-language.mjs";
-import { play } from "./scenario-player.mjs";
+import { launch, problem } from "./browser.mjs";
+import { look } from "./scenario-eyes.mjs";
+import { play, sentences } from "./scenario-player.mjs";
 
 const root = fileURLToPath(new URL("../..", import.meta.url));
 const folder = join(root, "tests/scenarios");
@@ -30,8 +30,20 @@ function headlessPlayer() {
   );
 }
 
-async function headlessDumps() {
+// { LABEL: the text dumped under it }
+function readDumps(text) {
+  const parts = text.split(/^== /m).slice(1);
+  return Object.fromEntries(parts.map((part) => part.match(/^(.*)\n([^]*)$/).slice(1)));
+}
+
+// What the headless host understands of each scenario and sees in it, and the language in which they are written.
+async function headless() {
   const scratch = await mkdtemp(join(tmpdir(), "tabulon-dumps-"));
+  const read = (name) => readFile(join(scratch, name), "utf8");
+  const scenario = async (name) => ({
+    steps: JSON.parse(await read(`${name}.json`)),
+    dumps: readDumps(await read(`${name}.dump`)),
+  });
   try {
     const player = promisify(execFile)(headlessPlayer(), ["--gtest_filter=All/Scenario.*"], {
       cwd: scratch,
@@ -40,8 +52,11 @@ async function headlessDumps() {
     // A scenario that fails there is told there; what it dumped stands here all the same.
     await player.catch((error) => assert.equal(error.code, 1, error.message));
     const names = files.map((file) => basename(file, ".txt"));
-    const texts = await Promise.all(names.map((name) => readFile(join(scratch, `${name}.dump`), "utf8")));
-    return new Map(names.map((name, at) => [name, readDumps(texts[at])]));
+    const all = await Promise.all(names.map(scenario));
+    return {
+      language: JSON.parse(await read("language.json")),
+      scenarios: new Map(names.map((name, at) => [name, all[at]])),
+    };
   } finally {
     await rm(scratch, { recursive: true, force: true });
   }
@@ -61,20 +76,32 @@ async function fakeTimersScript() {
 }
 
 describe("scenarios in the browser", () => {
-  let browser, dumps, fakeTimers;
+  let browser, language, scenarios, fakeTimers;
 
   before(async () => {
-    [dumps, fakeTimers] = await Promise.all([headlessDumps(), fakeTimersScript()]);
+    [{ language, scenarios }, fakeTimers] = await Promise.all([headless(), fakeTimersScript()]);
     browser = await launch();
   });
   after(() => browser?.close());
 
   test("there are scenarios to play", () => assert.ok(files.length > 0));
 
+  test("the player knows every sentence of the language, and no other", () => {
+    assert.deepEqual(Object.keys(sentences).sort(), [...language.sentences].sort());
+  });
+
+  test("the eyes see all that a sentence asks for", async () => {
+    const page = await browser.open(`<script src="tabulon.js"></script>${problem({})}`);
+    const seen = await page.evaluate(look, { what: "control", name: "txtRL", index: 1 });
+    assert.deepEqual(
+      language.seen.filter((each) => !(each in seen)),
+      [],
+    );
+    await page.close();
+  });
+
   for (const file of files) {
-    test(basename(file, ".txt").replaceAll("-", " "), async () => {
-      const scenario = readScenario(await readFile(join(folder, file), "utf8"));
-      await play(browser, scenario, { fakeTimers, dumps: dumps.get(basename(file, ".txt")), file });
-    });
+    const name = basename(file, ".txt");
+    test(name.replaceAll("-", " "), () => play(browser, { ...scenarios.get(name), fakeTimers, file }));
   }
 });

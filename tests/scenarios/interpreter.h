@@ -1,5 +1,5 @@
-// Reads the commands of a scenario, has them done, and notes what is not as the scenario says. Who does them
-// and looks, on the headless host or in windows, derives from it; a command or a word is added here, for all.
+// Has the sentences of a scenario done, and notes what is not as the scenario says. Who does them and looks,
+// on the headless host or in windows, derives from it. language.h has what can be said.
 //
 //   class Player final : public Interpreter { void click(const Named& what) override; ... };
 //   Player player;
@@ -12,12 +12,9 @@
 #include <map>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <utility>
 #include <vector>
 
-#include "control/LPctrl.h"
-#include "platform/keys.h"
 #include "scenario.h"
 
 namespace tabulon::scenarios {
@@ -27,30 +24,7 @@ using Files = std::map<std::string, std::string, std::less<>>;  // their bytes, 
 // Nothing where the file cannot be read.
 std::optional<std::string> bytes_of(const std::string& file);
 
-// What is not as it must be.
-struct Failure {
-  std::string what;
-};
-
-void expect(bool holds, const std::string& what);
-
-// A control as a scenario names it.
-struct Named {
-  std::string name;
-  int index = 0;  // from 1 in a control array, else 0
-
-  std::string called() const { return index == 0 ? name : name + " " + std::to_string(index); }
-  std::string in_dumps() const { return index == 0 ? name : name + "[" + std::to_string(index) + "]"; }
-};
-
-// What a person sees of a control.
-struct Looks {
-  std::string text, back, tip;
-  std::string value{};  // of a scroll bar
-  bool locked = false, checked = false, disabled = false;
-};
-
-class Interpreter {
+class Interpreter : public Words {
  public:
   void play(const Command& command);
   // After the last command: an error that nobody looked at is a failure.
@@ -71,24 +45,11 @@ class Interpreter {
   void note(int number, std::string subject = {});
 
  private:
-  // ---- What is done. Each throws a Failure where it cannot be.
+  // ---- What a player does besides what language.h has. Each throws a Failure where it cannot be done.
   virtual void parameter(const std::string& name, const std::string& text) = 0;
-  virtual void show() = 0;
-  virtual void click(const Named& what) = 0;
-  virtual void choose(const std::string& item) = 0;
-  virtual void hover(const std::string& item) = 0;
-  virtual void press(const platform::KeyPress& key) = 0;
-  virtual void type(const std::string& text) = 0;
-  virtual void script(const std::string& property, const PropertyValue& value) = 0;
-  virtual void call(const std::string& method, const std::string& file) = 0;
-  virtual void wait(int seconds) = 0;
+  virtual void press_key(const platform::KeyPress& key) = 0;
   virtual void scroll(const Named& bar, Step step, bool forward) = 0;
-  virtual void scroll_to(const Named& bar, int value) = 0;
-  virtual void drag(const Named& what, int right, int down) = 0;  // in pixels
-  virtual void save_as(const std::string& name) = 0;
-  virtual void open_file(const std::string& name, const std::string& bytes) = 0;
-  virtual void cancel_file() = 0;
-  virtual void dump(const std::string& label) = 0;
+  virtual void bring_file(const std::string& name, const std::string& bytes) = 0;
   // Until all that was begun is done.
   virtual void wait_until_idle() = 0;
 
@@ -108,36 +69,35 @@ class Interpreter {
   // Until `check` fails no more, or patience ends.
   virtual void eventually(const std::function<void()>& check) { check(); }
 
-  using Handler = void (*)(Interpreter&, const Command&);
-  struct Entry {
-    std::string_view word;
-    Handler run;
-  };
   struct Error {
     int number;
     std::string subject;
   };
-  static const Entry entries[];
-  static const Entry seen_entries[];
-
   void attempt(const std::function<void()>& part);
   void run(const Command& command);
   void expect_no_error();
   std::string project_file(const std::string& path) const;
+  void scroll_by(const Named& bar, Step step, int steps);
 
-  void read_parameters(const Command& command);
-  void press_keys(const Command& command);
-  void scroll_bar(const Command& command);
-  void drag_control(const Command& command);
-  void open_project_file(const Command& command);
-  void see(const Command& command);
-  void see_no(const Command& command);
-  void see_form(const Command& command);
-  void see_menu(const Command& command);
-  void see_focus(const Command& command);
-  void see_error(const Command& command);
-  void see_file(const Command& command);
-  void see_control(const Command& command);
+  void page(const Parameters& parameters) final;
+  void press(const Keys& keys) final;
+  void scroll_by_arrow(const Named& bar, int steps) final { scroll_by(bar, Step::Arrow, steps); }
+  void scroll_by_page(const Named& bar, int steps) final { scroll_by(bar, Step::Page, steps); }
+  void open_file(const std::string& path) final;
+  void see_form(const std::string& name) final;
+  void see_form_with_caption(const std::string& name, const std::string& caption) final;
+  void see_no_form() final;
+  void see_menu(const std::string& name) final;
+  void see_no_menu() final;
+  void see_focus(const Named& what) final;
+  void see_error(int number) final;
+  void see_file(const std::string& file, const std::string& path) final;
+  void see_no_file() final;
+  void see_busy() final;
+  void see_idle() final;
+  void see_text(const Named& what, const std::string& text) final;
+  void see_look(const Named& what, const Look& look, const std::string& text) final;
+  void see_state(const Named& what, const State& state) final;
 
   std::string project_;
   Files brought_;  // files to open

@@ -123,7 +123,7 @@ void Player::hover(const std::string& name) {
   host_.desk().menu_point_at(open_item(name));
 }
 
-void Player::press(const KeyPress& key) {
+void Player::press_key(const KeyPress& key) {
   const bool used = host_.desk().key(top(), key);
   host_.answer_all();
   if (used) return;
@@ -154,7 +154,7 @@ void Player::script(const std::string& property, const PropertyValue& value) {
   host_.desk().flush();
 }
 
-void Player::call(const std::string& name, const std::string& file) {
+void Player::call(const std::string& name) {
   struct Method {
     std::string_view name;
     Task<> (LPctrl::*run)();
@@ -166,11 +166,15 @@ void Player::call(const std::string& name, const std::string& file) {
       {"ShowfrmPivotelement", &LPctrl::ShowfrmPivotelement},
   };
   if (name == "InitTableau") return note(control_.InitTableau());
-  if (name == "SchrijfTableau") return note(control_.SchrijfTableau(file));
-  if (name == "LeesTableau") return note(control_.LeesTableau(file));
   const auto found = std::ranges::find(methods, name, &Method::name);
   expect(found != std::end(methods), "there is no method " + name);
   host_.desk().call(control_, (control_.*found->run)());
+}
+
+void Player::call_with_file(const std::string& name, const std::string& file) {
+  if (name == "SchrijfTableau") return note(control_.SchrijfTableau(file));
+  if (name == "LeesTableau") return note(control_.LeesTableau(file));
+  throw Failure{"there is no method " + name + " that takes a file"};
 }
 
 void Player::wait(int seconds) {
@@ -183,8 +187,8 @@ void Player::scroll(const Named& what, Step step, bool forward) {
   host_.desk().scroll(bar, bar.stepped(forward ? change : -change));
 }
 
-void Player::scroll_to(const Named& what, int value) {
-  host_.desk().scroll(find_bar(what), value, true);
+void Player::scroll_to(const Named& what, int place) {
+  host_.desk().scroll(find_bar(what), place, true);
 }
 
 // A pixel is 15 units, on the surface and in its pictures.
@@ -205,12 +209,12 @@ void Player::expect_file_dialog(std::optional<FileDialog::Purpose> purpose) {
   expect(asked && (!purpose || asked->purpose == *purpose), "nothing asks for such a file");
 }
 
-void Player::save_as(const std::string& name) {
+void Player::save_as(const std::string& file) {
   expect_file_dialog(FileDialog::Purpose::Save);
-  host_.answer_file_dialog(name);
+  host_.answer_file_dialog(file);
 }
 
-void Player::open_file(const std::string& name, const std::string& bytes) {
+void Player::bring_file(const std::string& name, const std::string& bytes) {
   expect_file_dialog(FileDialog::Purpose::Open);
   host_.memory_files.contents[name] = bytes;
   host_.answer_file_dialog(name);
