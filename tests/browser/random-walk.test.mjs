@@ -143,12 +143,10 @@ function faults() {
   const [first, top] = ["HScroll", "VScroll"].map((name) =>
     shown(name).length ? Number(all(name)[0].ariaValueNow) : 1,
   );
-  shown("lblKLM").forEach((label, at) =>
-    expect(Number(label.textContent) === first + at, `column ${label.textContent} at ${at}, from ${first}`),
-  );
-  shown("lblRij").forEach((label, at) =>
-    expect(Number(label.textContent) === top + at, `row ${label.textContent} at ${at}, from ${top}`),
-  );
+  for (const [at, label] of shown("lblKLM").entries())
+    expect(Number(label.textContent) === first + at, `column ${label.textContent} at ${at}, from ${first}`);
+  for (const [at, label] of shown("lblRij").entries())
+    expect(Number(label.textContent) === top + at, `row ${label.textContent} at ${at}, from ${top}`);
   expect(/^-?\d+-e Simplex-tableau$/.test(all("lblNRTableau")[0].textContent), all("lblNRTableau")[0].textContent);
 
   // Cells are boxes with a text and a name; only the one that is being typed in may be empty.

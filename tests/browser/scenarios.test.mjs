@@ -33,7 +33,7 @@ function headlessPlayer() {
 // { LABEL: the text dumped under it }
 function readDumps(text) {
   const parts = text.split(/^== /m).slice(1);
-  return Object.fromEntries(parts.map((part) => part.match(/^(.*)\n([^]*)$/).slice(1)));
+  return Object.fromEntries(parts.map((part) => part.match(/^([^\n]*)\n(.*)$/s).slice(1)));
 }
 
 // What the headless host understands of each scenario and sees in it, and the language in which they are written.
