@@ -34,7 +34,10 @@ export function locate({ room, find }, files) {
   return { file: found[0], line: text.slice(0, at).split("\n").length };
 }
 
-const told = ({ room, file, line, find, becomes }) => `${room}: ${file}:${line}: ${find} -> ${becomes || "nothing"}`;
+const onOneLine = (text) => text.replace(/\s+/g, " ").trim() || "nothing";
+
+const told = ({ room, file, line, find, becomes }) =>
+  `${room}: ${file}:${line}: ${onOneLine(find)} -> ${onOneLine(becomes)}`;
 
 function chosen(words) {
   const files = allFiles();
