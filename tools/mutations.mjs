@@ -169,7 +169,7 @@ const changes = {
       "// the host's own focus may have moved already",
     ],
     ["if (!co_await set_focus(box) || box.locked()) co_return;", "if (!co_await set_focus(box)) co_return;"],
-    ["if (dragging) co_await on_scroll(bar);", "co_await on_scroll(bar);"],
+    ["if (dragging) co_await on_scroll(bar);", "if (!dragging) co_await on_scroll(bar);"],
     ["!control->shown() ||", ""],
     ["if (caption_ == caption) return;", ""],
     ["place.left + place.width > 0", "place.left + place.width >= 0"],

@@ -50,6 +50,14 @@ TEST_F(Marking, EveryPropertyIsMarkedWhenItChangesAndNotWhenItStays) {
   expect_marked_once(box, Property::Locked, [&] { box.set_locked(true); });
 }
 
+TEST_F(Marking, AFormIsMarkedWhenItsCaptionChangesAndNotWhenItStays) {
+  Question question(sheet);
+  question.set_caption(" Vraag");
+  EXPECT_TRUE(question.take_changed());
+  question.set_caption(" Vraag");
+  EXPECT_FALSE(question.take_changed());
+}
+
 TEST_F(Marking, SelectingAllIsAskedForEachTimeAnew) {
   sheet.first.take_changes();
   for (int turn = 0; turn < 2; ++turn) {
