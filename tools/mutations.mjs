@@ -187,7 +187,7 @@ const changes = {
     ["code <= 0xFF", "code < 0xFF"],
     ["if (line.ends_with('\\r')) line.pop_back();", ""],
     ["first >= 0xE0 ? 3", "first >= 0xE1 ? 3"],
-    ["if (running.level == this) running.level = below;", "if (running.level == this) running.level = nullptr;"],
+    ["if (running.level == this) running.level = below;", "if (running.level != this) running.level = below;"],
     ["if (first && !form.active()) co_await", "if (first) co_await"],
     ["if (!host_.yield_due()) co_return;", ""],
   ],
