@@ -1,9 +1,5 @@
-# tabulon.wasm: every room and hosts/web/*.cpp, as a module that a page starts with `_initialize` and that
-# asks its page for nothing but what the sources themselves import. Exports and imports are written in the
-# sources:
-#
-#   extern "C" [[clang::export_name("press")]] void press(int key) { ... }
-#   extern "C" [[clang::import_module("tabulon"), clang::import_name("changed")]] void changed(int control);
+# tabulon.wasm: every room and hosts/web/*.cpp, as a module that a page starts with `_initialize`. What it exports
+# and imports stands in hosts/web/wire/exports.def and imports.def; the packaging refuses any other.
 
 set(TABULON_WEB_STACK_BYTES 1048576)
 

@@ -47,6 +47,13 @@ bool Control::shown() const {
          place.top < surface_.height();
 }
 
+// A visible control that stands beside the surface is not seen, but it can take the focus.
+Rendering Control::rendering() const {
+  if (!visible_) return Rendering::None;
+  if (container_ || shown()) return Rendering::Seen;
+  return can_take_focus() ? Rendering::Aside : Rendering::None;
+}
+
 bool Control::can_take_focus() const {
   if (kind_ == Kind::Frame || kind_ == Kind::Label || kind_ == Kind::Line || kind_ == Kind::Image ||
       kind_ == Kind::Menu)

@@ -19,55 +19,39 @@
 #include <vector>
 
 #include "platform/display_list.h"
+#include "platform/enums.h"
 #include "platform/geometry.h"
 
 namespace tabulon::platform {
 
 class Surface;
 
-enum class Kind : std::uint8_t {
-  Frame,
-  Label,
-  TextBox,
-  CommandButton,
-  HScrollBar,
-  VScrollBar,
-  Line,
-  Image,
-  PictureBox,
-  Menu,
+// One bit for each group of properties that is mirrored together, in the order of the table.
+enum class PropertyNumber : std::uint8_t {
+#define PROPERTY(name, fields) name,
+#include "platform/properties.def"
 };
-
-// One bit for each group of properties that is mirrored together.
 enum class Property : std::uint32_t {
-  Visible = 1U << 0U,
-  Enabled = 1U << 1U,
-  Bounds = 1U << 2U,
-  Text = 1U << 3U,
-  Colours = 1U << 4U,
-  ToolTip = 1U << 5U,
-  SpokenName = 1U << 6U,
-  Font = 1U << 7U,
-  Locked = 1U << 8U,
-  Selection = 1U << 9U,
-  Range = 1U << 10U,
-  Picture = 1U << 11U,
-  Ends = 1U << 12U,
-  Drawing = 1U << 13U,
-  Checked = 1U << 14U,
+#define PROPERTY(name, fields) name = 1U << static_cast<std::uint32_t>(PropertyNumber::name),
+#include "platform/properties.def"
 };
 
 class Properties {
  public:
   constexpr Properties() = default;
-  static constexpr Properties all() { return Properties(0x7FFFU); }
+  static constexpr Properties all() {
+    Properties every;
+#define PROPERTY(name, fields) every.add(Property::name);
+#include "platform/properties.def"
+    return every;
+  }
   constexpr bool has(Property property) const { return (bits_ & static_cast<std::uint32_t>(property)) != 0; }
   constexpr void add(Property property) { bits_ |= static_cast<std::uint32_t>(property); }
+  constexpr void remove(Property property) { bits_ &= ~static_cast<std::uint32_t>(property); }
   constexpr bool none() const { return bits_ == 0; }
   constexpr std::uint32_t bits() const { return bits_; }
 
  private:
-  constexpr explicit Properties(std::uint32_t bits) : bits_(bits) {}
   std::uint32_t bits_ = 0;
 };
 
@@ -97,6 +81,8 @@ class Control {
   bool enabled() const { return enabled_; }
   // Visible, in visible containers, and with some part of it on the surface.
   bool shown() const;
+  // How a host shows it, as it stands in its container.
+  Rendering rendering() const;
 
   void set_bounds(const Bounds& bounds) { change(bounds_, bounds, Property::Bounds); }
   void set_left(Twips left) { set_bounds({left, bounds_.top, bounds_.width, bounds_.height}); }

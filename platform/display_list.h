@@ -25,11 +25,12 @@ struct Scale {
   friend bool operator==(const Scale&, const Scale&) = default;
 };
 
-// How a picture meets what is below it.
-enum class Raster : std::uint8_t { Copy, And };
-
-// Pictures that every host carries, by name.
-enum class Picture : std::uint8_t { None, Warning, Cross, Simplex, BigM, Column, Row, Basis, Pivot, About };
+// Pictures that every host carries, by name; platform/pictures.h says what they consist of.
+enum class Picture : std::uint8_t {
+  None,
+#define PICTURE(name, shapes) name,
+#include "platform/pictures.def"
+};
 
 namespace stroke {
 struct Dots {  // one point each, the size of a host's pixel at 1x or larger

@@ -3,6 +3,8 @@
 
 #include <cstdint>
 
+#include "platform/enums.h"
+
 namespace tabulon::platform {
 
 // Positions are twips (1/1440 inch; 15 twips are one CSS pixel), or the user units of the picture box in
@@ -30,15 +32,9 @@ constexpr Colour rgb(std::uint8_t red, std::uint8_t green, std::uint8_t blue) {
 }
 
 namespace system_colour {
-inline constexpr Colour window{0x80000005U};       // the background of windows and of edit fields
-inline constexpr Colour window_text{0x80000008U};  // text on it
-inline constexpr Colour button_face{0x8000000FU};  // the background of forms and buttons
-inline constexpr Colour button_text{0x80000012U};  // text on it
-inline constexpr Colour grey_text{0x80000011U};    // text of secondary weight
-inline constexpr Colour transparent{0xFFFFFFFFU};  // what lies below shows through
+#define SYSTEM_COLOUR(name, colour) inline constexpr Colour name{colour};
+#include "platform/look.def"
 }  // namespace system_colour
-
-enum class Align : std::uint8_t { Left, Right, Centre };
 
 struct Font {
   std::uint8_t points = 9;  // 1/72 inch

@@ -16,17 +16,10 @@
 
 namespace tabulon {
 
+// What each is about stands in the table.
 enum class ErrorNumber : std::int16_t {
-  Overflow = 6,             // a number outside 16 bits
-  SubscriptOutOfRange = 9,  // a row outside 1..10, a column outside 1..30, a list item outside 1..300
-  TypeMismatch = 13,        // a text that is no number
-  BadFileName = 52,         // a file name with "*" or "?"
-  FileNotFound = 53,        // no such file
-  BadFileMode = 54,         // a write to a file opened for input, or a read from one opened for output
-  DiskFull = 61,            // the file system has no room
-  InputPastEnd = 62,        // a line asked for when the file has no more
-  PermissionDenied = 70,    // the file system refuses the file
-  PathNotFound = 76,        // a folder on the way does not exist
+#define RUN_TIME_ERROR(name, number, about, given, words) name = number,
+#include "platform/run_time_errors.def"
 };
 
 // What went wrong, and with what: `subject` is the parameter, property or file that the caller named,

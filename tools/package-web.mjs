@@ -4,6 +4,7 @@
 //   dist/web/types/        its types, tabulon.d.ts first
 //   dist/web/*.html ...    the examples; index.html is the start page
 import { execFile } from "node:child_process";
+import { existsSync, readFileSync } from "node:fs";
 import { cp, mkdir, readFile, rename, rm } from "node:fs/promises";
 import { createRequire } from "node:module";
 import { basename, dirname, join } from "node:path";
@@ -11,15 +12,40 @@ import { fileURLToPath } from "node:url";
 import { promisify } from "node:util";
 import { deflateRawSync, constants } from "node:zlib";
 import * as esbuild from "esbuild";
+import { makeContract, namesOf } from "./make-contract.mjs";
 
 const root = fileURLToPath(new URL("..", import.meta.url));
 const ownModule = "tabulon";
 
-// What the module asks of its page besides what our sources ask, as "module.name"; empty when all is well.
-export function foreignImports(wasm) {
-  return WebAssembly.Module.imports(new WebAssembly.Module(wasm))
-    .filter((wanted) => wanted.module !== ownModule)
-    .map((wanted) => `${wanted.module}.${wanted.name}`);
+const tables = { imports: "hosts/web/wire/imports.def", exports: "hosts/web/wire/exports.def" };
+// What starts every module, and its memory.
+const ofEveryModule = ["memory", "_initialize"];
+
+const differences = (found, told, where) => [
+  ...found.filter((name) => !told.includes(name)).map((name) => `${name} stands not in ${where}`),
+  ...told.filter((name) => !found.includes(name)).map((name) => `${name} of ${where} is missing`),
+];
+
+// Where the module is not what the tables say; empty when all is well. An import that nothing needs is left out by
+// the linker.
+export function breaches(
+  wasm,
+  imports = namesOf(tables.imports, "IMPORT"),
+  exports = namesOf(tables.exports, "EXPORT"),
+) {
+  const module = new WebAssembly.Module(wasm);
+  const asked = WebAssembly.Module.imports(module).map(({ module: from, name }) =>
+    from === ownModule ? name : `${from}.${name}`,
+  );
+  const offered = WebAssembly.Module.exports(module).map(({ name }) => name);
+  return [
+    ...differences(asked, imports, tables.imports),
+    ...differences(
+      offered.filter((name) => !ofEveryModule.includes(name)),
+      exports,
+      tables.exports,
+    ),
+  ];
 }
 
 // `import deflated from "tabulon.wasm"` gives the module, deflated without a header, as base64.
@@ -34,6 +60,24 @@ const embedWasm = (wasm) => ({
   },
 });
 
+// Without what a style sheet needs for people alone; its values in ${} stay as they are.
+const minifiedCss = (css) =>
+  css
+    .replace(/\/\*.*\*\//g, "")
+    .replace(/(\$\{[^}]*\})|\s*([{};,])\s*/g, (_, value, sign) => value ?? sign)
+    .replace(/([\w-]): /g, "$1:");
+
+// The style sheet is the template in styles.ts.
+const minifyStyles = {
+  name: "minify-styles",
+  setup(build) {
+    build.onLoad({ filter: /[\\/]styles\.ts$/ }, async ({ path }) => ({
+      contents: (await readFile(path, "utf8")).replace(/`[^`]*`/, minifiedCss),
+      loader: "ts",
+    }));
+  },
+};
+
 async function bundle({ entry, wasm, outfile }) {
   await esbuild.build({
     entryPoints: [entry],
@@ -43,14 +87,15 @@ async function bundle({ entry, wasm, outfile }) {
     target: "es2022",
     minify: true,
     legalComments: "none",
-    plugins: [embedWasm(wasm)],
+    plugins: [embedWasm(wasm), minifyStyles],
     logLevel: "warning",
   });
 }
 
 const typescript = join(dirname(createRequire(import.meta.url).resolve("typescript/package.json")), "bin/tsc");
 
-const writeTypes = (outDir) =>
+// Declares every source in a folder of its own.
+const declare = (folder) =>
   promisify(execFile)(process.execPath, [
     typescript,
     "--project",
@@ -60,19 +105,34 @@ const writeTypes = (outDir) =>
     "--declaration",
     "--emitDeclarationOnly",
     "--outDir",
-    outDir,
+    folder,
   ]).catch((error) => {
     throw new Error(error.stdout || error.message);
   });
+
+// The declarations that a page's author needs: the element's, and what they name.
+function reachable(file, found = new Set()) {
+  if (found.has(file) || !existsSync(file)) return found;
+  found.add(file);
+  for (const [, target] of readFileSync(file, "utf8").matchAll(/from "(\.\/[^"]+)\.js"/g))
+    reachable(join(dirname(file), `${target}.d.ts`), found);
+  return found;
+}
+
+async function writeTypes(outDir) {
+  const folder = `${outDir}-of-all`;
+  await declare(folder);
+  for (const file of reachable(join(folder, "hosts/web/tabulon.d.ts"))) await cp(file, join(outDir, basename(file)));
+  await rm(folder, { recursive: true });
+}
 
 const kilobytes = (bytes) => `${Math.ceil(bytes.length / 1024)} kB`;
 
 async function packageWeb() {
   const wasm = await readFile(join(root, "build/web/tabulon.wasm"));
-  const foreign = foreignImports(wasm);
-  if (foreign.length) {
-    throw new Error(`tabulon.wasm asks its page for ${foreign.join(", ")}: a source uses what a page has not`);
-  }
+  const found = breaches(wasm);
+  if (found.length) throw new Error(`tabulon.wasm and its page do not agree: ${found.join("; ")}`);
+  makeContract();
 
   // Made aside and put in place when it is whole, so that a page that is being served is never half there.
   const made = join(root, `build/package-${process.pid}`);

@@ -1,7 +1,7 @@
 // The clipboard, as far as a page may use it.
-import { twipsPerPixel } from "./control_view.js";
-import { paint, readDrawing } from "./drawing.js";
-import type { RecordReader } from "./record.js";
+import { Measure } from "#shared";
+import type { CopiedPicture } from "#wire";
+import { paint } from "./drawing.js";
 import { letters } from "./styles.js";
 
 const density = 2;
@@ -12,16 +12,16 @@ const font = `10.667px ${letters}`;
 export function clearClipboard(): void {}
 
 // Resolves to why the clipboard refuses the picture, or to "".
-export async function copyPicture(record: RecordReader): Promise<string> {
-  const [width, height] = [record.f32() / twipsPerPixel, record.f32() / twipsPerPixel];
+export async function copyPicture(picture: CopiedPicture): Promise<string> {
   const canvas = document.createElement("canvas");
-  paint(canvas, readDrawing(record), width, height, density, font, paper);
+  const [width, height] = [picture.width / Measure.twipsPerPixel, picture.height / Measure.twipsPerPixel];
+  paint(canvas, picture, width, height, density, font, paper);
   // The clipboard is asked at once, while the page still has the person's leave.
-  const picture = new Promise<Blob>((resolve, reject) => {
+  const image = new Promise<Blob>((resolve, reject) => {
     canvas.toBlob((blob) => (blob ? resolve(blob) : reject(new Error("empty"))), "image/png");
   });
   try {
-    await navigator.clipboard.write([new ClipboardItem({ "image/png": picture })]);
+    await navigator.clipboard.write([new ClipboardItem({ "image/png": image })]);
     return "";
   } catch (error) {
     return String(error);

@@ -1,53 +1,52 @@
 // One control of a surface: its element, and the properties that the module hands over.
+import { Align, Kind, Measure, Rendering } from "#shared";
+import {
+  type BoundsValue,
+  type ColoursValue,
+  type DrawingValue,
+  type EnabledValue,
+  type EndsValue,
+  type FontValue,
+  type Introduction,
+  type LockedValue,
+  type PictureValue,
+  type Point,
+  type Properties,
+  type RangeValue,
+  readProperties,
+  type Reader,
+  type SpokenNameValue,
+  type TextValue,
+  type ToolTipValue,
+  type VisibleValue,
+} from "#wire";
 import { parseCaption, writeCaption } from "./captions.js";
 import { cssColour, isTransparent } from "./colours.js";
 import { make, setAttribute } from "./dom.js";
-import { paint, pixelsPerUnit, readDrawing, type Drawing, type Point } from "./drawing.js";
+import { paint, pixelsPerUnit } from "./drawing.js";
+import type { Send } from "./module.js";
 import { pictureElement } from "./pictures.js";
-import type { RecordReader } from "./record.js";
 import { ScrollBarView } from "./scroll_bar_view.js";
 import { letters } from "./styles.js";
-import type { SurfaceView } from "./surface_view.js";
 
-// platform::Kind
-export enum Kind {
-  Frame,
-  Label,
-  TextBox,
-  CommandButton,
-  HScrollBar,
-  VScrollBar,
-  Line,
-  Image,
-  PictureBox,
-}
-
-export const twipsPerPixel = 15;
-const pixelsPerPoint = 96 / 72;
-
-const alignments = ["left", "right", "center"];
-
-enum Rendering {
-  None,
-  Seen,
-  Aside,
-}
+const pixelsPerPoint = Measure.pixelsPerInch / Measure.pointsPerInch;
 
 interface InnerScale {
   readonly unit: Point;
   readonly origin: Point;
 }
 
-const twips: InnerScale = { unit: { x: 1 / twipsPerPixel, y: 1 / twipsPerPixel }, origin: { x: 0, y: 0 } };
+const twips: InnerScale = {
+  unit: { x: 1 / Measure.twipsPerPixel, y: 1 / Measure.twipsPerPixel },
+  origin: { x: 0, y: 0 },
+};
 
-interface Bounds {
-  left: number;
-  top: number;
-  width: number;
-  height: number;
-}
+const alignments = { [Align.Left]: "left", [Align.Right]: "right", [Align.Centre]: "center" } satisfies Record<
+  Align,
+  string
+>;
 
-const classes: Record<Kind, string> = {
+const classes = {
   [Kind.Frame]: "frame",
   [Kind.Label]: "label",
   [Kind.TextBox]: "box",
@@ -57,7 +56,8 @@ const classes: Record<Kind, string> = {
   [Kind.Line]: "line",
   [Kind.Image]: "image",
   [Kind.PictureBox]: "picture",
-};
+  [Kind.Menu]: "", // told with the whole menu (menu_view.ts)
+} satisfies Record<Kind, string>;
 
 const isScrollBar = (kind: Kind): boolean => kind === Kind.HScrollBar || kind === Kind.VScrollBar;
 const takesFocus = (kind: Kind): boolean =>
@@ -98,36 +98,51 @@ function paintAgainAtNewDensity(): void {
   now.addEventListener("change", repaint, { once: true });
 }
 
-export class ControlView {
+export class ControlView implements Properties {
   readonly node: HTMLElement;
+  readonly kind: Kind;
   readonly bar: ScrollBarView | undefined;
   text = "";
-  bounds: Bounds = { left: 0, top: 0, width: 0, height: 0 };
-  drawing: Drawing | undefined;
-  #ends: [Point, Point] | undefined;
+  #isActive = false;
+  #bounds: BoundsValue = { left: 0, top: 0, width: 0, height: 0 };
+  #drawing: DrawingValue | undefined;
+  // What stands in this control.
+  readonly #inside: ControlView[] = [];
+  #ends: EndsValue | undefined;
   #wantsSelection = false;
   #canvas: HTMLCanvasElement | undefined;
+  #isStale = false;
   #told: HTMLElement | undefined;
   #width = -1;
   #height = -1;
-  #align = 0;
+  #align = Align.Left;
   #bold = false;
   #wraps = false;
 
+  // `surface` is the number of the surface that it is of.
   constructor(
-    readonly surface: SurfaceView,
+    readonly surface: number,
     readonly id: number,
-    readonly kind: Kind,
-    name: string,
-    index: number,
+    { kind, name, index }: Introduction,
     readonly container: ControlView | undefined,
+    send: Send,
   ) {
+    this.kind = kind;
     this.node = makeNode(kind);
     this.node.setAttribute("data-name", name);
     if (index) this.node.setAttribute("data-index", String(index));
-    if (isScrollBar(kind)) this.bar = new ScrollBarView(this);
     if (kind === Kind.Line) this.node.setAttribute("role", "presentation");
     if (kind === Kind.PictureBox) this.#makePicture();
+    if (isScrollBar(kind))
+      this.bar = new ScrollBarView(this.node, kind === Kind.VScrollBar, {
+        scroll: (value) => send((module) => module.scroll(surface, id, value, true)),
+        step: (direction, pageWise) => send((module) => module.scroll_step(surface, id, direction, pageWise)),
+      });
+    if (container) container.#inside.push(this);
+  }
+
+  get isActive(): boolean {
+    return this.#isActive;
   }
 
   get canBeDragged(): boolean {
@@ -138,35 +153,36 @@ export class ControlView {
     return this.kind !== Kind.TextBox && this.kind !== Kind.Line && !isScrollBar(this.kind);
   }
 
-  // Reads the values of the marked properties, in the order of their bits.
-  apply(marked: number, record: RecordReader): void {
-    for (let bit = 0; bit < readers.length; ++bit) if (marked & (1 << bit)) readers[bit]!(this, record);
+  apply(marked: number, record: Reader): void {
+    readProperties(record, marked, this);
+    this.#paintIfStale();
   }
 
   // One control of the surface, the active one, is where Tab from the page arrives.
   setActive(active: boolean): void {
+    this.#isActive = active;
     this.node.tabIndex = active ? 0 : -1;
     if (this.node.classList.contains("aside")) setAttribute(this.node, "aria-hidden", active ? undefined : "true");
   }
 
-  setRendering(rendering: Rendering): void {
+  setVisible({ rendering }: VisibleValue): void {
     this.node.hidden = rendering === Rendering.None;
     if (rendering !== Rendering.Aside) return;
     this.node.classList.add("aside");
     this.node.setAttribute("inputmode", "none");
-    this.setActive(this.surface.active === this);
+    this.setActive(this.#isActive);
   }
 
-  setEnabled(enabled: boolean): void {
+  setEnabled({ enabled }: EnabledValue): void {
     if (this.node instanceof HTMLInputElement || this.node instanceof HTMLButtonElement) this.node.disabled = !enabled;
     else setAttribute(this.node, "aria-disabled", enabled ? undefined : "true");
   }
 
   // Pixels per unit of what stands in this control, and where its units begin.
   get innerScale(): InnerScale {
-    const scale = this.drawing?.scale;
+    const scale = this.#drawing?.scale;
     if (!scale || scale.topLeft.x === scale.bottomRight.x) return twips;
-    return { unit: pixelsPerUnit(scale, ...this.size), origin: scale.topLeft };
+    return { unit: pixelsPerUnit(scale, ...this.#size), origin: scale.topLeft };
   }
 
   // Likewise of what surrounds this control.
@@ -174,17 +190,22 @@ export class ControlView {
     return this.container?.innerScale ?? twips;
   }
 
-  place(): void {
+  setBounds(bounds: BoundsValue): void {
+    this.#bounds = bounds;
+    if (this.kind !== Kind.Line) this.#place();
+  }
+
+  #place(): void {
     const { unit, origin } = this.outerScale;
     if (this.kind === Kind.Line) return this.#placeLine(this.#ends, unit, origin);
-    const { left, top, width, height } = this.bounds;
+    const { left, top, width, height } = this.#bounds;
     const [x, y] = [(left - origin.x) * unit.x, (top - origin.y) * unit.y];
     this.#setBox(x, y, Math.abs(width * unit.x), Math.abs(height * unit.y));
   }
 
   // In pixels.
-  get size(): [number, number] {
-    return [this.bounds.width / twipsPerPixel, this.bounds.height / twipsPerPixel];
+  get #size(): [number, number] {
+    return [this.#bounds.width / Measure.twipsPerPixel, this.#bounds.height / Measure.twipsPerPixel];
   }
 
   #setBox(left: number, top: number, width: number, height: number): void {
@@ -197,7 +218,7 @@ export class ControlView {
     [this.#width, this.#height] = [width, height];
     this.#alignLine();
     this.bar?.resize(width, height);
-    this.repaint();
+    this.#isStale = true;
   }
 
   // One line of text stands in the middle of its height, in labels and boxes alike.
@@ -207,7 +228,7 @@ export class ControlView {
     this.node.style.lineHeight = this.#wraps ? "" : `${this.#height - edges}px`;
   }
 
-  setText(text: string): void {
+  setText({ text }: TextValue): void {
     this.text = text;
     if (this.node instanceof HTMLInputElement) {
       if (this.node.value !== text) this.node.value = text;
@@ -223,7 +244,7 @@ export class ControlView {
     }
   }
 
-  setColours(back: number, fore: number): void {
+  setColours({ back, fore }: ColoursValue): void {
     const { style } = this.node;
     if (this.kind === Kind.Line) {
       style.backgroundColor = cssColour(fore);
@@ -234,12 +255,12 @@ export class ControlView {
     style.color = cssColour(fore);
   }
 
-  setFont(points: number, bold: boolean, align: number, wraps: boolean): void {
+  setFont({ points, bold, align, wraps }: FontValue): void {
     const { style } = this.node;
     style.fontSize = `${points * pixelsPerPoint}px`;
     if (bold !== this.#bold) style.fontWeight = bold ? "600" : "";
-    if (align !== this.#align) style.textAlign = alignments[align]!;
-    [this.#bold, this.#align] = [bold, align];
+    if (align !== this.#align) style.textAlign = alignments[align];
+    [this.#bold, this.#align, this.#isStale] = [bold, align, true];
     if (wraps === this.#wraps) return;
     this.#wraps = wraps;
     this.node.classList.toggle("wraps", wraps);
@@ -254,31 +275,47 @@ export class ControlView {
     this.node.append(this.#told);
   }
 
-  setSpokenName(name: string): void {
-    if (this.#told && this.surface.active === this) this.#told.textContent = name;
+  setToolTip({ tip }: ToolTipValue): void {
+    setAttribute(this.node, "title", tip || undefined);
+  }
+
+  setSpokenName({ name }: SpokenNameValue): void {
+    if (this.#told && this.#isActive) this.#told.textContent = name;
     if (this.kind === Kind.Image) setAttribute(this.node, "role", name ? "img" : undefined);
     setAttribute(this.node, "aria-label", name || undefined);
   }
 
-  wantSelection(): void {
+  setLocked({ locked }: LockedValue): void {
+    if (this.node instanceof HTMLInputElement) this.node.readOnly = locked;
+  }
+
+  setSelection(): void {
     this.#wantsSelection = true;
   }
 
   // Selects the whole text, once it has the focus.
   selectIfWanted(): void {
-    if (this.#wantsSelection) (this.node as HTMLInputElement).select();
+    if (this.#wantsSelection && this.node instanceof HTMLInputElement) this.node.select();
     this.#wantsSelection = false;
   }
 
-  setEnds(from: Point, to: Point): void {
-    this.#ends = [from, to];
-    this.place();
+  setRange(range: RangeValue): void {
+    this.bar?.setRange(range);
+  }
+
+  setPicture({ picture }: PictureValue): void {
+    this.node.replaceChildren(pictureElement(picture));
+  }
+
+  setEnds(ends: EndsValue): void {
+    this.#ends = ends;
+    this.#place();
   }
 
   // A line is a pixel high and lies, turned about the middle of its left end, as a drawn one does.
-  #placeLine(ends: [Point, Point] | undefined, unit: Point, origin: Point): void {
+  #placeLine(ends: EndsValue | undefined, unit: Point, origin: Point): void {
     if (!ends) return;
-    const [from, to] = ends;
+    const { from, to } = ends;
     const { style } = this.node;
     const [x, y] = [(to.x - from.x) * unit.x, (to.y - from.y) * unit.y];
     const [left, top] = [(from.x - origin.x) * unit.x, (from.y - origin.y) * unit.y];
@@ -288,16 +325,22 @@ export class ControlView {
     style.rotate = `${Math.atan2(y, x)}rad`;
   }
 
-  setDrawing(drawing: Drawing): void {
-    this.drawing = drawing;
-    for (const control of this.surface.controls) if (control?.container === this) control.place();
-    this.repaint();
+  setDrawing(drawing: DrawingValue): void {
+    this.#drawing = drawing;
+    this.#isStale = true;
+    for (const control of this.#inside) control.#place();
+  }
+
+  // Once for all that has changed.
+  #paintIfStale(): void {
+    if (this.#isStale) this.repaint();
   }
 
   repaint(): void {
-    if (!this.drawing || (!this.#canvas && this.drawing.strokes.length === 0)) return;
+    this.#isStale = false;
+    if (!this.#drawing || (!this.#canvas && this.#drawing.strokes.length === 0)) return;
     this.#canvas ??= this.#makeCanvas();
-    paint(this.#canvas, this.drawing, ...this.size, devicePixelRatio, `${this.node.style.fontSize} ${letters}`);
+    paint(this.#canvas, this.#drawing, ...this.#size, devicePixelRatio, `${this.node.style.fontSize} ${letters}`);
   }
 
   #makeCanvas(): HTMLCanvasElement {
@@ -308,26 +351,3 @@ export class ControlView {
     return canvas;
   }
 }
-
-const readPoint = (record: RecordReader): Point => ({ x: record.f32(), y: record.f32() });
-
-// In the order of platform::Property's bits.
-const readers: ((control: ControlView, record: RecordReader) => void)[] = [
-  (control, record) => control.setRendering(record.u8()),
-  (control, record) => control.setEnabled(record.flag()),
-  (control, record) => {
-    control.bounds = { left: record.f32(), top: record.f32(), width: record.f32(), height: record.f32() };
-    if (control.kind !== Kind.Line) control.place();
-  },
-  (control, record) => control.setText(record.text()),
-  (control, record) => control.setColours(record.u32(), record.u32()),
-  (control, record) => setAttribute(control.node, "title", record.text() || undefined),
-  (control, record) => control.setSpokenName(record.text()),
-  (control, record) => control.setFont(record.u8(), record.flag(), record.u8(), record.flag()),
-  (control, record) => ((control.node as HTMLInputElement).readOnly = record.flag()),
-  (control) => control.wantSelection(),
-  (control, record) => control.bar?.setRange(record.i32(), record.i32(), record.i32(), record.i32()),
-  (control, record) => control.node.replaceChildren(pictureElement(record.u8())),
-  (control, record) => control.setEnds(readPoint(record), readPoint(record)),
-  (control, record) => control.setDrawing(readDrawing(record)),
-];

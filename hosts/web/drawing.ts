@@ -1,66 +1,8 @@
-// A picture box's display list: read from a record, painted on a canvas at the screen's own density.
+// A picture box's display list, painted on a canvas at the screen's own density.
+import { Raster } from "#shared";
+import { type DrawingValue, type Point, type Scale, type StampStroke, type Stroke, StrokeKind } from "#wire";
 import { cssColour } from "./colours.js";
-import { paintPicture, type Picture } from "./pictures.js";
-import type { RecordReader } from "./record.js";
-
-export interface Point {
-  readonly x: number;
-  readonly y: number;
-}
-
-// The user coordinates of the corners; y may grow upwards.
-export interface Scale {
-  readonly topLeft: Point;
-  readonly bottomRight: Point;
-}
-
-// Dots one step apart, from the first on.
-interface Run {
-  readonly first: Point;
-  readonly count: number;
-}
-
-type Stroke =
-  | { kind: "dots"; colour: string; points: Point[] }
-  | { kind: "runs"; colour: string; step: Point; runs: Run[] }
-  | { kind: "segment"; colour: string; from: Point; to: Point }
-  | { kind: "text"; colour: string; at: Point; text: string }
-  | { kind: "stamp"; at: Point; size: Point; picture: Picture; masks: boolean };
-
-export interface Drawing {
-  readonly scale: Scale;
-  readonly strokes: readonly Stroke[];
-}
-
-const readPoint = (record: RecordReader): Point => ({ x: record.f64(), y: record.f64() });
-
-// In the order of platform::Stroke.
-const readers: ((record: RecordReader) => Stroke)[] = [
-  (record) => {
-    const colour = cssColour(record.u32());
-    return { kind: "dots", colour, points: Array.from({ length: record.u32() }, () => readPoint(record)) };
-  },
-  (record) => ({ kind: "segment", colour: cssColour(record.u32()), from: readPoint(record), to: readPoint(record) }),
-  (record) => ({ kind: "text", colour: cssColour(record.u32()), at: readPoint(record), text: record.text() }),
-  (record) => ({
-    kind: "stamp",
-    at: readPoint(record),
-    size: readPoint(record),
-    picture: record.u8(),
-    masks: record.u8() === 1,
-  }),
-  (record) => {
-    const [colour, step] = [cssColour(record.u32()), readPoint(record)];
-    const runs = Array.from({ length: record.u32() }, () => ({ first: readPoint(record), count: record.u32() }));
-    return { kind: "runs", colour, step, runs };
-  },
-];
-
-export function readDrawing(record: RecordReader): Drawing {
-  const scale = { topLeft: readPoint(record), bottomRight: readPoint(record) };
-  const strokes = Array.from({ length: record.u32() }, () => readers[record.u8()]!(record));
-  return { scale, strokes };
-}
+import { paintPicture } from "./pictures.js";
 
 // How many pixels a user unit is, per axis; negative where an axis grows the other way.
 export function pixelsPerUnit({ topLeft, bottomRight }: Scale, width: number, height: number): Point {
@@ -84,12 +26,23 @@ class Painter {
   }
 
   paint(stroke: Stroke): void {
-    if ("colour" in stroke) this.#context.fillStyle = this.#context.strokeStyle = stroke.colour;
-    if (stroke.kind === "dots") for (const point of stroke.points) this.#dots(point, 1, { x: 0, y: 0 });
-    else if (stroke.kind === "runs") for (const { first, count } of stroke.runs) this.#dots(first, count, stroke.step);
-    else if (stroke.kind === "segment") this.#segment(stroke.from, stroke.to);
-    else if (stroke.kind === "text") this.#context.fillText(stroke.text, ...this.#pixels(stroke.at));
-    else this.#stamp(stroke.at, stroke.size, stroke.picture, stroke.masks);
+    if ("colour" in stroke) this.#context.fillStyle = this.#context.strokeStyle = cssColour(stroke.colour);
+    switch (stroke.kind) {
+      case StrokeKind.Dots:
+        for (const point of stroke.points) this.#dots(point, 1, { x: 0, y: 0 });
+        return;
+      case StrokeKind.DotRuns:
+        for (const { first, count } of stroke.runs) this.#dots(first, count, stroke.step);
+        return;
+      case StrokeKind.Segment:
+        return this.#segment(stroke.from, stroke.to);
+      case StrokeKind.Text:
+        return this.#context.fillText(stroke.text, ...this.#pixels(stroke.at));
+      case StrokeKind.Stamp:
+        return this.#stamp(stroke);
+      default:
+        return stroke satisfies never;
+    }
   }
 
   #pixels(point: Point): [number, number] {
@@ -131,8 +84,8 @@ class Painter {
     this.#context.stroke();
   }
 
-  #stamp(at: Point, size: Point, picture: Picture, masks: boolean): void {
-    this.#context.globalCompositeOperation = masks ? "multiply" : "source-over";
+  #stamp({ at, size, picture, raster }: StampStroke): void {
+    this.#context.globalCompositeOperation = raster === Raster.And ? "multiply" : "source-over";
     const [width, height] = [Math.abs(size.x * this.#unit.x), Math.abs(size.y * this.#unit.y)];
     paintPicture(this.#context, picture, ...this.#pixels(at), width, height);
     this.#context.globalCompositeOperation = "source-over";
@@ -143,7 +96,7 @@ class Painter {
 // ground the canvas stays transparent where nothing is drawn.
 export function paint(
   canvas: HTMLCanvasElement,
-  { scale, strokes }: Drawing,
+  { scale, strokes }: DrawingValue,
   width: number,
   height: number,
   density: number,

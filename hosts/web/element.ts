@@ -1,19 +1,14 @@
 // The custom element: the control as a page and its script see it.
-import { ElementView } from "./element_view.js";
+import { type Exports, Given, Method } from "#wire";
+import type { ElementView } from "./element_view.js";
 import { TabulonError } from "./errors.js";
+import type { Texts } from "./module.js";
 import { loadPage, type Page } from "./page.js";
 import { readParameters, whenGiven } from "./parameters.js";
 import { sheet } from "./styles.js";
 
 // A whole number of 16 bits, or a text that is one.
 export type Count = number | string;
-
-// How set_property (exports.cpp) takes a value.
-enum Given {
-  Number,
-  Truth,
-  Text,
-}
 
 export class TabulonLPctrl extends HTMLElement {
   // Resolves when the control has been shown; rejects, with the error's number, when its parameters cannot be
@@ -97,38 +92,32 @@ export class TabulonLPctrl extends HTMLElement {
 
   // Lays out a new tableau of the counts' size, and shows nothing yet. Error 9 when it would be too large.
   InitTableau(): void {
-    this.#whenThere((page, view) =>
-      this.#check(
-        page,
-        page.send((module) => module.InitTableau(view.surface.id)),
-      ),
-    );
+    this.#whenThere((page, { surface }) => this.#ask(page, (module) => module.InitTableau(surface.id)));
   }
 
   // The display text of a number: as a decimal, or with Soort true as a fraction or a multiple of pi.
   strSoortGetal(Soort: number | boolean, Getal: number): string {
     if (!this.#page || !this.#view) throw new Error("Tabulon: strSoortGetal kan pas als element.ready vervuld is.");
-    const { module } = this.#page;
+    const { id } = this.#view.surface;
     const kind = typeof Soort === "boolean" ? -Number(Soort) : Number(Soort);
     const number = Number(Getal);
     if (Number.isNaN(kind + number))
       throw new TabulonError(13, "strSoortGetal", String(Number.isNaN(kind) ? Soort : Getal));
-    this.#check(this.#page, module.exports.strSoortGetal(this.#view.surface.id, kind, number), String(Soort));
-    return module.answer();
+    return this.#ask(this.#page, (module) => module.strSoortGetal(id, kind, number), String(Soort));
   }
 
   // Each resolves when its form has closed.
   ShowAboutBox(): Promise<void> {
-    return this.#call("ShowAboutBox");
+    return this.#call(Method.ShowAboutBox);
   }
   ShowfrmMelding(): Promise<void> {
-    return this.#call("ShowfrmMelding");
+    return this.#call(Method.ShowfrmMelding);
   }
   ShowfrmFoutmelding(): Promise<void> {
-    return this.#call("ShowfrmFoutmelding");
+    return this.#call(Method.ShowfrmFoutmelding);
   }
   ShowfrmPivotelement(): Promise<void> {
-    return this.#call("ShowfrmPivotelement");
+    return this.#call(Method.ShowfrmPivotelement);
   }
 
   // Saves the tableau: downloads a file of that name. Rejects with error 52 for a name that no file can have.
@@ -160,12 +149,12 @@ export class TabulonLPctrl extends HTMLElement {
 
   #readParameters(page: Page, { surface }: ElementView): TabulonError | undefined {
     const parameters = readParameters(this);
-    const [number, answer] = page.send((module) => {
-      page.module.give(...parameters.listing, "");
+    const [number, answer] = page.send((module, texts) => {
+      texts.give(...parameters.listing, "");
       const started = module.start(surface.id);
       // Into the page when it is whole: the browser then lays it out once.
       page.afterwards(() => this.#root.append(surface.ground));
-      return [started, page.module.answer()] as const;
+      return [started, texts.answer()] as const;
     });
     if (number) {
       const error = new TabulonError(number, answer, parameters.textOf(answer));
@@ -202,18 +191,21 @@ export class TabulonLPctrl extends HTMLElement {
     });
   }
 
-  #check(page: Page, number: number, given?: string): void {
-    if (number) throw new TabulonError(number, page.module.answer(), given);
+  // What the module answers; throws its error, with what was given.
+  #ask(page: Page, call: (module: Exports, texts: Texts) => number, given?: string): string {
+    const [number, answer] = page.send((module, texts) => [call(module, texts), texts.answer()] as const);
+    if (number) throw new TabulonError(number, answer, given);
+    return answer;
   }
 
   #set(name: string, value: unknown): void {
     this.#whenThere((page, { surface }) => {
       const kind = typeof value === "number" ? Given.Number : typeof value === "boolean" ? Given.Truth : Given.Text;
-      const number = page.send((module) => {
-        page.module.give(name, String(value));
+      const set = (module: Exports, texts: Texts) => {
+        texts.give(name, String(value));
         return module.set_property(surface.id, kind, kind === Given.Text ? 0 : Number(value));
-      });
-      this.#check(page, number, String(value));
+      };
+      this.#ask(page, set, String(value));
     });
   }
 
@@ -223,17 +215,16 @@ export class TabulonLPctrl extends HTMLElement {
 
   async #callWithFile(method: "SchrijfTableau" | "LeesTableau", strFile: string): Promise<void> {
     await this.#isThere();
-    const page = this.#page!;
-    const number = page.send((module) => {
-      page.module.give(String(strFile));
+    const number = this.#page!.send((module, texts) => {
+      texts.give(String(strFile));
       return module[method](this.#view!.surface.id);
     });
     if (number) throw new TabulonError(number, method, String(strFile));
   }
 
-  async #call(name: string, given = ""): Promise<void> {
+  async #call(method: Method): Promise<void> {
     await this.#isThere();
-    await this.#page!.call(this.#view!, name, given);
+    await this.#page!.call(this.#view!, method);
   }
 }
 

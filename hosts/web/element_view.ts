@@ -1,32 +1,22 @@
 // What one element of the page shows, and what the person does there.
-import { ControlView, Kind } from "./control_view.js";
-import type { FormView } from "./form_view.js";
-import { modifiers, keyCode } from "./keys.js";
-import type { Page } from "./page.js";
+import { Kind } from "#shared";
+import type { OpenedSurface, PointerAction } from "#wire";
+import type { ControlView } from "./control_view.js";
+import { FormView } from "./form_view.js";
+import { keyCode, modifiers } from "./keys.js";
+import type { Send } from "./module.js";
+import { holdPointer, isBeside, isLeft } from "./pointer.js";
 import { SurfaceView } from "./surface_view.js";
 
-// platform::Pointer::Action
-enum PointerAction {
-  Down,
-  Move,
-  Up,
-  Lost,
-}
-
-// While one button is held, a browser tells of the others as moves; then `button` is the one that changed, and
-// `buttons` has a bit for each that is held now.
-function actionOfMove({ button, buttons }: PointerEvent): PointerAction {
-  if (button < 0) return PointerAction.Move;
-  const bit = [1, 4, 2, 8, 16][button] ?? 32;
-  return buttons & bit ? PointerAction.Down : PointerAction.Up;
-}
-
-// A control that holds the pointer is told of a click wherever the pointer is released; a button that is left
-// before that is not pressed. A click that no pointer made has no place.
-function isReleasedBeside({ kind, node }: ControlView, { detail, clientX, clientY }: MouseEvent): boolean {
-  if (kind !== Kind.CommandButton || detail === 0) return false;
-  const { left, top, right, bottom } = node.getBoundingClientRect();
-  return clientX < Math.floor(left) || clientX > right || clientY < Math.floor(top) || clientY > bottom;
+// What an element needs of its page.
+export interface Surroundings {
+  readonly send: Send;
+  // While true, what happens to the page's focus is the page's own doing.
+  readonly applying: boolean;
+  // The menu that is open, of whatever element.
+  readonly menu: unknown;
+  entered(element: ElementView): void;
+  left(element: ElementView): void;
 }
 
 const isActivation = ({ key }: KeyboardEvent) => key === "Enter" || key === " ";
@@ -34,7 +24,7 @@ const isActivation = ({ key }: KeyboardEvent) => key === "Enter" || key === " ";
 export class ElementView {
   readonly surface: SurfaceView;
   readonly forms: FormView[] = [];
-  readonly controlOf = new WeakMap<Node, ControlView>();
+  readonly #controlOf = new WeakMap<Node, ControlView>();
   // As the module knows it: the focus is in here.
   hasFocus = false;
   readonly #busy = new Set<number>();
@@ -45,16 +35,34 @@ export class ElementView {
   #ignoredClick: ControlView | undefined;
 
   constructor(
-    readonly page: Page,
+    readonly page: Surroundings,
     readonly host: HTMLElement,
     readonly root: ShadowRoot,
-    id: number,
-    name: string,
-    width: number,
-    height: number,
+    opened: OpenedSurface,
   ) {
-    this.surface = new SurfaceView(this, id, name, width, height);
+    this.surface = new SurfaceView(opened, page.send, this.#introduced);
     this.#listen();
+  }
+
+  // ---- Its surfaces
+
+  readonly #introduced = (control: ControlView): void => {
+    this.#controlOf.set(control.node, control);
+  };
+
+  find(id: number): SurfaceView | undefined {
+    return [this.surface, ...this.forms].find((surface) => surface.id === id);
+  }
+
+  openForm(opened: OpenedSurface): void {
+    this.forms.push(new FormView(opened, this.root, this.surface.ground, this.page.send, this.#introduced));
+  }
+
+  closeForm(id: number): void {
+    const at = this.forms.findIndex((form) => form.id === id);
+    const [form] = this.forms.splice(at, at < 0 ? 0 : 1);
+    this.setBusy(id, false);
+    form?.close();
   }
 
   get top(): SurfaceView {
@@ -114,7 +122,7 @@ export class ElementView {
   // The control in which an event happened; none on a form's title or a menu.
   #controlAt(event: Event): ControlView | undefined {
     for (const node of event.composedPath()) {
-      const control = this.controlOf.get(node as Node);
+      const control = this.#controlOf.get(node as Node);
       if (control || node === this.root) return control;
     }
     return undefined;
@@ -148,8 +156,8 @@ export class ElementView {
   }
 
   #moveFocus(control: ControlView | undefined): void {
-    if (!control || control.surface.active === control) return;
-    this.page.send((module) => module.focus(control.surface.id, control.id));
+    if (!control || control.isActive) return;
+    this.page.send((module) => module.focus(control.surface, control.id));
   }
 
   // ---- Keys
@@ -162,7 +170,7 @@ export class ElementView {
     const used =
       // A key that is still held after something opened or closed is not meant for what is there now.
       this.#keyPressedOn !== onTop ||
-      this.page.send((module) => module.key(this.top.id, code, modifiers(event))) ||
+      this.page.send((module) => module.key(this.top.id, code, modifiers(event))) !== 0 ||
       // A button is pressed by the module, never a second time by the browser.
       (isActivation(event) && this.#controlAt(event)?.kind === Kind.CommandButton);
     if (used) event.preventDefault();
@@ -176,11 +184,13 @@ export class ElementView {
     const control = this.#controlAt(event);
     if (!(control?.node instanceof HTMLInputElement)) return;
     const { node, surface, id } = control;
-    this.page.send((module) => {
-      this.page.module.give(node.value);
-      module.type(surface.id, id);
+    const text = node.value;
+    const isTaken = this.page.send((module, texts) => {
+      texts.give(text);
+      return module.type(surface, id);
     });
-    if (node.value !== control.text) node.value = control.text;
+    if (isTaken) control.text = text;
+    else node.value = control.text;
   }
 
   // ---- Mouse, pen, finger
@@ -205,12 +215,15 @@ export class ElementView {
     const control = this.#controlAt(event);
     const ignored = control && control === this.#ignoredClick;
     this.#ignoredClick = undefined;
-    if (ignored || (control && isReleasedBeside(control, event as MouseEvent))) return;
+    // A control that holds the pointer is told of a click wherever the pointer is released; a button that is left
+    // before that is not pressed.
+    const wasLeft = control?.kind === Kind.CommandButton && isBeside(control.node, event as MouseEvent);
+    if (ignored || wasLeft) return;
     const path = event.composedPath();
-    const surface = control?.surface ?? [this.surface, ...this.forms].find(({ ground }) => path.includes(ground));
-    if (!surface || (control && !control.canBeClicked)) return;
+    const surface = control?.surface ?? [this.surface, ...this.forms].find(({ ground }) => path.includes(ground))?.id;
+    if (surface === undefined || (control && !control.canBeClicked)) return;
     this.#clicked = control;
-    this.page.send((module) => module.click(surface.id, control?.id ?? -1));
+    this.page.send((module) => module.click(surface, control?.id ?? -1));
     this.#clicked = undefined;
   }
 
@@ -221,28 +234,10 @@ export class ElementView {
       this.#ignoredClick = this.#menuOpenedBy;
   }
 
-  // From press to release the pointer is the control's, wherever it goes.
   #pointerDown(event: PointerEvent): void {
     const control = this.#controlAt(event);
     if (!event.isPrimary || !control?.canBeDragged) return;
-    const { node } = control;
-    const held = new AbortController();
-    const pass = (type: string, actionOf: (passed: PointerEvent) => PointerAction) =>
-      node.addEventListener(
-        type,
-        (passed) => {
-          if ((passed as PointerEvent).pointerId !== event.pointerId) return;
-          const action = actionOf(passed as PointerEvent);
-          if (type !== "pointermove") held.abort();
-          this.#point(control, passed as PointerEvent, action);
-        },
-        held,
-      );
-    pass("pointermove", actionOfMove);
-    pass("pointerup", () => PointerAction.Up);
-    pass("lostpointercapture", () => PointerAction.Lost);
-    node.setPointerCapture(event.pointerId);
-    this.#point(control, event, PointerAction.Down);
+    holdPointer(control.node, event, (heard, action) => this.#point(control, heard, action));
   }
 
   // The place is from the control's top left corner, in the units in which the control itself stands.
@@ -250,8 +245,6 @@ export class ElementView {
     const { unit } = control.outerScale;
     const { left, top } = control.node.getBoundingClientRect();
     const [x, y] = [(event.clientX - left) / Math.abs(unit.x), (event.clientY - top) / Math.abs(unit.y)];
-    const isLeft = action === PointerAction.Down ? event.button === 0 : (event.buttons & 1) !== 0;
-    const leftButton = Number(isLeft);
-    this.page.send((module) => module.pointer(control.surface.id, control.id, action, leftButton, x, y));
+    this.page.send((module) => module.pointer(control.surface, control.id, action, isLeft(event, action), x, y));
   }
 }

@@ -1,25 +1,24 @@
-// What the page calls. Surfaces and controls are named by number; a call for one that is gone does nothing.
-//
-// A text goes in through `argument` (room for its bytes) just before the call that takes it. A call that
-// may fail returns the error's number, 0 when all is well, and leaves the subject as the answer; so does a
-// call that gives a text.
+#include "hosts/web/exports.h"
+
 #include <algorithm>
-#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "control/LPctrl.h"
 #include "hosts/web/page_parameters.h"
 #include "hosts/web/web_host.h"
 #include "numbers/conversions.h"
-
-#define TABULON_EXPORT(name) [[clang::export_name(#name)]]
+#include "platform/look.h"
 
 namespace tabulon::web {
 
 using namespace platform;
+
+static_assert(LPctrl::fixed_width == measure::control_width * measure::twips_per_pixel &&
+              LPctrl::fixed_height == measure::control_height * measure::twips_per_pixel);
 
 namespace {
 
@@ -28,12 +27,12 @@ struct Page {
   WebHost host;
   Desk desk{host};
   basSafeCtl model;
-  std::map<int, std::unique_ptr<LPctrl>> elements;
+  std::vector<std::unique_ptr<LPctrl>> elements;
   std::string argument, answer;
 
   LPctrl* element(int id) const {
-    const auto found = elements.find(id);
-    return found != elements.end() ? found->second.get() : nullptr;
+    const auto found = std::ranges::find(elements, host.surface(id), &std::unique_ptr<LPctrl>::get);
+    return found != elements.end() ? found->get() : nullptr;
   }
   std::string take_argument() { return std::exchange(argument, {}); }
   int finish(const Result<>& result) {
@@ -46,19 +45,42 @@ struct Page {
 // Lives as long as the page does; nothing is there to tidy up after it.
 [[clang::no_destroy]] Page page;
 
-// The methods that may wait for the person. `given` is what the script gives.
-struct Method {
-  std::string_view name;
-  Task<> (*run)(LPctrl& element, const std::string& given);
-};
+Task<> start_method(LPctrl& element, Method method) {
+  switch (method) {
+    case Method::ShowAboutBox:
+      return element.ShowAboutBox();
+    case Method::ShowfrmMelding:
+      return element.ShowfrmMelding();
+    case Method::ShowfrmFoutmelding:
+      return element.ShowfrmFoutmelding();
+    case Method::ShowfrmPivotelement:
+      return element.ShowfrmPivotelement();
+  }
+}
 
-constexpr Method methods[] = {
-    {"ShowAboutBox", [](LPctrl& element, const std::string&) { return element.ShowAboutBox(); }},
-    {"ShowfrmMelding", [](LPctrl& element, const std::string&) { return element.ShowfrmMelding(); }},
-    {"ShowfrmFoutmelding", [](LPctrl& element, const std::string&) { return element.ShowfrmFoutmelding(); }},
-    {"ShowfrmPivotelement",
-     [](LPctrl& element, const std::string&) { return element.ShowfrmPivotelement(); }},
-};
+PropertyValue value_of(Given given, double number, const std::string& text) {
+  switch (given) {
+    case Given::Number:
+      return number;
+    case Given::Truth:
+      return number != 0;
+    case Given::Text:
+      return text;
+  }
+}
+
+Pointer::Action action_of(PointerAction action) {
+  switch (action) {
+    case PointerAction::Down:
+      return Pointer::Action::Down;
+    case PointerAction::Move:
+      return Pointer::Action::Move;
+    case PointerAction::Up:
+      return Pointer::Action::Up;
+    case PointerAction::Lost:
+      return Pointer::Action::Lost;
+  }
+}
 
 // Cuts "name NUL rest" in two.
 std::pair<std::string, std::string> cut(const std::string& listing) {
@@ -88,34 +110,28 @@ ScrollBar* bar_of(int surface, int control) {
 
 }  // namespace
 
-extern "C" {
-
 // ---- Texts in and out
 
-TABULON_EXPORT(argument) char* tabulon_argument(std::size_t size) {
-  page.argument.resize(size);
-  return page.argument.data();
+address Exports::argument(size length) {
+  page.argument.resize(length);
+  return reinterpret_cast<address>(page.argument.data());
 }
 
-TABULON_EXPORT(answer_at) const char* tabulon_answer_at() {
-  return page.answer.data();
+address Exports::answer_at() {
+  return reinterpret_cast<address>(page.answer.data());
 }
-TABULON_EXPORT(answer_size) std::size_t tabulon_answer_size() {
+size Exports::answer_size() {
   return page.answer.size();
 }
 
 // ---- An element's life
 
-TABULON_EXPORT(create) int tabulon_create() {
-  auto element = std::make_unique<LPctrl>(page.desk, page.model);
-  const int id = page.host.add(*element);
-  page.elements.emplace(id, std::move(element));
-  return id;
+int Exports::create() {
+  page.elements.push_back(std::make_unique<LPctrl>(page.desk, page.model));
+  return page.host.add(*page.elements.back());
 }
 
-// Initialize, the parameters (the argument, see PageParameters), Show. The error is that of the parameters;
-// the answer is its subject, or else the names of the parameters that nobody reads.
-TABULON_EXPORT(start) int tabulon_start(int id) {
+int Exports::start(int id) {
   const PageParameters parameters(page.take_argument());
   LPctrl* const element = page.element(id);
   if (!element) return 0;
@@ -128,55 +144,48 @@ TABULON_EXPORT(start) int tabulon_start(int id) {
   return number;
 }
 
-// The element has left the page; it may come back.
-TABULON_EXPORT(abandon) void tabulon_abandon(int id) {
+void Exports::abandon(int id) {
   LPctrl* const element = page.element(id);
   if (!element) return;
   page.desk.abandon(*element);
   page.desk.leave(*element);
 }
 
-TABULON_EXPORT(destroy) void tabulon_destroy(int id) {
+void Exports::destroy(int id) {
   LPctrl* const element = page.element(id);
   if (!element) return;
   page.desk.abandon(*element);
   element->UserControl_Terminate();
   page.host.remove(*element);
-  page.elements.erase(id);
+  std::erase_if(page.elements, [&](const auto& each) { return each.get() == element; });
 }
 
 // ---- Scripts
 
-// The argument: the property's name, and after a NUL its text. `kind`: 0 a number, 1 a truth value, 2 a text.
-TABULON_EXPORT(set_property) int tabulon_set_property(int id, int kind, double number) {
+int Exports::set_property(int id, Given given, double number) {
   const auto [name, text] = cut(page.take_argument());
   LPctrl* const element = page.element(id);
   if (!element) return 0;
-  const PropertyValue value = kind == 2   ? PropertyValue(text)
-                              : kind == 1 ? PropertyValue(number != 0)
-                                          : PropertyValue(number);
-  return page.finish(element->set_property(name, value).value_or(Result<>{}));
+  return page.finish(element->set_property(name, value_of(given, number, text)).value_or(Result<>{}));
 }
 
-TABULON_EXPORT(InitTableau) int tabulon_InitTableau(int id) {
+int Exports::InitTableau(int id) {
   LPctrl* const element = page.element(id);
   return element ? page.finish(element->InitTableau()) : 0;
 }
 
-// The argument: the file's name.
-TABULON_EXPORT(SchrijfTableau) int tabulon_SchrijfTableau(int id) {
+int Exports::SchrijfTableau(int id) {
   const std::string name = page.take_argument();
   LPctrl* const element = page.element(id);
   return element ? page.finish(element->SchrijfTableau(name)) : 0;
 }
-TABULON_EXPORT(LeesTableau) int tabulon_LeesTableau(int id) {
+int Exports::LeesTableau(int id) {
   const std::string name = page.take_argument();
   LPctrl* const element = page.element(id);
   return element ? page.finish(element->LeesTableau(name)) : 0;
 }
 
-// The answer is the text.
-TABULON_EXPORT(strSoortGetal) int tabulon_strSoortGetal(int id, double Soort, double Getal) {
+int Exports::strSoortGetal(int id, double Soort, double Getal) {
   const LPctrl* const element = page.element(id);
   const Result<std::int16_t> kind = numbers::to_int16(Soort);
   if (!element) return 0;
@@ -185,94 +194,84 @@ TABULON_EXPORT(strSoortGetal) int tabulon_strSoortGetal(int id, double Soort, do
   return 0;
 }
 
-// The argument: the method's name, and after a NUL what is given. 0 when it has ended already, else a number
-// for which the page is told when it has.
-TABULON_EXPORT(call) int tabulon_call(int id) {
-  const auto [name, given] = cut(page.take_argument());
+int Exports::call(int id, Method method) {
   LPctrl* const element = page.element(id);
-  if (!element) return 0;
-  for (const Method& method : methods)
-    if (method.name == name) return page.desk.call(*element, method.run(*element, given));
-  return 0;
+  return element ? page.desk.call(*element, start_method(*element, method)) : 0;
 }
 
-// ---- Events; a `control` of -1 is the surface itself
+// ---- Events
 
-TABULON_EXPORT(click) bool tabulon_click(int surface, int control) {
-  if (Control* const found = page.host.control(surface, control)) return page.desk.click(*found);
-  Surface* const on = page.host.surface(surface);
-  return on && page.desk.click(*on);
+void Exports::click(int surface, int control) {
+  if (Control* const found = page.host.control(surface, control))
+    page.desk.click(*found);
+  else if (Surface* const on = page.host.surface(surface))
+    page.desk.click(*on);
 }
 
-TABULON_EXPORT(type) bool tabulon_type(int surface, int control) {
-  std::string text = page.take_argument();
+bool Exports::type(int surface, int control) {
+  const std::string text = page.take_argument();
   Control* const box = control_of(surface, control, Kind::TextBox);
-  return box && page.desk.type(static_cast<TextBox&>(*box), std::move(text));
+  if (!box) return false;
+  page.host.set_typed({box, text});
+  page.desk.type(static_cast<TextBox&>(*box), text);
+  page.host.set_typed({});
+  return box == page.host.control(surface, control) && box->text() == text;
 }
 
-TABULON_EXPORT(focus) bool tabulon_focus(int surface, int control) {
-  Control* const found = page.host.control(surface, control);
-  return found && page.desk.focus(*found);
+void Exports::focus(int surface, int control) {
+  if (Control* const found = page.host.control(surface, control)) page.desk.focus(*found);
 }
 
-TABULON_EXPORT(key) bool tabulon_key(int surface, int code, int shift) {
+bool Exports::key(int surface, int code, int modifiers) {
   Surface* const on = page.host.surface(surface);
-  return on && page.desk.key(*on, {code, shift});
+  return on && page.desk.key(*on, {code, modifiers});
 }
 
-TABULON_EXPORT(scroll) bool tabulon_scroll(int surface, int control, int value, bool dragging) {
+void Exports::scroll(int surface, int control, int value, bool dragging) {
+  if (ScrollBar* const bar = bar_of(surface, control)) page.desk.scroll(*bar, value, dragging);
+}
+
+void Exports::scroll_step(int surface, int control, int direction, bool page_wise) {
   ScrollBar* const bar = bar_of(surface, control);
-  return bar && page.desk.scroll(*bar, value, dragging);
+  if (!bar) return;
+  const int change = page_wise ? bar->large_change() : bar->small_change();
+  page.desk.scroll(*bar, bar->stepped(direction * change));
 }
 
-// One arrow, or with `page_wise` one page, towards the bar's end (1) or its beginning (-1).
-TABULON_EXPORT(scroll_step)
-bool tabulon_scroll_step(int surface, int control, int direction, bool page_wise) {
-  ScrollBar* const bar = bar_of(surface, control);
-  if (!bar) return false;
-  return page.desk.scroll(*bar,
-                          bar->stepped(direction * (page_wise ? bar->large_change() : bar->small_change())));
+void Exports::pointer(int surface, int control, PointerAction action, bool left_button, double x, double y) {
+  if (Control* const found = page.host.control(surface, control))
+    page.desk.pointer(*found, {action_of(action), left_button, x, y});
 }
 
-TABULON_EXPORT(pointer)
-bool tabulon_pointer(int surface, int control, int action, bool left_button, double x, double y) {
-  Control* const found = page.host.control(surface, control);
-  return found && page.desk.pointer(*found, {static_cast<Pointer::Action>(action), left_button, x, y});
-}
-
-TABULON_EXPORT(enter) void tabulon_enter(int surface) {
+void Exports::enter(int surface) {
   if (Surface* const on = page.host.surface(surface)) page.desk.enter(*on);
 }
 
-TABULON_EXPORT(leave) void tabulon_leave(int surface) {
+void Exports::leave(int surface) {
   if (Surface* const on = page.host.surface(surface)) page.desk.leave(*on);
 }
 
-TABULON_EXPORT(menu_point_at) void tabulon_menu_point_at(int item) {
+void Exports::menu_point_at(int item) {
   if (Menu* const found = menu_item(item)) page.desk.menu_point_at(*found);
 }
 
-TABULON_EXPORT(menu_choose) void tabulon_menu_choose(int item) {
+void Exports::menu_choose(int item) {
   if (Menu* const found = menu_item(item)) page.desk.menu_choose(*found);
 }
 
-TABULON_EXPORT(menu_dismiss) void tabulon_menu_dismiss() {
+void Exports::menu_dismiss() {
   page.desk.menu_dismiss();
 }
 
 // ---- Answers
 
-TABULON_EXPORT(answer) void tabulon_answer(int ticket) {
+void Exports::answer(int ticket) {
   page.desk.answer(ticket, page.take_argument());
 }
 
-// The argument: a file's name, and after a NUL its bytes.
-TABULON_EXPORT(put_file) void tabulon_put_file() {
+void Exports::put_file() {
   auto [name, content] = cut(page.take_argument());
   page.host.web_files().put(name, std::move(content));
 }
-}
 
 }  // namespace tabulon::web
-
-#undef TABULON_EXPORT

@@ -1,12 +1,6 @@
 // Asking for a file and saving one, with what the browser has for it.
+import { FilePurpose, type FileQuestion, type WrittenFile } from "#wire";
 import { make } from "./dom.js";
-import type { Page } from "./page.js";
-import type { RecordReader } from "./record.js";
-
-enum Purpose {
-  Open,
-  Save,
-}
 
 const usualName = "tableau.tbl";
 const mediaType = "text/plain";
@@ -19,19 +13,15 @@ interface SavePicker {
   }): Promise<FileSystemFileHandle>;
 }
 
-interface Question {
-  readonly purpose: Purpose;
+// The browser gives its dialogs titles of its own.
+interface Kind {
   readonly description: string;
   readonly extension: string;
-  // What cancelling answers.
-  readonly fileName: string;
 }
 
-function readQuestion(record: RecordReader): Question {
-  const purpose = record.u8();
-  record.text(); // the browser gives its dialogs titles of its own
-  const [description = "", pattern = ""] = record.text().split("|");
-  return { purpose, description, extension: pattern.replace("*", ""), fileName: record.text() };
+function kindOf(filter: string): Kind {
+  const [description = "", pattern = ""] = filter.split("|");
+  return { description, extension: pattern.replace("*", "") };
 }
 
 function download(name: string, content: Blob): void {
@@ -55,25 +45,24 @@ function pickFile(extension: string): Promise<File | undefined> {
 }
 
 export class Files {
-  readonly #page: Page;
+  readonly #picked: (name: string, content: Uint8Array) => void;
   readonly #handles = new Map<string, FileSystemFileHandle>();
 
-  constructor(page: Page) {
-    this.#page = page;
+  // `picked` takes the content of a file that the person wants to open.
+  constructor(picked: (name: string, content: Uint8Array) => void) {
+    this.#picked = picked;
   }
 
-  async ask(record: RecordReader, ticket: number): Promise<void> {
-    const question = readQuestion(record);
-    const name = await (question.purpose === Purpose.Save
-      ? this.#askWhereToSave(question)
-      : this.#askWhatToOpen(question));
-    this.#page.answer(ticket, name ?? question.fileName);
+  // Resolves to the name; cancelling answers the name that the question came with.
+  async ask({ purpose, filter, fileName }: FileQuestion): Promise<string> {
+    const kind = kindOf(filter);
+    const name = await (purpose === FilePurpose.Save ? this.#askWhereToSave(kind) : this.#askWhatToOpen(kind));
+    return name ?? fileName;
   }
 
   // Writes where the person has said, else downloads.
-  async write(record: RecordReader): Promise<void> {
-    const name = record.text();
-    const content = new Blob([record.bytes().slice()], { type: mediaType });
+  async write({ name, content: bytes }: WrittenFile): Promise<void> {
+    const content = new Blob([bytes.slice()], { type: mediaType });
     // What the person has picked is for this once: a script that uses the name again gets no say over it.
     const handle = this.#handles.get(name);
     this.#handles.delete(name);
@@ -87,7 +76,7 @@ export class Files {
     }
   }
 
-  async #askWhereToSave({ description, extension }: Question): Promise<string | undefined> {
+  async #askWhereToSave({ description, extension }: Kind): Promise<string | undefined> {
     const { showSaveFilePicker } = window as SavePicker;
     if (!showSaveFilePicker) return usualName;
     try {
@@ -101,18 +90,10 @@ export class Files {
     }
   }
 
-  async #askWhatToOpen({ extension }: Question): Promise<string | undefined> {
+  async #askWhatToOpen({ extension }: Kind): Promise<string | undefined> {
     const file = await pickFile(extension);
     if (!file) return undefined;
-    const content = new Uint8Array(await file.arrayBuffer());
-    const name = new TextEncoder().encode(`${file.name}\0`);
-    const listing = new Uint8Array(name.length + content.length);
-    listing.set(name);
-    listing.set(content, name.length);
-    this.#page.send((module) => {
-      this.#page.module.giveBytes(listing);
-      module.put_file();
-    });
+    this.#picked(file.name, new Uint8Array(await file.arrayBuffer()));
     return file.name;
   }
 }

@@ -1,36 +1,47 @@
 // An open form: a modal dialog over the control.
+import { Key } from "#shared";
+import type { OpenedSurface, SurfaceChange } from "#wire";
+import type { ControlView } from "./control_view.js";
 import { make } from "./dom.js";
-import { SurfaceView } from "./surface_view.js";
-import { escapeKey } from "./keys.js";
-import type { ElementView } from "./element_view.js";
+import type { Send } from "./module.js";
 import type { RecordReader } from "./record.js";
+import { Around } from "./styles.js";
+import { SurfaceView } from "./surface_view.js";
 
-const titleHeight = 32;
-const border = 1;
 const leastMargin = 8;
 
 export class FormView extends SurfaceView {
   readonly dialog = make("dialog", "form");
   readonly #title = make("div", "title");
+  // What the form opens over.
+  readonly #below: HTMLElement;
+  #hasClosed = false;
 
-  constructor(element: ElementView, id: number, name: string, width: number, height: number) {
-    super(element, id, name, width, height);
-    this.ground.id = `form${id}`;
-    this.#title.id = `title${id}`;
-    this.dialog.dataset.name = name;
+  constructor(
+    opened: OpenedSurface,
+    root: ShadowRoot,
+    below: HTMLElement,
+    send: Send,
+    introduced: (control: ControlView) => void,
+  ) {
+    super(opened, send, introduced);
+    this.#below = below;
+    this.ground.id = `form${opened.id}`;
+    this.#title.id = `title${opened.id}`;
+    this.dialog.dataset.name = opened.name;
     this.dialog.tabIndex = -1;
     this.dialog.setAttribute("aria-labelledby", this.#title.id);
     // The form decides when it closes.
     this.dialog.setAttribute("closedby", "none");
     this.dialog.addEventListener("cancel", (event) => event.preventDefault());
-    this.dialog.addEventListener("close", () => this.#refuseToClose());
+    this.dialog.addEventListener("close", () => this.#refuseToClose(send));
     this.dialog.append(this.#title, this.ground);
-    element.root.append(this.dialog);
+    root.append(this.dialog);
   }
 
-  override apply(record: RecordReader): void {
-    super.apply(record);
-    this.#title.textContent = this.caption;
+  override apply(change: SurfaceChange, record: RecordReader): void {
+    super.apply(change, record);
+    this.#title.textContent = change.caption;
     // What only tells something is read out when it opens.
     const onlyTells = !this.controls.some(
       ({ node }) => node instanceof HTMLInputElement && !node.classList.contains("aside"),
@@ -53,23 +64,24 @@ export class FormView extends SurfaceView {
   }
 
   close(): void {
+    this.#hasClosed = true;
     this.dialog.close();
     this.dialog.remove();
   }
 
   #placeOverControl(): void {
-    const control = this.element.surface.ground.getBoundingClientRect();
-    const width = this.width + 2 * border;
-    const height = this.height + titleHeight + 2 * border;
+    const control = this.#below.getBoundingClientRect();
+    const width = this.width + 2 * Around.formBorder;
+    const height = this.height + Around.formTitle + 2 * Around.formBorder;
     const within = (at: number, room: number) => Math.round(Math.max(leastMargin, Math.min(at, room - leastMargin)));
     this.dialog.style.left = `${within(control.left + (control.width - width) / 2, innerWidth - width)}px`;
     this.dialog.style.top = `${within(control.top + (control.height - height) / 2, innerHeight - height)}px`;
   }
 
   // A browser may close a dialog by a gesture of its own: that is the form's Escape.
-  #refuseToClose(): void {
-    if (this.dialog.open || !this.element.forms.includes(this)) return;
-    this.send((module) => module.key(this.id, escapeKey, 0));
-    if (this.element.forms.includes(this)) this.show();
+  #refuseToClose(send: Send): void {
+    if (this.dialog.open || this.#hasClosed) return;
+    send((module) => module.key(this.id, Key.escape, 0));
+    if (!this.#hasClosed) this.show();
   }
 }

@@ -1,23 +1,24 @@
-// Keys as the control names them (platform/keys.h).
+// Keys as the control names them (platform/keys.def).
+import { Key, Modifier } from "#shared";
 
-const codes: Record<string, number> = {
-  Backspace: 8,
-  Tab: 9,
-  Enter: 13,
-  Escape: 27,
-  " ": 32,
-  PageUp: 33,
-  PageDown: 34,
-  End: 35,
-  Home: 36,
-  ArrowLeft: 37,
-  ArrowUp: 38,
-  ArrowRight: 39,
-  ArrowDown: 40,
-  F10: 121,
-};
+const names = {
+  [Key.back]: "Backspace",
+  [Key.tab]: "Tab",
+  [Key.enter]: "Enter",
+  [Key.escape]: "Escape",
+  [Key.space]: " ",
+  [Key.pageUp]: "PageUp",
+  [Key.pageDown]: "PageDown",
+  [Key.end]: "End",
+  [Key.home]: "Home",
+  [Key.left]: "ArrowLeft",
+  [Key.up]: "ArrowUp",
+  [Key.right]: "ArrowRight",
+  [Key.down]: "ArrowDown",
+  [Key.f10]: "F10",
+} satisfies Record<Key, string>;
 
-export const escapeKey = 27;
+const codes = new Map(Object.entries(names).map(([code, name]) => [name, Number(code)]));
 
 const letterOrDigit = (text: string) => /^[a-z0-9]$/i.test(text);
 
@@ -25,9 +26,10 @@ const letterOrDigit = (text: string) => /^[a-z0-9]$/i.test(text);
 // place of the key tells the letter.
 export function keyCode({ key, code }: KeyboardEvent): number {
   if (letterOrDigit(key)) return key.toUpperCase().charCodeAt(0);
-  if (codes[key] !== undefined) return codes[key];
+  const named = codes.get(key);
+  if (named) return named;
   return /^(Key[A-Z]|Digit[0-9])$/.test(code) ? code.charCodeAt(code.length - 1) : 0;
 }
 
 export const modifiers = ({ shiftKey, ctrlKey, altKey }: KeyboardEvent): number =>
-  Number(shiftKey) + 2 * Number(ctrlKey) + 4 * Number(altKey);
+  Number(shiftKey) * Modifier.shift + Number(ctrlKey) * Modifier.ctrl + Number(altKey) * Modifier.alt;

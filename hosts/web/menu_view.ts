@@ -1,20 +1,14 @@
 // The open pop-up menu and its submenus. What keys and pointing do is decided by the module; this shows it.
+import { Measure } from "#shared";
+import { type MenuChange, type MenuItem, type OpenMenu, type Reader, readMenuItem, readOpenMenu } from "#wire";
 import { plainCaption, writeCaption } from "./captions.js";
-import { twipsPerPixel } from "./control_view.js";
 import { make } from "./dom.js";
-import type { ElementView } from "./element_view.js";
-import type { RecordReader } from "./record.js";
-
-// The bits of item_state (mirror.cpp).
-const separator = 1;
-const enabled = 2;
-const checkable = 4;
-const checked = 8;
-const hasSubmenu = 16;
-const standsOpen = 32;
-const highlighted = 64;
+import type { Send } from "./module.js";
+import { Around } from "./styles.js";
 
 const leastMargin = 4;
+// A submenu lies over the edge of the menu that it belongs to.
+const overlap = 3;
 
 interface Item {
   readonly id: number;
@@ -27,13 +21,6 @@ interface Level {
   readonly items: Item[];
 }
 
-interface ItemState {
-  readonly id: number;
-  readonly state: number;
-  readonly name: string;
-  readonly caption: string;
-}
-
 interface Place {
   readonly left: number;
   readonly top: number;
@@ -41,29 +28,32 @@ interface Place {
   readonly otherLeft: number;
 }
 
-function readItems(record: RecordReader): ItemState[] {
-  return Array.from({ length: record.u16() }, () => ({
-    id: record.i32(),
-    state: record.u8(),
-    name: record.text(),
-    caption: record.text(),
-  }));
+// What a menu needs of the element that it is opened on.
+interface Opener {
+  readonly root: ShadowRoot;
+  readonly surface: { readonly ground: HTMLElement };
+  // Called before a press outside the menu closes it.
+  pressedOutsideMenu(event: Event): void;
 }
 
 export class MenuView {
   readonly #levels: Level[] = [];
   readonly #listening = new AbortController();
+  readonly #opener: Opener;
+  readonly #send: Send;
 
-  constructor(readonly element: ElementView) {
-    const { page } = element;
+  constructor(opener: Opener, send: Send) {
+    this.#opener = opener;
+    this.#send = send;
     const { signal } = this.#listening;
+    const dismiss = () => send((module) => module.menu_dismiss());
     const pressed = (event: Event) => {
       if (event.composedPath().some((node) => this.#levels.some((level) => level.node === node))) return;
-      element.pressedOutsideMenu(event);
-      page.dismissMenu();
+      opener.pressedOutsideMenu(event);
+      dismiss();
     };
     document.addEventListener("pointerdown", pressed, { capture: true, signal });
-    window.addEventListener("blur", () => page.dismissMenu(), { signal });
+    window.addEventListener("blur", dismiss, { signal });
   }
 
   // What has the focus while the menu is open.
@@ -71,16 +61,15 @@ export class MenuView {
     return this.#levels.at(-1)?.node;
   }
 
-  // Reads what write_menu (mirror.cpp) wrote, from the place on.
-  apply(record: RecordReader): void {
-    const [x, y] = [record.f64() / twipsPerPixel, record.f64() / twipsPerPixel];
-    const count = record.u8();
-    for (let depth = 0; depth < count; ++depth) {
-      const [menu, caption, items] = [record.i32(), record.text(), readItems(record)];
-      if (this.#levels[depth]?.menu !== menu) this.#open(depth, menu, caption, items, x, y);
+  // The record goes on with the open menus, each with its items.
+  apply({ x, y, open }: MenuChange, record: Reader): void {
+    for (let depth = 0; depth < open; ++depth) {
+      const menu = readOpenMenu(record);
+      const items = Array.from({ length: menu.items }, () => readMenuItem(record));
+      if (this.#levels[depth]?.menu !== menu.id) this.#open(depth, menu, items, x, y);
       this.#update(this.#levels[depth]!, items);
     }
-    this.#closeFrom(count);
+    this.#closeFrom(open);
   }
 
   close(): void {
@@ -92,7 +81,7 @@ export class MenuView {
     for (const level of this.#levels.splice(depth)) level.node.remove();
   }
 
-  #open(depth: number, menu: number, caption: string, items: ItemState[], x: number, y: number): void {
+  #open(depth: number, { id: menu, caption }: OpenMenu, items: MenuItem[], x: number, y: number): void {
     this.#closeFrom(depth);
     const node = make("div", "menu");
     node.setAttribute("role", "menu");
@@ -102,53 +91,54 @@ export class MenuView {
     const level = { menu, node, items: items.map((item) => this.#makeItem(item)) };
     node.append(...level.items.map((item) => item.node));
     this.#levels.push(level);
-    this.element.root.append(node);
+    this.#opener.root.append(node);
     node.showPopover();
     this.#place(node, depth === 0 ? this.#placeOnControl(x, y) : this.#placeBeside(depth, menu));
   }
 
-  #makeItem({ id, state, name, caption }: ItemState): Item {
-    const node = make("div", state & separator ? "separator" : "item");
+  #makeItem({ id, name, caption, isSeparator, checkable, hasSubmenu }: MenuItem): Item {
+    const node = make("div", isSeparator ? "separator" : "item");
     node.dataset.name = name;
     node.id = `item${id}`;
-    node.setAttribute("role", state & separator ? "separator" : state & checkable ? "menuitemcheckbox" : "menuitem");
-    if (state & separator) return { id, node };
-    if (state & hasSubmenu) node.ariaHasPopup = "menu";
+    node.setAttribute("role", isSeparator ? "separator" : checkable ? "menuitemcheckbox" : "menuitem");
+    if (isSeparator) return { id, node };
+    if (hasSubmenu) node.ariaHasPopup = "menu";
     const text = make("span", "");
     writeCaption(text, caption);
     node.append(text);
-    const { page } = this.element;
     node.addEventListener("pointermove", (event) => {
       if (event.pointerType !== "mouse" || node.classList.contains("highlighted")) return;
-      page.send((module) => module.menu_point_at(id));
+      this.#send((module) => module.menu_point_at(id));
     });
-    node.addEventListener("click", () => page.send((module) => module.menu_choose(id)));
+    node.addEventListener("click", () => this.#send((module) => module.menu_choose(id)));
     return { id, node };
   }
 
-  #update(level: Level, states: ItemState[]): void {
+  #update(level: Level, items: MenuItem[]): void {
     level.node.removeAttribute("aria-activedescendant");
-    states.forEach(({ state, id }, at) => {
+    items.forEach((item, at) => {
       const { node } = level.items[at]!;
-      if (state & separator) return;
-      node.ariaDisabled = String(!(state & enabled));
-      if (state & checkable) node.ariaChecked = String(Boolean(state & checked));
-      if (state & hasSubmenu) node.ariaExpanded = String(Boolean(state & standsOpen));
-      node.classList.toggle("highlighted", Boolean(state & (highlighted | standsOpen)));
-      if (state & highlighted) level.node.setAttribute("aria-activedescendant", `item${id}`);
+      if (item.isSeparator) return;
+      node.ariaDisabled = String(!item.enabled);
+      if (item.checkable) node.ariaChecked = String(item.checked);
+      if (item.hasSubmenu) node.ariaExpanded = String(item.standsOpen);
+      node.classList.toggle("highlighted", item.highlighted || item.standsOpen);
+      if (item.highlighted) level.node.setAttribute("aria-activedescendant", `item${item.id}`);
     });
   }
 
   #placeOnControl(x: number, y: number): Place {
-    const control = this.element.surface.ground.getBoundingClientRect();
-    return { left: control.left + x, top: control.top + y, otherLeft: innerWidth };
+    const control = this.#opener.surface.ground.getBoundingClientRect();
+    const [left, top] = [control.left + x / Measure.twipsPerPixel, control.top + y / Measure.twipsPerPixel];
+    return { left, top, otherLeft: innerWidth };
   }
 
   #placeBeside(depth: number, menu: number): Place {
     const parent = this.#levels[depth - 1]!;
     const item = parent.items.find(({ id }) => id === menu)!.node.getBoundingClientRect();
     const all = parent.node.getBoundingClientRect();
-    return { left: all.right - 3, top: item.top - 5, otherLeft: all.left + 3 };
+    const top = item.top - Around.menuPadding - Around.menuBorder;
+    return { left: all.right - overlap, top, otherLeft: all.left + overlap };
   }
 
   // Within the window, and with the page when it is scrolled.

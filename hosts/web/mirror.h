@@ -1,6 +1,8 @@
-// Controls, menus and drawings as records for the page.
+// Controls and menus as records for the page.
 #pragma once
 
+#include <cstdint>
+#include <string_view>
 #include <vector>
 
 #include "hosts/web/record.h"
@@ -12,15 +14,17 @@ namespace tabulon::web {
 // other properties when it is seen for the first time: most of a large grid never is.
 enum class Known : std::uint8_t { Not, ByName, Wholly };
 
-// Writes the marked properties of the surface's controls, and forgets the marks. Record: surface, active
-// control or -1, caption; then for each control its id, its property bits (and whether it is introduced
-// here), and the values in the order of the bits.
-void write_surface(Record& record, int id, platform::Surface& surface, std::vector<Known>& known);
+// What the person is typing: the page shows it already, and is not told of it again.
+struct Typed {
+  const platform::Control* box = nullptr;
+  std::string_view text{};
+};
 
-// The open menus with their items, outermost first.
+// A SurfaceChange: the marked properties of the surface's controls. Their marks are forgotten.
+void write_surface(Record& record, int id, platform::Surface& surface, std::vector<Known>& known,
+                   const Typed& typed);
+
+// A MenuChange: the open menus with their items.
 void write_menu(Record& record, int surface, const platform::MenuSession& menu);
-
-// A scale and what is drawn in it.
-void write_drawing(Record& record, const platform::Scale& scale, const platform::DisplayList& drawing);
 
 }  // namespace tabulon::web

@@ -1,67 +1,24 @@
-// The WebAssembly module: what it asks of the page, what the page asks of it, and how texts go in and out.
+// The WebAssembly module, and how texts go into it and out of it.
 import deflated from "tabulon.wasm";
-
-// page.h
-export interface Imports {
-  open_surface(record: number, size: number): void;
-  close_surface(surface: number): void;
-  mirror(record: number, size: number): void;
-  show_menu(record: number, size: number): void;
-  close_menu(): void;
-  set_busy(surface: number, busy: number): void;
-  take_focus(surface: number): number;
-  seconds_since_midnight(): number;
-  yield_due(): number;
-  wake_after(milliseconds: number, ticket: number): void;
-  wake_after_repaint(ticket: number): void;
-  wake_after_events(ticket: number): void;
-  beep(): void;
-  show_file_dialog(record: number, size: number, ticket: number): void;
-  write_file(record: number, size: number): void;
-  clear_clipboard(): void;
-  copy_picture(record: number, size: number, ticket: number): void;
-  report(surface: number, error: number, subject: number, size: number): void;
-  call_ended(call: number): void;
-}
-
-// exports.cpp
-export interface Exports {
-  memory: WebAssembly.Memory;
-  _initialize(): void;
-  argument(size: number): number;
-  answer_at(): number;
-  answer_size(): number;
-  create(): number;
-  start(element: number): number;
-  abandon(element: number): void;
-  destroy(element: number): void;
-  set_property(element: number, kind: number, value: number): number;
-  InitTableau(element: number): number;
-  SchrijfTableau(element: number): number;
-  LeesTableau(element: number): number;
-  strSoortGetal(element: number, Soort: number, Getal: number): number;
-  call(element: number): number;
-  click(surface: number, control: number): number;
-  type(surface: number, control: number): number;
-  focus(surface: number, control: number): number;
-  key(surface: number, code: number, shift: number): number;
-  scroll(surface: number, bar: number, value: number, dragging: number): number;
-  scroll_step(surface: number, bar: number, direction: number, page: number): number;
-  pointer(surface: number, control: number, action: number, left: number, x: number, y: number): number;
-  enter(surface: number): void;
-  leave(surface: number): void;
-  menu_point_at(item: number): void;
-  menu_choose(item: number): void;
-  menu_dismiss(): void;
-  answer(ticket: number): void;
-  put_file(): void;
-}
+import type { Exports, Imports } from "#wire";
 
 const encoder = new TextEncoder();
 const decoder = new TextDecoder();
 
+// Calls the module, and does what it asked for when it has returned. What a call takes as a text is given just
+// before it, and what it answers is read just after.
+export type Send = <Result>(call: (module: Exports, texts: Texts) => Result) => Result;
+
+export interface Texts {
+  // Gives the texts to the next call, with a NUL between them.
+  give(...texts: string[]): void;
+  // A file's name, and after a NUL its bytes.
+  giveFile(name: string, content: Uint8Array): void;
+  answer(): string;
+}
+
 // Texts and bytes in the module's memory, which moves when it grows: it is looked up each time.
-export class Module {
+export class Module implements Texts {
   constructor(readonly exports: Exports) {}
 
   // A copy of what the module lends.
@@ -73,14 +30,21 @@ export class Module {
     return decoder.decode(this.copy(at, size));
   }
 
-  // Gives the texts to the next call, with a NUL between them.
   give(...texts: string[]): void {
-    this.giveBytes(encoder.encode(texts.join("\0")));
+    this.#give(encoder.encode(texts.join("\0")));
   }
 
-  giveBytes(bytes: Uint8Array): void {
-    const at = this.exports.argument(bytes.length);
-    new Uint8Array(this.exports.memory.buffer, at, bytes.length).set(bytes);
+  giveFile(name: string, content: Uint8Array): void {
+    this.#give(encoder.encode(`${name}\0`), content);
+  }
+
+  #give(...parts: Uint8Array[]): void {
+    const length = parts.reduce((sum, part) => sum + part.length, 0);
+    let at = this.exports.argument(length);
+    for (const part of parts) {
+      new Uint8Array(this.exports.memory.buffer, at, part.length).set(part);
+      at += part.length;
+    }
   }
 
   answer(): string {
@@ -109,7 +73,7 @@ function inflated(): Response {
 
 export async function loadModule(imports: Imports): Promise<Module> {
   const { instance } = await WebAssembly.instantiateStreaming(inflated(), { tabulon: { ...imports } });
-  const module = new Module(instance.exports as unknown as Exports);
+  const module = new Module(instance.exports as Exports);
   module.exports._initialize();
   return module;
 }

@@ -6,26 +6,27 @@
 //
 // What the module asks to be seen is done after it has returned, in the order in which it was asked, once.
 // So nothing of the page's own (its listeners, its focus) runs while the module does.
+import {
+  type Exports,
+  type Imports,
+  type Method,
+  type OpenedSurface,
+  readCopiedPicture,
+  readFileQuestion,
+  readMenuChange,
+  readOpenedSurface,
+  readSurfaceChange,
+  readWrittenFile,
+} from "#wire";
 import { playBeep } from "./beep.js";
 import { clearClipboard, copyPicture } from "./clipboard.js";
-import { ElementView } from "./element_view.js";
+import { Clock, secondsSinceMidnight } from "./clock.js";
+import { ElementView, type Surroundings } from "./element_view.js";
 import { TabulonError } from "./errors.js";
 import { Files } from "./files.js";
-import { FormView } from "./form_view.js";
 import { MenuView } from "./menu_view.js";
-import { loadModule, type Exports, type Imports, type Module } from "./module.js";
+import { loadModule, type Module, type Send, type Texts } from "./module.js";
 import { RecordReader } from "./record.js";
-import type { SurfaceView } from "./surface_view.js";
-
-// As long as a handler may hold the page before a person would notice, in milliseconds.
-const longestRun = 10;
-// A page that is not seen paints nothing; then this many milliseconds stand for a repaint.
-const longestRepaint = 100;
-
-function secondsSinceMidnight(): number {
-  const now = new Date();
-  return now.getHours() * 3600 + now.getMinutes() * 60 + now.getSeconds() + now.getMilliseconds() / 1000;
-}
 
 interface Creating {
   readonly host: HTMLElement;
@@ -38,53 +39,57 @@ interface Call {
   readonly ended: () => void;
 }
 
-export class Page {
-  module!: Module;
+export class Page implements Surroundings {
+  #module!: Module;
   menu: MenuView | undefined;
+  // The element that the menu is opened on.
+  #menuOwner: ElementView | undefined;
   // The element that has the focus, or had it when the window last had it.
-  focused: ElementView | undefined;
-  // While true, what happens to the page's focus is our own doing.
+  #focused: ElementView | undefined;
   applying = false;
 
-  // Held weakly: an element that its page has forgotten goes with all that it shows.
-  readonly #surfaces = new Map<number, WeakRef<SurfaceView>>();
+  // The elements by the numbers of their surfaces. Held weakly: an element that its page has forgotten goes with
+  // all that it shows.
+  readonly #elements = new Map<number, WeakRef<ElementView>>();
   readonly #forgotten = new FinalizationRegistry<number>((id) => {
-    this.#surfaces.delete(id);
+    this.#elements.delete(id);
     this.send((module) => module.destroy(id));
   });
-  readonly #forms: FormView[] = [];
+  // The elements with an open form, once for each form, in the order in which they opened.
+  readonly #withForms: ElementView[] = [];
   readonly #calls = new Map<number, Call>();
   readonly #queue: (() => void)[] = [];
-  readonly #macrotask = new MessageChannel();
-  readonly #files = new Files(this);
+  readonly #clock = new Clock((ticket) => this.#answer(ticket));
+  readonly #files = new Files((name, content) =>
+    this.send((module, texts) => {
+      texts.giveFile(name, content);
+      module.put_file();
+    }),
+  );
   #creating: Creating | undefined;
   #depth = 0;
   #draining = false;
-  #entered = 0;
 
   static async load(): Promise<Page> {
     const page = new Page();
-    page.module = await loadModule(page.#imports());
+    page.#module = await loadModule(page.#imports());
     return page;
   }
 
-  private constructor() {
-    this.#macrotask.port1.onmessage = ({ data }) => this.answer(data as number);
-  }
+  private constructor() {}
 
-  // Calls the module, and does what it asked for when it has returned.
-  send<Result>(call: (module: Exports) => Result): Result {
-    if (this.#depth++ === 0) this.#entered = performance.now();
+  readonly send: Send = <Result>(call: (module: Exports, texts: Texts) => Result): Result => {
+    if (this.#depth++ === 0) this.#clock.start();
     try {
-      return call(this.module.exports);
+      return call(this.#module.exports, this.#module);
     } finally {
       if (--this.#depth === 0) this.#drain();
     }
-  }
+  };
 
-  answer(ticket: number, text = ""): void {
-    this.send((module) => {
-      this.module.give(text);
+  #answer(ticket: number, text = ""): void {
+    this.send((module, texts) => {
+      texts.give(text);
       module.answer(ticket);
     });
   }
@@ -101,12 +106,11 @@ export class Page {
   }
 
   // Starts a method; resolves when it has ended.
-  call(element: ElementView, name: string, given: string): Promise<void> {
+  call(element: ElementView, method: Method): Promise<void> {
     return new Promise((ended) => {
       const { id } = element.surface;
       this.send((module) => {
-        this.module.give(name, given);
-        const call = module.call(id);
+        const call = module.call(id, method);
         if (call) this.#calls.set(call, { element: id, ended });
         else ended();
       });
@@ -128,25 +132,21 @@ export class Page {
 
   entered(element: ElementView): void {
     element.hasFocus = true;
-    this.focused = element;
+    this.#focused = element;
     this.send((module) => module.enter(element.surface.id));
   }
 
   left(element: ElementView): void {
     this.#loseFocus(element);
     this.send((module) => {
-      if (this.menu?.element === element) module.menu_dismiss();
+      if (this.#menuOwner === element) module.menu_dismiss();
       module.leave(element.surface.id);
     });
   }
 
-  dismissMenu(): void {
-    this.send((module) => module.menu_dismiss());
-  }
-
   #loseFocus(element: ElementView): void {
     element.hasFocus = false;
-    if (this.focused === element) this.focused = undefined;
+    if (this.#focused === element) this.#focused = undefined;
   }
 
   // ---- Afterwards
@@ -182,11 +182,11 @@ export class Page {
 
   // Puts the page's focus where the control on top has its own.
   #showFocus(): void {
-    const element = this.#forms.at(-1)?.element ?? this.focused;
+    const element = this.#withForms.at(-1) ?? this.#focused;
     if (!element?.host.isConnected) return;
     this.#apply(() => {
       for (const form of element.forms) form.show();
-      const menu = this.menu?.element === element ? this.menu.node : undefined;
+      const menu = this.#menuOwner === element ? this.menu?.node : undefined;
       const active = element.top.active;
       const target = menu ?? active?.node ?? element.forms.at(-1)?.dialog;
       if (target && element.root.activeElement !== target) target.focus({ preventScroll: true });
@@ -197,75 +197,65 @@ export class Page {
 
   // ---- What the module asks for
 
+  // The record is lent for the call alone.
   #record(at: number, size: number): RecordReader {
-    return new RecordReader(this.module.copy(at, size));
+    return new RecordReader(this.#module.copy(at, size));
   }
 
-  #surface(id: number): SurfaceView | undefined {
-    return this.#surfaces.get(id)?.deref();
+  #element(surface: number): ElementView | undefined {
+    return this.#elements.get(surface)?.deref();
   }
 
-  #open(record: RecordReader): void {
-    const [id, owner, width, height, name] = [record.i32(), record.i32(), record.f32(), record.f32(), record.text()];
-    const element = this.#surface(owner)?.element;
+  #open(opened: OpenedSurface): void {
+    let element = this.#element(opened.owner);
     if (element) {
-      const form = new FormView(element, id, name, width, height);
-      element.forms.push(form);
-      this.#forms.push(form);
-      this.#surfaces.set(id, new WeakRef(form));
+      element.openForm(opened);
+      this.#withForms.push(element);
     } else if (this.#creating) {
       const { host, root } = this.#creating;
-      const view = new ElementView(this, host, root, id, name, width, height);
-      this.#creating.view = view;
-      this.#surfaces.set(id, new WeakRef(view.surface));
+      element = this.#creating.view = new ElementView(this, host, root, opened);
     }
+    if (element) this.#elements.set(opened.id, new WeakRef(element));
   }
 
   #close(id: number): void {
-    const form = this.#surface(id);
-    this.#surfaces.delete(id);
-    if (!(form instanceof FormView)) return;
-    form.element.forms.splice(form.element.forms.indexOf(form), 1);
-    this.#forms.splice(this.#forms.indexOf(form), 1);
-    form.element.setBusy(id, false);
-    form.close();
+    const element = this.#element(id);
+    this.#elements.delete(id);
+    if (!element || id === element.surface.id) return;
+    this.#withForms.splice(this.#withForms.lastIndexOf(element), 1);
+    element.closeForm(id);
+  }
+
+  #mirror(record: RecordReader): void {
+    const change = readSurfaceChange(record);
+    this.#element(change.id)?.find(change.id)?.apply(change, record);
   }
 
   #showMenu(record: RecordReader): void {
-    const element = this.#surface(record.i32())?.element;
+    const change = readMenuChange(record);
+    const element = this.#element(change.surface);
     if (!element) return;
     if (!this.menu) {
-      this.menu = new MenuView(element);
+      this.menu = new MenuView(element, this.send);
+      this.#menuOwner = element;
       element.menuOpened();
     }
-    this.menu.apply(record);
+    this.menu.apply(change, record);
   }
 
   #closeMenu(): void {
     this.menu?.close();
-    this.menu = undefined;
+    this.menu = this.#menuOwner = undefined;
   }
 
   // Answers at once; the focus moves afterwards, with everything else.
   #takeFocus(id: number): boolean {
-    const element = this.#surface(id)?.element;
+    const element = this.#element(id);
     if (!element?.mayTakeFocus) return false;
     if (id !== element.surface.id) return true;
     element.hasFocus = true;
-    this.focused = element;
+    this.#focused = element;
     return true;
-  }
-
-  #wakeAfterRepaint(ticket: number): void {
-    const wake = () => this.#macrotask.port2.postMessage(ticket);
-    const frame = requestAnimationFrame(() => {
-      clearTimeout(otherwise);
-      wake();
-    });
-    const otherwise = setTimeout(() => {
-      cancelAnimationFrame(frame);
-      wake();
-    }, longestRepaint);
   }
 
   // An error that no script is there to catch.
@@ -277,43 +267,43 @@ export class Page {
   #imports(): Imports {
     return {
       open_surface: (at, size) => {
-        const record = this.#record(at, size);
-        this.afterwards(() => this.#open(record));
+        const opened = readOpenedSurface(this.#record(at, size));
+        this.afterwards(() => this.#open(opened));
       },
       close_surface: (id) => this.afterwards(() => this.#close(id)),
       mirror: (at, size) => {
         const record = this.#record(at, size);
-        this.afterwards(() => this.#surface(record.i32())?.apply(record));
+        this.afterwards(() => this.#mirror(record));
       },
       show_menu: (at, size) => {
         const record = this.#record(at, size);
         this.afterwards(() => this.#showMenu(record));
       },
       close_menu: () => this.afterwards(() => this.#closeMenu()),
-      set_busy: (id, busy) => this.#queue.push(() => this.#surface(id)?.element.setBusy(id, busy !== 0)),
-      take_focus: (id) => Number(this.#takeFocus(id)),
+      set_busy: (id, busy) => this.#queue.push(() => this.#element(id)?.setBusy(id, busy !== 0)),
+      take_focus: (id) => this.#takeFocus(id),
       seconds_since_midnight: secondsSinceMidnight,
-      yield_due: () => Number(performance.now() - this.#entered > longestRun),
-      wake_after: (milliseconds, ticket) => setTimeout(() => this.answer(ticket), milliseconds),
-      wake_after_repaint: (ticket) => this.#wakeAfterRepaint(ticket),
-      wake_after_events: (ticket) => this.#macrotask.port2.postMessage(ticket),
+      yield_due: () => this.#clock.yieldDue,
+      wake_after: (milliseconds, ticket) => this.#clock.after(milliseconds, ticket),
+      wake_after_repaint: (ticket) => this.#clock.afterRepaint(ticket),
+      wake_after_events: (ticket) => this.#clock.afterEvents(ticket),
       beep: playBeep,
       show_file_dialog: (at, size, ticket) => {
-        const record = this.#record(at, size);
-        this.#queue.push(() => this.#files.ask(record, ticket));
+        const question = readFileQuestion(this.#record(at, size));
+        this.#queue.push(() => this.#files.ask(question).then((name) => this.#answer(ticket, name)));
       },
       write_file: (at, size) => {
-        const record = this.#record(at, size);
-        this.#queue.push(() => this.#files.write(record));
+        const file = readWrittenFile(this.#record(at, size));
+        this.#queue.push(() => this.#files.write(file));
       },
       clear_clipboard: clearClipboard,
       copy_picture: (at, size, ticket) => {
-        const record = this.#record(at, size);
-        this.#queue.push(() => copyPicture(record).then((refusal) => this.answer(ticket, refusal)));
+        const picture = readCopiedPicture(this.#record(at, size));
+        this.#queue.push(() => copyPicture(picture).then((refusal) => this.#answer(ticket, refusal)));
       },
       report: (id, number, at, size) => {
-        const error = new TabulonError(number, this.module.text(at, size));
-        this.#queue.push(() => this.report(this.#surface(id)?.element.host, error));
+        const error = new TabulonError(number, this.#module.text(at, size));
+        this.#queue.push(() => this.report(this.#element(id)?.host, error));
       },
       call_ended: (call) => {
         this.#queue.push(() => {

@@ -1,10 +1,11 @@
 // Reads the records that the module writes (record.h), value after value.
+import type { Reader } from "#wire";
 
 const decoder = new TextDecoder();
 // Most texts are names and numbers; up to this many plain letters are faster read one by one.
 const shortText = 24;
 
-export class RecordReader {
+export class RecordReader implements Reader {
   readonly #bytes: Uint8Array;
   readonly #view: DataView;
   #at = 0;
@@ -55,6 +56,9 @@ export class RecordReader {
     const size = this.u32();
     const start = this.#skip(size);
     return this.#bytes.subarray(start, this.#at);
+  }
+  list<Value>(read: (record: Reader) => Value): readonly Value[] {
+    return Array.from({ length: this.u32() }, () => read(this));
   }
 
   #skip(size: number): number {

@@ -1,5 +1,5 @@
 // A scroll bar, or where there is no room for a thumb a pair of arrows.
-import { Kind, type ControlView } from "./control_view.js";
+import type { RangeValue } from "#wire";
 import { make, setAttribute } from "./dom.js";
 
 const firstRepeat = 400;
@@ -8,9 +8,17 @@ const shortestThumb = 14;
 // A bar whose track is shorter than this many times its width has arrows alone.
 const shortestTrack = 1.5;
 
+// What a bar asks of the control that it stands for.
+export interface Scrolling {
+  scroll(value: number): void;
+  // One arrow or one page towards the bar's end (1) or its beginning (-1).
+  step(direction: number, pageWise: boolean): void;
+}
+
 export class ScrollBarView {
-  readonly #control: ControlView;
+  readonly #node: HTMLElement;
   readonly #vertical: boolean;
+  readonly #scrolling: Scrolling;
   readonly #back = make("div", "arrow back");
   readonly #forward = make("div", "arrow forward");
   readonly #track = make("div", "track");
@@ -23,10 +31,10 @@ export class ScrollBarView {
   #timer: ReturnType<typeof setTimeout> | undefined;
   #wanted: number | undefined; // where the thumb is being dragged to, until the control has followed
 
-  constructor(control: ControlView) {
-    this.#control = control;
-    this.#vertical = control.kind === Kind.VScrollBar;
-    const { node } = control;
+  constructor(node: HTMLElement, vertical: boolean, scrolling: Scrolling) {
+    this.#node = node;
+    this.#vertical = vertical;
+    this.#scrolling = scrolling;
     node.classList.add(this.#vertical ? "vertical" : "horizontal");
     this.#track.append(this.#thumb);
     node.append(this.#back, this.#track, this.#forward);
@@ -35,9 +43,9 @@ export class ScrollBarView {
     this.#thumb.addEventListener("pointerdown", (event) => this.#drag(event));
   }
 
-  setRange(min: number, max: number, value: number, page: number): void {
-    [this.#min, this.#max, this.#value, this.#page] = [min, max, value, page];
-    const { node } = this.#control;
+  setRange({ min, max, value, largeChange }: RangeValue): void {
+    [this.#min, this.#max, this.#value, this.#page] = [min, max, value, largeChange];
+    const node = this.#node;
     node.ariaValueMin = String(Math.min(min, max));
     node.ariaValueMax = String(Math.max(min, max));
     node.ariaValueNow = String(value);
@@ -48,7 +56,7 @@ export class ScrollBarView {
     const [length, thickness] = this.#vertical ? [height, width] : [width, height];
     this.#length = length - 2 * thickness;
     const arrowsAlone = this.#length < shortestTrack * thickness;
-    const { node } = this.#control;
+    const node = this.#node;
     node.classList.toggle("spin", arrowsAlone);
     setAttribute(node, "role", arrowsAlone ? "spinbutton" : "scrollbar");
     // A pair of arrows has no orientation for who does not see it.
@@ -66,7 +74,7 @@ export class ScrollBarView {
   // The control can follow again: on to where the thumb was dragged in the meantime.
   follow(): void {
     if (this.#wanted === undefined || this.#wanted === this.#value) return;
-    this.#scroll(this.#wanted);
+    this.#scrolling.scroll(this.#wanted);
   }
 
   get #steps(): number {
@@ -86,16 +94,6 @@ export class ScrollBarView {
     else [style.left, style.width] = [at, length];
   }
 
-  #scroll(value: number): void {
-    const { surface, id } = this.#control;
-    surface.send((module) => module.scroll(surface.id, id, value, 1));
-  }
-
-  #step(direction: number, pageWise: boolean): void {
-    const { surface, id } = this.#control;
-    surface.send((module) => module.scroll_step(surface.id, id, direction, Number(pageWise)));
-  }
-
   #press(event: PointerEvent): void {
     if (event.button !== 0 || event.target === this.#thumb) return;
     const onTrack = event.target === this.#track;
@@ -103,12 +101,12 @@ export class ScrollBarView {
     const again = (delay: number) => {
       this.#timer = setTimeout(() => {
         again(nextRepeats);
-        if (!onTrack || this.#isBeyondThumb(event) === forward) this.#step(forward ? 1 : -1, onTrack);
+        if (!onTrack || this.#isBeyondThumb(event) === forward) this.#scrolling.step(forward ? 1 : -1, onTrack);
       }, delay);
     };
     this.stop();
     again(firstRepeat);
-    this.#step(forward ? 1 : -1, onTrack);
+    this.#scrolling.step(forward ? 1 : -1, onTrack);
   }
 
   #isBeyondThumb(event: PointerEvent): boolean {

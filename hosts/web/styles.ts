@@ -1,5 +1,14 @@
 // How the control looks. Places, sizes, letters and the given colours are the control's own; here stand the
 // borders, the states that a person sees under the hand, and the forms' and menus' frames.
+import { Look, Measure } from "#shared";
+
+// What is drawn around forms and menus, in pixels.
+export enum Around {
+  formBorder = 1,
+  formTitle = 32,
+  menuBorder = 1,
+  menuPadding = 4,
+}
 
 // The person's own letters where they are about as wide as these, so that every caption fits its place.
 export const letters =
@@ -10,8 +19,8 @@ const css = `
   all: initial;
   display: inline-block;
   box-sizing: content-box !important;
-  width: 600px !important;
-  height: 296px !important;
+  width: ${Measure.controlWidth}px !important;
+  height: ${Measure.controlHeight}px !important;
   min-width: 0 !important;
   max-width: none !important;
   max-height: none !important;
@@ -25,14 +34,14 @@ const css = `
 [hidden] { display: none !important; }
 
 .surface, .form, .menu {
-  --ink: #1c2430;
-  --line: #c3c9d2;
-  --soft-line: #dfe3e9;
-  --ground: #ffffff;
-  --band: #eff1f4;
-  --hover: rgb(28 36 48 / 8%);
-  --press: rgb(28 36 48 / 15%);
-  --accent: #1557c0;
+  --ink: ${Look.ink};
+  --line: ${Look.edge};
+  --soft-line: ${Look.lockedEdge};
+  --ground: ${Look.ground};
+  --band: ${Look.band};
+  --hover: rgb(28 36 48 / ${Measure.hoverShade}%);
+  --press: rgb(28 36 48 / ${Measure.pressShade}%);
+  --accent: ${Look.accent};
   font-family: ${letters};
   font-size: 12px;
   font-variant-numeric: tabular-nums lining-nums;
@@ -53,7 +62,7 @@ const css = `
 }
 :host > .surface, .surface:not(.form *) {
   border-radius: 3px;
-  background-image: linear-gradient(var(--band) 21px, transparent 21px);
+  background-image: linear-gradient(var(--band) ${Measure.menuBar}px, transparent ${Measure.menuBar}px);
 }
 /* The edge lies over what the surface shows, and takes no room from it. */
 .surface:not(.form *)::after {
@@ -70,9 +79,9 @@ const css = `
 
 .label { white-space: pre; text-align: left; }
 .label.wraps { white-space: pre-wrap; line-height: 1.35; overflow-wrap: break-word; }
-.caption { position: absolute; left: 8px; top: 2px; white-space: pre; }
+.caption { position: absolute; left: ${Measure.captionLeft}px; top: ${Measure.captionTop}px; white-space: pre; }
 .frame { overflow: clip; contain: layout style; }
-.frame.captioned { border-radius: 4px; box-shadow: 0 0 0 1px #a5aebb, 0 6px 18px 1px rgb(16 24 40 / 22%); }
+.frame.captioned { border-radius: 4px; box-shadow: 0 0 0 1px ${Look.buttonEdge}, 0 6px 18px 1px rgb(16 24 40 / 22%); }
 .line { height: 1px; transform-origin: 0 0.5px; pointer-events: none; }
 .image svg { display: block; width: 100%; height: 100%; }
 .picture { overflow: clip; contain: layout style; outline: 1px solid var(--line); outline-offset: -1px; }
@@ -80,7 +89,7 @@ const css = `
 .told { position: absolute; width: 1px; height: 1px; overflow: clip; clip-path: inset(50%); white-space: nowrap; }
 .picture .image, .frame .button { touch-action: none; }
 .picture .image { border-radius: 3px; }
-.button[data-name="cmdFrame"] { cursor: move; border-color: var(--line); border-radius: 3px; background: linear-gradient(90deg, transparent 40%, #f7f8fa 40% 60%, transparent 60%), radial-gradient(circle, #a5aebb 0.8px, transparent 1.2px) 0 0 / 5px 5px #f7f8fa; }
+.button[data-name="cmdFrame"] { cursor: move; border-color: var(--line); border-radius: 3px; background: linear-gradient(90deg, transparent 40%, #f7f8fa 40% 60%, transparent 60%), radial-gradient(circle, ${Look.gripDot} 0.8px, transparent 1.2px) 0 0 / 5px 5px #f7f8fa; }
 .button[data-name="cmdFrame"]:hover { border-color: #5d6878; }
 .picture .image:hover { background-color: rgb(192 0 0 / 10%) !important; }
 .picture .image { cursor: grab; }
@@ -90,12 +99,12 @@ const css = `
 /* Cells: what can be typed in has a firm edge, what is locked a faint one. */
 .box {
   appearance: none;
-  padding: 0 4px;
+  padding: 0 ${Measure.textMargin - 1}px;
   font: inherit;
   font-variant-numeric: inherit;
   text-align: left;
   white-space: pre;
-  border: 1px solid #9aa4b2;
+  border: 1px solid ${Look.boxEdge};
   border-radius: 2px;
   outline: 2px solid transparent;
   outline-offset: -1px;
@@ -128,8 +137,8 @@ const css = `
   font: inherit;
   line-height: 1;
   white-space: pre;
-  background-color: #fbfcfd;
-  border: 1px solid #a5aebb;
+  background-color: ${Look.button};
+  border: 1px solid ${Look.buttonEdge};
   border-radius: 4px;
   outline: 2px solid transparent;
   outline-offset: 1px;
@@ -176,7 +185,7 @@ const css = `
 .bar .thumb:hover::before { background-color: #828c9a; }
 .bar .thumb:active::before { background-color: #5d6878; }
 .bar[aria-disabled] { opacity: 0.5; pointer-events: none; }
-.spin { border: 1px solid #a5aebb; border-radius: 3px; background-color: #fbfcfd !important; }
+.spin { border: 1px solid ${Look.buttonEdge}; border-radius: 3px; background-color: ${Look.button} !important; }
 .spin .track { display: none; }
 .spin .arrow { width: 100%; height: 50%; }
 .spin.horizontal .arrow { width: 50%; height: 100%; }
@@ -189,9 +198,9 @@ const css = `
   padding: 0;
   max-width: none;
   max-height: none;
-  border: 1px solid #8d97a5;
+  border: ${Around.formBorder}px solid #8d97a5;
   border-radius: 8px;
-  background-color: #f7f8fa;
+  background-color: ${Look.form};
   box-shadow: 0 1px 2px rgb(16 24 40 / 12%), 0 12px 32px rgb(16 24 40 / 24%);
   overflow: clip;
   outline: none;
@@ -199,9 +208,9 @@ const css = `
 }
 .form::backdrop { background-color: rgb(16 24 40 / 10%); }
 .form .title {
-  height: 32px;
+  height: ${Around.formTitle}px;
   padding: 0 12px 0 9px;
-  line-height: 31px;
+  line-height: ${Around.formTitle - 1}px;
   font-size: 12.5px;
   font-weight: 600;
   white-space: pre;
@@ -216,9 +225,9 @@ const css = `
   position: absolute;
   inset: auto;
   margin: 0;
-  padding: 4px;
+  padding: ${Around.menuPadding}px;
   min-width: 150px;
-  border: 1px solid #b4bcc8;
+  border: ${Around.menuBorder}px solid #b4bcc8;
   border-radius: 6px;
   background-color: #ffffff;
   box-shadow: 0 1px 2px rgb(16 24 40 / 10%), 0 8px 20px rgb(16 24 40 / 18%);

@@ -1,59 +1,51 @@
 // A surface: the control itself, or one of its forms.
-import { ControlView, twipsPerPixel } from "./control_view.js";
+import { Measure } from "#shared";
+import { type OpenedSurface, type Reader, readControlChange, readIntroduction, type SurfaceChange } from "#wire";
+import { ControlView } from "./control_view.js";
 import { make } from "./dom.js";
-import type { ElementView } from "./element_view.js";
-import type { Exports } from "./module.js";
+import type { Send } from "./module.js";
 import type { RecordReader } from "./record.js";
 
-const introduced = 0x80000000;
-
 export class SurfaceView {
+  readonly id: number;
   readonly ground = make("div", "surface");
   readonly controls: ControlView[] = [];
   readonly width: number;
   readonly height: number;
-  caption = "";
   active: ControlView | undefined;
+  readonly #send: Send;
+  readonly #introduced: (control: ControlView) => void;
 
-  // The size is in twips.
-  constructor(
-    readonly element: ElementView,
-    readonly id: number,
-    readonly name: string,
-    width: number,
-    height: number,
-  ) {
-    this.width = width / twipsPerPixel;
-    this.height = height / twipsPerPixel;
+  // `introduced` is told of every control that appears here.
+  constructor({ id, width, height }: OpenedSurface, send: Send, introduced: (control: ControlView) => void) {
+    this.id = id;
+    this.width = width / Measure.twipsPerPixel;
+    this.height = height / Measure.twipsPerPixel;
     this.ground.style.width = `${this.width}px`;
     this.ground.style.height = `${this.height}px`;
+    this.#send = send;
+    this.#introduced = introduced;
   }
 
-  send<Result>(call: (module: Exports) => Result): Result {
-    return this.element.page.send(call);
-  }
-
-  // Reads what write_surface (mirror.cpp) wrote, from the active control on.
-  apply(record: RecordReader): void {
-    const active = record.i32();
-    this.caption = record.text();
+  // The record goes on with the controls.
+  apply({ active }: SurfaceChange, record: RecordReader): void {
     while (!record.done) this.#applyControl(record);
     this.#setActive(this.controls[active]);
   }
 
-  #applyControl(record: RecordReader): void {
-    const id = record.u16();
-    const marked = record.u32();
-    const control = marked & introduced ? this.#introduce(id, record) : this.controls[id]!;
+  #applyControl(record: Reader): void {
+    const { id, marked, isNew } = readControlChange(record);
+    const control = isNew ? this.#introduce(id, record) : this.controls[id]!;
     control.apply(marked, record);
-    if (marked & introduced) (control.container?.node ?? this.ground).append(control.node);
+    if (isNew) (control.container?.node ?? this.ground).append(control.node);
   }
 
-  #introduce(id: number, record: RecordReader): ControlView {
-    const [kind, index, container] = [record.u8(), record.u16(), record.i32()];
-    const control = new ControlView(this, id, kind, record.text(), index, this.controls[container]);
+  #introduce(id: number, record: Reader): ControlView {
+    const introduction = readIntroduction(record);
+    const container = this.controls[introduction.container];
+    const control = new ControlView(this.id, id, introduction, container, this.#send);
     this.controls[id] = control;
-    this.element.controlOf.set(control.node, control);
+    this.#introduced(control);
     return control;
   }
 

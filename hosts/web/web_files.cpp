@@ -1,9 +1,9 @@
 #include "hosts/web/web_files.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "hosts/web/page.h"
-#include "hosts/web/record.h"
 
 namespace tabulon::web {
 
@@ -37,8 +37,7 @@ class Writing : public platform::FileBytes {
   Result<std::string> read(std::size_t) override { return fail(ErrorNumber::BadFileMode, name_); }
   Result<> close() override {
     Record record;
-    record.text(name_);
-    record.text(content_);
+    wire::write(record, wire::WrittenFile{.name = name_, .content = content_});
     page::write_file(record.data(), record.size());
     files_.put(name_, std::move(content_));
     return {};
@@ -55,11 +54,16 @@ bool is_bad(std::string_view name) {
 
 }  // namespace
 
+void WebFiles::put(std::string_view name, std::string content) {
+  std::erase_if(files_, [&](const File& file) { return file.name == name; });
+  files_.push_back({std::string(name), std::move(content)});
+}
+
 Result<std::unique_ptr<platform::FileBytes>> WebFiles::open_for_input(std::string_view name) {
   if (is_bad(name)) return fail(ErrorNumber::BadFileName, std::string(name));
-  const auto found = contents_.find(name);
-  if (found == contents_.end()) return fail(ErrorNumber::FileNotFound, std::string(name));
-  return std::make_unique<Reading>(name, found->second);
+  const auto found = std::ranges::find(files_, name, &File::name);
+  if (found == files_.end()) return fail(ErrorNumber::FileNotFound, std::string(name));
+  return std::make_unique<Reading>(name, found->content);
 }
 
 Result<std::unique_ptr<platform::FileBytes>> WebFiles::open_for_output(std::string_view name) {

@@ -6,11 +6,10 @@
 //   files.open_for_input("oefening.tbl");
 #pragma once
 
-#include <functional>
-#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/text_file.h"
 
@@ -18,16 +17,17 @@ namespace tabulon::web {
 
 class WebFiles : public platform::FileStore {
  public:
-  void put(std::string_view name, std::string content) {
-    contents_.insert_or_assign(std::string(name), std::move(content));
-  }
+  void put(std::string_view name, std::string content);
 
   // Errors 52 (a name with "*" or "?") and 53 (neither written nor picked here).
   Result<std::unique_ptr<platform::FileBytes>> open_for_input(std::string_view name) override;
   Result<std::unique_ptr<platform::FileBytes>> open_for_output(std::string_view name) override;
 
  private:
-  std::map<std::string, std::string, std::less<>> contents_;
+  struct File {
+    std::string name, content;
+  };
+  std::vector<File> files_;
 };
 
 }  // namespace tabulon::web

@@ -8,23 +8,33 @@ namespace tabulon::web {
 
 using namespace platform;
 
+namespace {
+
+wire::FilePurpose wire_name(FileDialog::Purpose purpose) {
+  switch (purpose) {
+    case FileDialog::Purpose::Open:
+      return wire::FilePurpose::Open;
+    case FileDialog::Purpose::Save:
+      return wire::FilePurpose::Save;
+  }
+}
+
+}  // namespace
+
 int WebHost::add(Surface& surface) {
-  shown_.emplace(++last_id_, Shown{&surface});
-  surface.mark_changed();
-  announce(last_id_, surface, 0);
-  return last_id_;
+  return show(surface, 0);
 }
 
 void WebHost::remove(Surface& surface) {
   const int id = id_of(surface);
   if (id == 0) return;
-  shown_.erase(id);
+  std::erase_if(shown_, [&](const Shown& each) { return each.id == id; });
   page::close_surface(id);
 }
 
 Surface* WebHost::surface(int id) const {
-  const auto found = shown_.find(id);
-  return found != shown_.end() ? found->second.surface : nullptr;
+  const auto found = std::ranges::find(shown_, id, &Shown::id);
+  return found != shown_.end() ? found->surface : nullptr;
 }
 
 Control* WebHost::control(int surface_id, int control_id) const {
@@ -34,35 +44,35 @@ Control* WebHost::control(int surface_id, int control_id) const {
 }
 
 int WebHost::id_of(const Surface& surface) const {
-  const auto found =
-      std::ranges::find_if(shown_, [&](const auto& each) { return each.second.surface == &surface; });
-  return found != shown_.end() ? found->first : 0;
+  const auto found = std::ranges::find(shown_, &surface, &Shown::surface);
+  return found != shown_.end() ? found->id : 0;
 }
 
-void WebHost::announce(int id, const Surface& surface, int owner) {
+int WebHost::show(Surface& surface, int owner) {
+  shown_.push_back({++last_id_, &surface});
+  surface.mark_changed();
   record_.clear();
-  record_.i32(id);
-  record_.i32(owner);
-  record_.f32(surface.width());
-  record_.f32(surface.height());
-  record_.text(surface.name());
+  wire::write(record_, wire::OpenedSurface{.id = last_id_,
+                                           .owner = owner,
+                                           .width = surface.width(),
+                                           .height = surface.height(),
+                                           .name = surface.name()});
   page::open_surface(record_.data(), record_.size());
+  return last_id_;
 }
 
 // ---- What is seen
 
 void WebHost::mirror(Surface& surface) {
-  const int id = id_of(surface);
-  if (id == 0) return;  // a form that is not open yet: it keeps its marks until it is
+  const auto shown = std::ranges::find(shown_, &surface, &Shown::surface);
+  if (shown == shown_.end()) return;  // a form that is not open yet: it keeps its marks until it is
   record_.clear();
-  write_surface(record_, id, surface, shown_.at(id).known);
+  write_surface(record_, shown->id, surface, shown->known, typed_);
   page::mirror(record_.data(), record_.size());
 }
 
 void WebHost::open_form(Form& form) {
-  shown_.emplace(++last_id_, Shown{&form});
-  form.mark_changed();
-  announce(last_id_, form, id_of(form.owner()));
+  show(form, id_of(form.owner()));
 }
 
 void WebHost::update_menu(const MenuSession& menu) {
@@ -84,7 +94,7 @@ bool WebHost::take_focus(Surface& surface) {
 // ---- Time
 
 float WebHost::seconds_since_midnight() {
-  return page::seconds_since_midnight();
+  return static_cast<float>(page::seconds_since_midnight());
 }
 void WebHost::wake_after(double milliseconds, Ticket ticket) {
   page::wake_after(milliseconds, ticket);
@@ -107,10 +117,10 @@ void WebHost::beep() {
 
 void WebHost::show_file_dialog(const FileDialog& dialog, Ticket ticket) {
   record_.clear();
-  record_.u8(static_cast<std::uint8_t>(dialog.purpose));
-  record_.text(dialog.title);
-  record_.text(dialog.filter);
-  record_.text(dialog.file_name);
+  wire::write(record_, wire::FileQuestion{.purpose = wire_name(dialog.purpose),
+                                          .title = dialog.title,
+                                          .filter = dialog.filter,
+                                          .file_name = dialog.file_name});
   page::show_file_dialog(record_.data(), record_.size(), ticket);
 }
 
@@ -120,16 +130,18 @@ void WebHost::clear_clipboard() {
 
 void WebHost::copy_picture(const ClipboardPicture& picture, Ticket ticket) {
   record_.clear();
-  record_.f32(picture.width);
-  record_.f32(picture.height);
-  write_drawing(record_, picture.scale, picture.drawing);
+  wire::write(record_, wire::CopiedPicture{.width = picture.width,
+                                           .height = picture.height,
+                                           .scale = picture.scale,
+                                           .strokes = picture.drawing.strokes()});
   page::copy_picture(record_.data(), record_.size(), ticket);
 }
 
 // ---- Reports
 
 void WebHost::report(Surface& surface, const RunTimeError& error) {
-  page::report(id_of(surface), static_cast<int>(error.number), error.subject.data(), error.subject.size());
+  const auto* const subject = reinterpret_cast<const std::uint8_t*>(error.subject.data());
+  page::report(id_of(surface), static_cast<int>(error.number), subject, error.subject.size());
 }
 
 void WebHost::call_ended(Ticket call) {

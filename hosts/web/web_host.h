@@ -9,7 +9,6 @@
 // finds nothing.
 #pragma once
 
-#include <map>
 #include <vector>
 
 #include "hosts/web/mirror.h"
@@ -27,6 +26,8 @@ class WebHost : public platform::Host {
   platform::Surface* surface(int id) const;
   platform::Control* control(int surface, int control) const;
   WebFiles& web_files() { return files_; }
+  // For as long as the page tells of what was typed; the text is lent.
+  void set_typed(const Typed& typed) { typed_ = typed; }
 
   void mirror(platform::Surface& surface) override;
   void open_form(platform::Form& form) override;
@@ -54,17 +55,19 @@ class WebHost : public platform::Host {
 
  private:
   struct Shown {
+    int id;
     platform::Surface* surface;
     std::vector<Known> known{};  // of each control, by its id
   };
 
   // 0 for a surface that the page does not show.
   int id_of(const platform::Surface& surface) const;
-  void announce(int id, const platform::Surface& surface, int owner);
+  int show(platform::Surface& surface, int owner);
 
-  std::map<int, Shown> shown_;
+  std::vector<Shown> shown_;
   int last_id_ = 0;
   WebFiles files_;
+  Typed typed_;
   Record record_;
 };
 

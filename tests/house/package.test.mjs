@@ -4,7 +4,7 @@ import { mkdtempSync, rmSync, writeFileSync } from "node:fs";
 import { tmpdir } from "node:os";
 import { join } from "node:path";
 import { test } from "node:test";
-import { foreignImports } from "../../tools/package-web.mjs";
+import { breaches } from "../../tools/package-web.mjs";
 import { createPageServer, listen } from "../../tools/serve.mjs";
 
 // A WebAssembly module that imports one function without parameters.
@@ -18,14 +18,24 @@ function moduleImporting(module, name) {
   ]);
 }
 
+const call = moduleImporting("wasi_snapshot_preview1", "fd_write");
+const wish = moduleImporting("tabulon", "changed");
+
 test("a module that asks for a system call is refused", () => {
-  assert.deepEqual(foreignImports(moduleImporting("wasi_snapshot_preview1", "fd_write")), [
-    "wasi_snapshot_preview1.fd_write",
+  assert.deepEqual(breaches(call, [], []), [
+    "wasi_snapshot_preview1.fd_write stands not in hosts/web/wire/imports.def",
   ]);
 });
 
-test("a module that asks its page for what is ours is accepted", () => {
-  assert.deepEqual(foreignImports(moduleImporting("tabulon", "changed")), []);
+test("a module that asks its page for what stands in the table is accepted", () => {
+  assert.deepEqual(breaches(wish, ["changed"], []), []);
+});
+
+test("a module that lacks what stands in a table is refused", () => {
+  assert.deepEqual(breaches(wish, ["changed", "closed"], ["press"]), [
+    "closed of hosts/web/wire/imports.def is missing",
+    "press of hosts/web/wire/exports.def is missing",
+  ]);
 });
 
 test("a page is served under the rules that the control promises to keep, and is never kept", async (t) => {
