@@ -13,6 +13,7 @@
 #include "hosts/activex/text.h"
 #include "hosts/activex/window_text.h"
 #include "hosts/activex/windows_host.h"
+#include "platform/look.h"
 
 namespace tabulon::activex {
 
@@ -234,7 +235,7 @@ void ControlView::shrink_to_text(RECT& box) const {
   ReleaseDC(window_, dc);
   const int height = box.bottom - box.top, width = box.right - box.left;
   const int above = std::max(0, (height - text) / 2);
-  const int beside = std::min(width / 4, 5 * surface_.dpi() / 96);
+  const int beside = std::min(width / 4, measure::text_margin * surface_.dpi() / measure::pixels_per_inch);
   box = {box.left + beside, box.top + above, box.right - beside, box.top + above + std::min(text, height)};
 }
 

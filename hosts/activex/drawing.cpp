@@ -5,6 +5,7 @@
 
 #include "hosts/activex/pictures.h"
 #include "hosts/activex/text.h"
+#include "platform/look.h"
 
 namespace tabulon::activex {
 
@@ -14,7 +15,7 @@ using platform::Point;
 
 namespace {
 
-constexpr double dots_per_inch = 96;
+constexpr double dots_per_inch = platform::measure::pixels_per_inch;
 
 int line_width(int dpi) {
   return std::max(1, nearest_edge(dpi / dots_per_inch));
@@ -128,7 +129,7 @@ PixelScale pixel_scale(const platform::Scale& scale, const SIZE& pixels) {
 }
 
 PixelScale twip_scale(int dpi) {
-  constexpr double twips_per_inch = 1440;
+  constexpr double twips_per_inch = platform::measure::twips_per_pixel * platform::measure::pixels_per_inch;
   return {dpi / twips_per_inch, dpi / twips_per_inch, {}};
 }
 

@@ -2,35 +2,16 @@
 
 #include <Tabulon_idl.h>
 
-#include <algorithm>
-#include <iterator>
+#include <string_view>
 
 #include "hosts/activex/com.h"
+#include "platform/error_words.h"
 
 namespace tabulon::activex {
 
 namespace {
 
 constexpr std::string_view source = "Tabulon.LPctrl";
-
-struct Words {
-  ErrorNumber number;
-  std::string_view text;
-};
-
-constexpr Words words[] = {
-    {ErrorNumber::Overflow, "het getal past niet; het moet tussen -32768 en 32767 liggen"},
-    {ErrorNumber::SubscriptOutOfRange,
-     "dit past niet in een tableau van hoogstens 10 rijen en 30 kolommen, of een lijst van 300 getallen"},
-    {ErrorNumber::TypeMismatch, "de tekst is geen getal"},
-    {ErrorNumber::BadFileName, "dit is geen geldige bestandsnaam"},
-    {ErrorNumber::FileNotFound, "het bestand is er niet"},
-    {ErrorNumber::BadFileMode, "het bestand is niet hiervoor geopend"},
-    {ErrorNumber::DiskFull, "er is geen ruimte meer voor het bestand"},
-    {ErrorNumber::InputPastEnd, "het bestand houdt te vroeg op"},
-    {ErrorNumber::PermissionDenied, "het bestand mag niet worden geopend"},
-    {ErrorNumber::PathNotFound, "de map van het bestand is er niet"},
-};
 
 void leave_for_thread(const std::string& description) {
   ComPtr<ICreateErrorInfo> created;
@@ -48,9 +29,7 @@ HRESULT result_of(const RunTimeError& error) {
 }
 
 std::string description_of(const RunTimeError& error) {
-  const auto found = std::ranges::find(words, error.number, &Words::number);
-  const std::string text(found != std::end(words) ? found->text : "dit kan niet");
-  return (error.subject.empty() ? "" : error.subject + ": ") + text;
+  return (error.subject.empty() ? "" : error.subject + ": ") + std::string(platform::words_of(error.number));
 }
 
 HRESULT raise(const RunTimeError& error, EXCEPINFO* exception) {

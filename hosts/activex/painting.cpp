@@ -6,6 +6,7 @@
 
 #include "hosts/activex/pictures.h"
 #include "hosts/activex/text.h"
+#include "platform/look.h"
 
 namespace tabulon::activex {
 
@@ -13,26 +14,17 @@ using namespace platform;
 
 namespace {
 
-constexpr Twips menu_bar = 315;  // the height of the band behind the control's menu buttons
+constexpr Twips menu_bar = measure::menu_bar * measure::twips_per_pixel;
 
+// The colours of platform/look.def.
 struct Palette {
-  COLORREF ground, band, form, edge, ink;
-  COLORREF button, button_edge, grip_dot;
-  COLORREF box_edge, locked_edge, accent;
+#define COLOUR(name, hex) COLORREF name;
+#include "platform/look.def"
 };
 
 constexpr Palette usual{
-    .ground = RGB(255, 255, 255),
-    .band = RGB(239, 241, 244),
-    .form = RGB(247, 248, 250),
-    .edge = RGB(195, 201, 210),
-    .ink = RGB(28, 36, 48),
-    .button = RGB(251, 252, 253),
-    .button_edge = RGB(165, 174, 187),
-    .grip_dot = RGB(165, 174, 187),
-    .box_edge = RGB(154, 164, 178),
-    .locked_edge = RGB(223, 227, 233),
-    .accent = RGB(21, 87, 192),
+#define COLOUR(name, hex) look::name.value,
+#include "platform/look.def"
 };
 
 // Who has asked the system for strong contrast gets the system's colours only.
@@ -87,7 +79,7 @@ RECT moved(RECT box, POINT by) {
 
 // The colours that the letters and grounds of a button go through as it is pointed at and pressed.
 int shade(ButtonState state) {
-  return state.pressed ? 15 : state.hot ? 8 : 0;
+  return state.pressed ? measure::press_shade : state.hot ? measure::hover_shade : 0;
 }
 
 // In a label that wraps, a gap as wide as this was made to end the line, however wide the letters are.
@@ -251,7 +243,8 @@ void Painter::box_edge(const TextBox& box, const RECT& bounds, bool focused) con
 
 void Painter::text_box(const TextBox& box, const RECT& bounds) const {
   box_edge(box, bounds, false);
-  const RECT inside{bounds.left + 5 * hair(), bounds.top, bounds.right - 5 * hair(), bounds.bottom};
+  const int beside = measure::text_margin * hair();
+  const RECT inside{bounds.left + beside, bounds.top, bounds.right - beside, bounds.bottom};
   const COLORREF ink =
       ink_on(box.enabled() ? box.fore_colour() : system_colour::grey_text, box.back_colour());
   words(box.text(), inside, box.font(), ink,
@@ -276,7 +269,8 @@ void Painter::frame(const Control& frame, const RECT& box) const {
   fill(box, ground_of(frame));
   if (frame.text().empty()) return;
   outline(box, palette().button_edge, hair());
-  const RECT caption{box.left + 8 * hair(), box.top + 2 * hair(), box.right, box.bottom};
+  const RECT caption{box.left + measure::caption_left * hair(), box.top + measure::caption_top * hair(),
+                     box.right, box.bottom};
   words(frame.text(), caption, frame.font(), colour_ref(frame.fore_colour()), DT_SINGLELINE | DT_NOPREFIX);
 }
 
