@@ -88,13 +88,13 @@ describe("while one button is held", () => {
     const [x, y] = await middleOf(control("cmdFrame"));
     const before = await boxOf(control("frmGrafiek"));
     await page.mouse.move(x, y);
-    await page.mouse.down({ button: "right" });
+    await page.mouse.down({ button: "middle" });
     await page.mouse.down({ button: "left" });
     await page.mouse.move(x - 20, y + 10);
     const now = await boxOf(control("frmGrafiek"));
     assert.deepEqual([now.x - before.x, now.y - before.y].map(Math.round), [-20, 10]);
     await page.mouse.up({ button: "left" });
-    await page.mouse.up({ button: "right" });
+    await page.mouse.up({ button: "middle" });
   });
 });
 
