@@ -120,18 +120,22 @@ function pictures(rows) {
       paint: `fill: Ink.${camel(ink)}`,
     }),
   };
-  const all = given(rows, "PICTURE").map(([name, parts]) => [
+  const all = given(rows, "PICTURE").map(([name, parts]) => ({
     name,
-    joined(rowsOf(parts).map(({ word, given: values }) => shapes[word](values)))
-      .map(({ path, paint }) => `    { path: "${path}", ${paint} },\n`)
-      .join(""),
-  ]);
+    shapes: joined(rowsOf(parts).map(({ word, given: values }) => shapes[word](values))),
+  }));
+  // A path that several shapes have is written once.
+  const drawn = all.flatMap((picture) => picture.shapes.map(({ path }) => path));
+  const shared = [...new Set(drawn.filter((path, at) => drawn.indexOf(path) !== at))];
+  const pathText = (path) => (shared.includes(path) ? `path${shared.indexOf(path)}` : `"${path}"`);
+  const shapeText = ({ path, paint }) => `    { path: ${pathText(path)}, ${paint} },\n`;
   return [
     enumOfRows("Ink", given(rows, "INK"), hex),
-    enumOf("Picture", ["None", ...all.map(([name]) => name)]),
+    enumOf("Picture", ["None", ...all.map(({ name }) => name)]),
     "// In a square of 24 by 24; with a stroke or filled.\nexport interface Shape {\n  readonly path: string;\n  readonly fill?: Ink;\n  readonly stroke?: Ink;\n  readonly width?: number;\n}",
+    shared.map((path) => `const ${pathText(path)} = "${path}";`).join("\n"),
     `export const shapes: Record<Picture, readonly Shape[]> = {\n  [Picture.None]: [],\n${all
-      .map(([name, parts]) => `  [Picture.${name}]: [\n${parts}  ],\n`)
+      .map((picture) => `  [Picture.${picture.name}]: [\n${picture.shapes.map(shapeText).join("")}  ],\n`)
       .join("")}};`,
   ];
 }

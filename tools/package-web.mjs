@@ -65,7 +65,9 @@ const minifiedCss = (css) =>
   css
     .replace(/\/\*.*\*\//g, "")
     .replace(/(\$\{[^}]*\})|\s*([{};,])\s*/g, (_, value, sign) => value ?? sign)
-    .replace(/([\w-]): /g, "$1:");
+    .replace(/([\w-]): /g, "$1:")
+    .replace(/ (!important)/g, "$1")
+    .replaceAll(";}", "}");
 
 // The style sheet is the template in styles.ts.
 const minifyStyles = {

@@ -23,11 +23,11 @@ import {
 import { parseCaption, writeCaption } from "./captions.js";
 import { cssColour, isTransparent } from "./colours.js";
 import { make, setAttribute } from "./dom.js";
-import { paint, pixelsPerUnit } from "./drawing.js";
+import { pixelsPerUnit } from "./drawing.js";
 import type { Send } from "./module.js";
+import { PictureView } from "./picture_view.js";
 import { pictureElement } from "./pictures.js";
 import { ScrollBarView } from "./scroll_bar_view.js";
-import { letters } from "./styles.js";
 
 const pixelsPerPoint = Measure.pixelsPerInch / Measure.pointsPerInch;
 
@@ -81,23 +81,6 @@ const templates: Partial<Record<Kind, HTMLElement>> = {};
 
 const makeNode = (kind: Kind): HTMLElement => (templates[kind] ??= makeTemplate(kind)).cloneNode() as HTMLElement;
 
-// Pictures are painted again, sharp, when the window has moved to another screen or is zoomed. The page listens
-// once for all of them, and holds none that is gone.
-const painted = new Set<WeakRef<ControlView>>();
-
-function paintAgainAtNewDensity(): void {
-  const now = matchMedia(`(resolution: ${devicePixelRatio}dppx)`);
-  const repaint = () => {
-    for (const view of painted) {
-      const control = view.deref();
-      if (control) control.repaint();
-      else painted.delete(view);
-    }
-    if (painted.size) paintAgainAtNewDensity();
-  };
-  now.addEventListener("change", repaint, { once: true });
-}
-
 export class ControlView implements Properties {
   readonly node: HTMLElement;
   readonly kind: Kind;
@@ -105,13 +88,11 @@ export class ControlView implements Properties {
   text = "";
   #isActive = false;
   #bounds: BoundsValue = { left: 0, top: 0, width: 0, height: 0 };
-  #drawing: DrawingValue | undefined;
+  readonly #picture: PictureView | undefined;
   // What stands in this control.
   readonly #inside: ControlView[] = [];
   #ends: EndsValue | undefined;
   #wantsSelection = false;
-  #canvas: HTMLCanvasElement | undefined;
-  #isStale = false;
   #told: HTMLElement | undefined;
   #width = -1;
   #height = -1;
@@ -132,7 +113,7 @@ export class ControlView implements Properties {
     this.node.setAttribute("data-name", name);
     if (index) this.node.setAttribute("data-index", String(index));
     if (kind === Kind.Line) this.node.setAttribute("role", "presentation");
-    if (kind === Kind.PictureBox) this.#makePicture();
+    if (kind === Kind.PictureBox) this.#picture = this.#makePicture();
     if (isScrollBar(kind))
       this.bar = new ScrollBarView(this.node, kind === Kind.VScrollBar, {
         scroll: (value) => send((module) => module.scroll(surface, id, value, true)),
@@ -155,7 +136,7 @@ export class ControlView implements Properties {
 
   apply(marked: number, record: Reader): void {
     readProperties(record, marked, this);
-    this.#paintIfStale();
+    this.#picture?.paintIfStale();
   }
 
   // One control of the surface, the active one, is where Tab from the page arrives.
@@ -180,9 +161,9 @@ export class ControlView implements Properties {
 
   // Pixels per unit of what stands in this control, and where its units begin.
   get innerScale(): InnerScale {
-    const scale = this.#drawing?.scale;
-    if (!scale || scale.topLeft.x === scale.bottomRight.x) return twips;
-    return { unit: pixelsPerUnit(scale, ...this.#size), origin: scale.topLeft };
+    const scale = this.#picture?.scale;
+    if (!this.#picture || !scale || scale.topLeft.x === scale.bottomRight.x) return twips;
+    return { unit: pixelsPerUnit(scale, ...this.#picture.size), origin: scale.topLeft };
   }
 
   // Likewise of what surrounds this control.
@@ -192,6 +173,8 @@ export class ControlView implements Properties {
 
   setBounds(bounds: BoundsValue): void {
     this.#bounds = bounds;
+    if (this.#picture)
+      this.#picture.size = [bounds.width / Measure.twipsPerPixel, bounds.height / Measure.twipsPerPixel];
     if (this.kind !== Kind.Line) this.#place();
   }
 
@@ -201,11 +184,6 @@ export class ControlView implements Properties {
     const { left, top, width, height } = this.#bounds;
     const [x, y] = [(left - origin.x) * unit.x, (top - origin.y) * unit.y];
     this.#setBox(x, y, Math.abs(width * unit.x), Math.abs(height * unit.y));
-  }
-
-  // In pixels.
-  get #size(): [number, number] {
-    return [this.#bounds.width / Measure.twipsPerPixel, this.#bounds.height / Measure.twipsPerPixel];
   }
 
   #setBox(left: number, top: number, width: number, height: number): void {
@@ -218,7 +196,7 @@ export class ControlView implements Properties {
     [this.#width, this.#height] = [width, height];
     this.#alignLine();
     this.bar?.resize(width, height);
-    this.#isStale = true;
+    this.#picture?.invalidate();
   }
 
   // One line of text stands in the middle of its height, in labels and boxes alike.
@@ -260,7 +238,8 @@ export class ControlView implements Properties {
     style.fontSize = `${points * pixelsPerPoint}px`;
     if (bold !== this.#bold) style.fontWeight = bold ? "600" : "";
     if (align !== this.#align) style.textAlign = alignments[align];
-    [this.#bold, this.#align, this.#isStale] = [bold, align, true];
+    [this.#bold, this.#align] = [bold, align];
+    this.#picture?.invalidate();
     if (wraps === this.#wraps) return;
     this.#wraps = wraps;
     this.node.classList.toggle("wraps", wraps);
@@ -268,11 +247,12 @@ export class ControlView implements Properties {
   }
 
   // The keys are the picture's own, and what they change in it is read out.
-  #makePicture(): void {
+  #makePicture(): PictureView {
     this.node.setAttribute("role", "application");
     this.#told = make("span", "told");
     this.#told.setAttribute("aria-live", "polite");
     this.node.append(this.#told);
+    return new PictureView(this.node);
   }
 
   setToolTip({ tip }: ToolTipValue): void {
@@ -326,28 +306,7 @@ export class ControlView implements Properties {
   }
 
   setDrawing(drawing: DrawingValue): void {
-    this.#drawing = drawing;
-    this.#isStale = true;
+    this.#picture?.setDrawing(drawing);
     for (const control of this.#inside) control.#place();
-  }
-
-  // Once for all that has changed.
-  #paintIfStale(): void {
-    if (this.#isStale) this.repaint();
-  }
-
-  repaint(): void {
-    this.#isStale = false;
-    if (!this.#drawing || (!this.#canvas && this.#drawing.strokes.length === 0)) return;
-    this.#canvas ??= this.#makeCanvas();
-    paint(this.#canvas, this.#drawing, ...this.#size, devicePixelRatio, `${this.node.style.fontSize} ${letters}`);
-  }
-
-  #makeCanvas(): HTMLCanvasElement {
-    const canvas = make("canvas", "");
-    this.node.prepend(canvas);
-    painted.add(new WeakRef(this));
-    if (painted.size === 1) paintAgainAtNewDensity();
-    return canvas;
   }
 }

@@ -3,9 +3,6 @@
 //   const page = await loadPage();
 //   const view = page.create(element, shadowRoot);
 //   page.send((module) => module.click(view.surface.id, 3));
-//
-// What the module asks to be seen is done after it has returned, in the order in which it was asked, once.
-// So nothing of the page's own (its listeners, its focus) runs while the module does.
 import {
   type Exports,
   type Imports,
@@ -27,6 +24,7 @@ import { Files } from "./files.js";
 import { MenuView } from "./menu_view.js";
 import { loadModule, type Module, type Send, type Texts } from "./module.js";
 import { RecordReader } from "./record.js";
+import { Turns } from "./turns.js";
 
 interface Creating {
   readonly host: HTMLElement;
@@ -46,7 +44,6 @@ export class Page implements Surroundings {
   #menuOwner: ElementView | undefined;
   // The element that has the focus, or had it when the window last had it.
   #focused: ElementView | undefined;
-  applying = false;
 
   // The elements by the numbers of their surfaces. Held weakly: an element that its page has forgotten goes with
   // all that it shows.
@@ -58,7 +55,7 @@ export class Page implements Surroundings {
   // The elements with an open form, once for each form, in the order in which they opened.
   readonly #withForms: ElementView[] = [];
   readonly #calls = new Map<number, Call>();
-  readonly #queue: (() => void)[] = [];
+  readonly #turns = new Turns(() => this.#showFocus());
   readonly #clock = new Clock((ticket) => this.#answer(ticket));
   readonly #files = new Files((name, content) =>
     this.send((module, texts) => {
@@ -67,8 +64,6 @@ export class Page implements Surroundings {
     }),
   );
   #creating: Creating | undefined;
-  #depth = 0;
-  #draining = false;
 
   static async load(): Promise<Page> {
     const page = new Page();
@@ -79,13 +74,13 @@ export class Page implements Surroundings {
   private constructor() {}
 
   readonly send: Send = <Result>(call: (module: Exports, texts: Texts) => Result): Result => {
-    if (this.#depth++ === 0) this.#clock.start();
-    try {
-      return call(this.#module.exports, this.#module);
-    } finally {
-      if (--this.#depth === 0) this.#drain();
-    }
+    if (this.#turns.isPages) this.#clock.start();
+    return this.#turns.run(() => call(this.#module.exports, this.#module));
   };
+
+  get applying(): boolean {
+    return this.#turns.applying;
+  }
 
   #answer(ticket: number, text = ""): void {
     this.send((module, texts) => {
@@ -151,40 +146,16 @@ export class Page implements Surroundings {
 
   // ---- Afterwards
 
-  #drain(): void {
-    if (this.#draining) return;
-    this.#draining = true;
-    try {
-      do {
-        for (let next = this.#queue.shift(); next; next = this.#queue.shift()) next();
-        this.#showFocus();
-      } while (this.#queue.length);
-    } finally {
-      this.#draining = false;
-    }
-  }
-
-  // Does what may move the page's focus without taking that for the person's doing.
-  #apply(change: () => void): void {
-    const before = this.applying;
-    this.applying = true;
-    try {
-      change();
-    } finally {
-      this.applying = before;
-    }
-  }
-
-  // After what the module has asked for so far.
+  // What may move the page's focus, after what the module has asked for so far.
   afterwards(change: () => void): void {
-    this.#queue.push(() => this.#apply(change));
+    this.#turns.afterwards(() => this.#turns.apply(change));
   }
 
   // Puts the page's focus where the control on top has its own.
   #showFocus(): void {
     const element = this.#withForms.at(-1) ?? this.#focused;
     if (!element?.host.isConnected) return;
-    this.#apply(() => {
+    this.#turns.apply(() => {
       for (const form of element.forms) form.show();
       const menu = this.#menuOwner === element ? this.menu?.node : undefined;
       const active = element.top.active;
@@ -280,7 +251,7 @@ export class Page implements Surroundings {
         this.afterwards(() => this.#showMenu(record));
       },
       close_menu: () => this.afterwards(() => this.#closeMenu()),
-      set_busy: (id, busy) => this.#queue.push(() => this.#element(id)?.setBusy(id, busy !== 0)),
+      set_busy: (id, busy) => this.#turns.afterwards(() => this.#element(id)?.setBusy(id, busy !== 0)),
       take_focus: (id) => this.#takeFocus(id),
       seconds_since_midnight: secondsSinceMidnight,
       yield_due: () => this.#clock.yieldDue,
@@ -290,23 +261,23 @@ export class Page implements Surroundings {
       beep: playBeep,
       show_file_dialog: (at, size, ticket) => {
         const question = readFileQuestion(this.#record(at, size));
-        this.#queue.push(() => this.#files.ask(question).then((name) => this.#answer(ticket, name)));
+        this.#turns.afterwards(() => this.#files.ask(question).then((name) => this.#answer(ticket, name)));
       },
       write_file: (at, size) => {
         const file = readWrittenFile(this.#record(at, size));
-        this.#queue.push(() => this.#files.write(file));
+        this.#turns.afterwards(() => this.#files.write(file));
       },
       clear_clipboard: clearClipboard,
       copy_picture: (at, size, ticket) => {
         const picture = readCopiedPicture(this.#record(at, size));
-        this.#queue.push(() => copyPicture(picture).then((refusal) => this.#answer(ticket, refusal)));
+        this.#turns.afterwards(() => copyPicture(picture).then((refusal) => this.#answer(ticket, refusal)));
       },
       report: (id, number, at, size) => {
         const error = new TabulonError(number, this.#module.text(at, size));
-        this.#queue.push(() => this.report(this.#element(id)?.host, error));
+        this.#turns.afterwards(() => this.report(this.#element(id)?.host, error));
       },
       call_ended: (call) => {
-        this.#queue.push(() => {
+        this.#turns.afterwards(() => {
           this.#calls.get(call)?.ended();
           this.#calls.delete(call);
         });
