@@ -58,8 +58,7 @@ const number = (text) => String(Number(text.replace(/U$/, "")));
 const made = (source, ...blocks) =>
   `${[`// Made by tools/make-contract.mjs from ${source}.`, ...blocks].join("\n\n")}\n`;
 
-const enumOf = (name, values, valueOf = () => "") =>
-  `export enum ${name} {\n${values.map((value) => `  ${value}${valueOf(value)},\n`).join("")}}`;
+const enumOf = (name, values) => `export enum ${name} {\n${values.map((value) => `  ${value},\n`).join("")}}`;
 const plainEnums = (rows) => given(rows, "ENUM").map(([name, ...values]) => enumOf(name, values));
 // An enum of rows (name, value), the value as `write` has it.
 const enumOfRows = (name, rows, write) =>
@@ -92,12 +91,15 @@ function svgDisc([x, y], width) {
 }
 
 // Lines of one kind that follow each other are one shape, so that they are painted at once.
-const joined = (shapes) =>
-  shapes.reduce((before, shape) => {
-    const last = before.at(-1);
-    if (last?.paint !== shape.paint || !shape.paint.startsWith("stroke")) return [...before, shape];
-    return [...before.slice(0, -1), { ...last, path: last.path + shape.path }];
-  }, []);
+function joined(shapes) {
+  const all = [];
+  for (const shape of shapes) {
+    const last = all.at(-1);
+    if (shape.paint.startsWith("stroke") && last?.paint === shape.paint) last.path += shape.path;
+    else all.push({ ...shape });
+  }
+  return all;
+}
 
 function pictures(rows) {
   const paths = new Map(

@@ -30,18 +30,21 @@ class Painter {
     switch (stroke.kind) {
       case StrokeKind.Dots:
         for (const point of stroke.points) this.#dots(point, 1, { x: 0, y: 0 });
-        return;
+        break;
       case StrokeKind.DotRuns:
         for (const { first, count } of stroke.runs) this.#dots(first, count, stroke.step);
-        return;
+        break;
       case StrokeKind.Segment:
-        return this.#segment(stroke.from, stroke.to);
+        this.#segment(stroke.from, stroke.to);
+        break;
       case StrokeKind.Text:
-        return this.#context.fillText(stroke.text, ...this.#pixels(stroke.at));
+        this.#context.fillText(stroke.text, ...this.#pixels(stroke.at));
+        break;
       case StrokeKind.Stamp:
-        return this.#stamp(stroke);
+        this.#stamp(stroke);
+        break;
       default:
-        return stroke satisfies never;
+        stroke satisfies never;
     }
   }
 

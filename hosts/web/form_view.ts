@@ -71,8 +71,8 @@ export class FormView extends SurfaceView {
 
   #placeOverControl(): void {
     const control = this.#below.getBoundingClientRect();
-    const width = this.width + 2 * Around.formBorder;
-    const height = this.height + Around.formTitle + 2 * Around.formBorder;
+    const width = this.width + 2 * Around.border;
+    const height = this.height + Around.formTitle + 2 * Around.border;
     const within = (at: number, room: number) => Math.round(Math.max(leastMargin, Math.min(at, room - leastMargin)));
     this.dialog.style.left = `${within(control.left + (control.width - width) / 2, innerWidth - width)}px`;
     this.dialog.style.top = `${within(control.top + (control.height - height) / 2, innerHeight - height)}px`;

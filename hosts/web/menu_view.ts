@@ -137,7 +137,7 @@ export class MenuView {
     const parent = this.#levels[depth - 1]!;
     const item = parent.items.find(({ id }) => id === menu)!.node.getBoundingClientRect();
     const all = parent.node.getBoundingClientRect();
-    const top = item.top - Around.menuPadding - Around.menuBorder;
+    const top = item.top - Around.menuPadding - Around.border;
     return { left: all.right - overlap, top, otherLeft: all.left + overlap };
   }
 

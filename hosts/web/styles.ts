@@ -4,9 +4,8 @@ import { Look, Measure } from "#shared";
 
 // What is drawn around forms and menus, in pixels.
 export enum Around {
-  formBorder = 1,
+  border = 1,
   formTitle = 32,
-  menuBorder = 1,
   menuPadding = 4,
 }
 
@@ -198,7 +197,7 @@ const css = `
   padding: 0;
   max-width: none;
   max-height: none;
-  border: ${Around.formBorder}px solid #8d97a5;
+  border: ${Around.border}px solid #8d97a5;
   border-radius: 8px;
   background-color: ${Look.form};
   box-shadow: 0 1px 2px rgb(16 24 40 / 12%), 0 12px 32px rgb(16 24 40 / 24%);
@@ -227,7 +226,7 @@ const css = `
   margin: 0;
   padding: ${Around.menuPadding}px;
   min-width: 150px;
-  border: ${Around.menuBorder}px solid #b4bcc8;
+  border: ${Around.border}px solid #b4bcc8;
   border-radius: 6px;
   background-color: #ffffff;
   box-shadow: 0 1px 2px rgb(16 24 40 / 10%), 0 8px 20px rgb(16 24 40 / 18%);

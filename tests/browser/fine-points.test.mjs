@@ -221,7 +221,8 @@ test("one line of text stands in the middle of its height", async () => {
 const watch = () =>
   page.evaluate(() => {
     const { shadowRoot } = LPctrl1;
-    const seen = (globalThis.seen = { painted: 0, changes: [], focused: 0 });
+    const seen = { painted: 0, changes: [], focused: 0 };
+    globalThis.seen = seen;
     const { getContext } = HTMLCanvasElement.prototype;
     HTMLCanvasElement.prototype.getContext = function (...given) {
       seen.painted += 1;
