@@ -10,7 +10,6 @@ import { createRequire } from "node:module";
 import { basename, dirname, join } from "node:path";
 import { fileURLToPath } from "node:url";
 import { promisify } from "node:util";
-import { deflateRawSync, constants } from "node:zlib";
 import * as esbuild from "esbuild";
 import { makeContract, namesOf } from "./make-contract.mjs";
 
@@ -48,13 +47,21 @@ export function breaches(
   ];
 }
 
-// `import deflated from "tabulon.wasm"` gives the module, deflated without a header, as base64.
-const embedWasm = (wasm) => ({
+const run = promisify(execFile);
+
+// Without a header. Everyone who opens a page loads it, so it is packed as well as deflating can be.
+async function deflated(path) {
+  const { stdout } = await run("zopfli", ["--deflate", "-c", path], { encoding: "buffer", maxBuffer: 2 ** 26 });
+  return stdout.toString("base64");
+}
+
+// `import deflated from "tabulon.wasm"` gives the module, deflated, as base64.
+const embedWasm = (path) => ({
   name: "embed-wasm",
   setup(build) {
     build.onResolve({ filter: /^tabulon\.wasm$/ }, () => ({ path: "tabulon.wasm", namespace: "embed-wasm" }));
-    build.onLoad({ filter: /.*/, namespace: "embed-wasm" }, () => ({
-      contents: deflateRawSync(wasm, { level: constants.Z_BEST_COMPRESSION, memLevel: 9 }).toString("base64"),
+    build.onLoad({ filter: /.*/, namespace: "embed-wasm" }, async () => ({
+      contents: await deflated(path),
       loader: "text",
     }));
   },
@@ -80,7 +87,7 @@ const minifyStyles = {
   },
 };
 
-async function bundle({ entry, wasm, outfile }) {
+async function bundle({ entry, wasmPath, outfile }) {
   await esbuild.build({
     entryPoints: [entry],
     outfile,
@@ -89,7 +96,7 @@ async function bundle({ entry, wasm, outfile }) {
     target: "es2022",
     minify: true,
     legalComments: "none",
-    plugins: [embedWasm(wasm), minifyStyles],
+    plugins: [embedWasm(wasmPath), minifyStyles],
     logLevel: "warning",
   });
 }
@@ -98,7 +105,7 @@ const typescript = join(dirname(createRequire(import.meta.url).resolve("typescri
 
 // Declares every source in a folder of its own.
 const declare = (folder) =>
-  promisify(execFile)(process.execPath, [
+  run(process.execPath, [
     typescript,
     "--project",
     join(root, "tsconfig.json"),
@@ -131,7 +138,8 @@ async function writeTypes(outDir) {
 const kilobytes = (bytes) => `${Math.ceil(bytes.length / 1024)} kB`;
 
 async function packageWeb() {
-  const wasm = await readFile(join(root, "build/web/tabulon.wasm"));
+  const wasmPath = join(root, "build/web/tabulon.wasm");
+  const wasm = await readFile(wasmPath);
   const found = breaches(wasm);
   if (found.length) throw new Error(`tabulon.wasm and its page do not agree: ${found.join("; ")}`);
   makeContract();
@@ -143,7 +151,7 @@ async function packageWeb() {
     filter: (source) => !basename(source).startsWith("."),
   });
   const outfile = join(made, "tabulon.js");
-  await bundle({ entry: join(root, "hosts/web/tabulon.ts"), wasm, outfile });
+  await bundle({ entry: join(root, "hosts/web/tabulon.ts"), wasmPath, outfile });
   await writeTypes(join(made, "types"));
 
   const out = join(root, "dist/web");
