@@ -59,7 +59,7 @@ const changes = {
     ["while (text.ends_with(' ')) text.remove_suffix(1);", ""],
     ["most_digits = 800", "most_digits = 760"],
     ["std::uint64_t{1} << kMantissaBits)", "std::uint64_t{1} << 54)"],
-    ["if (digits == kTenTo15) return {kTenTo14, exponent + 1, false};", ""],
+    ["return {kTenTo14, exponent + 1, false};", "return {kTenTo14, exponent, false};"],
     ["kPrefixPriority = 3", "kPrefixPriority = 5"],
     ["released = release(1);", "released = release(2);"],
     ["{'/', kDivide, 2}", "{'/', kDivide, 3}"],
