@@ -41,6 +41,21 @@ constexpr WindowKind kinds[] = {
 
 constexpr DWORD edit_alignments[] = {ES_LEFT, ES_RIGHT, ES_CENTER};
 
+constexpr Properties some(std::initializer_list<Property> properties) {
+  Properties all;
+  for (const Property property : properties) all.add(property);
+  return all;
+}
+bool have_common(Properties one, Properties other) {
+  return (one.bits() & other.bits()) != 0;
+}
+
+// The properties that a control has to be painted again for, where the system does not do that by itself.
+constexpr Properties look_of_box = some({Property::Colours, Property::Font, Property::Locked});
+constexpr Properties look_of_drawn = some({Property::Text, Property::Colours, Property::Enabled,
+                                           Property::Font, Property::Picture, Property::Drawing});
+constexpr Properties of_density = some({Property::Bounds, Property::Font, Property::Drawing});
+
 bool is_bar(const Control& control) {
   return control.kind() == Kind::HScrollBar || control.kind() == Kind::VScrollBar;
 }
@@ -142,9 +157,7 @@ void ControlView::show() {
 
 void ControlView::density_changed() {
   if (!window_) return;
-  Properties changed;
-  for (const Property property : {Property::Bounds, Property::Font, Property::Drawing}) changed.add(property);
-  apply(changed);
+  apply(of_density);
 }
 
 void ControlView::apply(Properties marked) {
@@ -170,7 +183,7 @@ void ControlView::apply(Properties marked) {
   if (marked.has(Property::Drawing)) surface_.place_inside(*control_);
   // Last, so that it appears as it is to be.
   if (marked.has(Property::Visible) || marked.has(Property::Bounds)) show();
-  repaint();
+  if (have_common(marked, is_box(*control_) ? look_of_box : look_of_drawn)) repaint();
 }
 
 void ControlView::set_text() {
@@ -201,30 +214,59 @@ void ControlView::select_if_wanted() {
   wants_selection_ = false;
 }
 
+// With what stands on it, for an image shows the ground that it is on.
 void ControlView::repaint() {
   if (!window_ || is_bar(*control_)) return;
-  RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME | (is_box(*control_) ? RDW_ERASE : 0));
+  kept_picture_.forget();
+  RedrawWindow(window_, nullptr, nullptr,
+               RDW_INVALIDATE | (is_box(*control_) ? RDW_FRAME | RDW_ERASE : RDW_ALLCHILDREN));
 }
 
-void ControlView::paint() {
-  paint_at_once(window_, [this](HDC dc, const RECT& all) {
-    const Painter painter(dc, surface_.host().fonts(), surface_.dpi());
-    const bool focused = GetFocus() == window_;
-    switch (control_->kind()) {
-      case Kind::Label:
-        return painter.label(*control_, all);
-      case Kind::CommandButton:
-        return painter.button(*control_, all, {surface_.hot() == this, pressed_ && over_, focused});
-      case Kind::Image:
-        return painter.image(static_cast<const Image&>(*control_), all);
-      case Kind::PictureBox:
-        painter.picture_box(static_cast<const PictureBox&>(*control_), all, focused);
-        return painter.lines(control_->surface(), control_, {0, 0});
-      default:
-        painter.frame(*control_, all);
-        return painter.lines(control_->surface(), control_, {0, 0});
-    }
+// The mark of the focus: the edge of a box, all of anything else.
+void ControlView::repaint_focus() {
+  if (is_box(*control_)) return paint_edge();
+  repaint();
+}
+
+void ControlView::repaint_button() {
+  if (is_button(*control_)) repaint();
+}
+
+void ControlView::paint(HDC dc, const RECT& all) {
+  const Painter painter(dc, surface_.host().fonts(), surface_.dpi());
+  switch (control_->kind()) {
+    case Kind::Label:
+      return painter.label(*control_, all);
+    case Kind::CommandButton:
+      return painter.button(*control_, all,
+                            {surface_.hot() == this, pressed_ && over_, GetFocus() == window_});
+    case Kind::Image:
+      print_behind(dc);
+      return painter.image(static_cast<const Image&>(*control_), all);
+    case Kind::PictureBox:
+      paint_picture_box(dc, all);
+      return painter.lines(control_->surface(), control_, {0, 0});
+    default:
+      painter.frame(*control_, all);
+      return painter.lines(control_->surface(), control_, {0, 0});
+  }
+}
+
+void ControlView::paint_picture_box(HDC dc, const RECT& all) {
+  kept_picture_.show(dc, {all.right, all.bottom}, ground_behind(*control_), [&](HDC paper) {
+    Painter(paper, surface_.host().fonts(), surface_.dpi())
+        .picture_box(static_cast<const PictureBox&>(*control_), all, GetFocus() == window_);
   });
+}
+
+// What the window shows in which this one stands.
+void ControlView::print_behind(HDC dc) const {
+  HWND const behind = GetParent(window_);
+  POINT corner{}, before{};
+  MapWindowPoints(window_, behind, &corner, 1);
+  OffsetViewportOrgEx(dc, -corner.x, -corner.y, &before);
+  SendMessageW(behind, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(dc), PRF_CLIENT);
+  SetViewportOrgEx(dc, before.x, before.y, nullptr);
 }
 
 // ---- Boxes: the text stands in the middle of the height, inside an edge of our own
@@ -284,7 +326,7 @@ void ControlView::press(bool left, LPARAM where) {
   SetCapture(window_);
   pressed_ = over_ = true;
   left_ = left;
-  repaint();
+  repaint_button();
   surface_.host().handle([&] {
     surface_.mouse_pressed();
     if (control_) point(Pointer::Action::Down, left, where);
@@ -298,7 +340,7 @@ void ControlView::move(LPARAM where) {
   GetClientRect(window_, &inside);
   if (over_ != (PtInRect(&inside, point_of(where)) != 0)) {
     over_ = !over_;
-    repaint();
+    repaint_button();
   }
   surface_.host().handle([&] { point(Pointer::Action::Move, left_, where); });
 }
@@ -308,7 +350,7 @@ void ControlView::release(LPARAM where) {
   if (!pressed_) return;
   pressed_ = false;
   ReleaseCapture();
-  repaint();
+  repaint_button();
   const bool is_click = left_ && (over_ || (is_dragged(*control_) && !is_button(*control_)));
   surface_.host().handle([&] {
     point(Pointer::Action::Up, false, where);
@@ -319,7 +361,7 @@ void ControlView::release(LPARAM where) {
 void ControlView::lose_pointer() {
   if (!pressed_) return;
   pressed_ = false;
-  repaint();
+  repaint_button();
   surface_.host().handle([this] { point(Pointer::Action::Lost, false, 0); });
 }
 
@@ -396,7 +438,7 @@ LRESULT ControlView::handle_key(UINT message, WPARAM wparam, LPARAM lparam) {
 
 LRESULT ControlView::handle_focus(UINT message, WPARAM wparam, LPARAM lparam) {
   const LRESULT answer = system(message, wparam, lparam);
-  repaint();
+  repaint_focus();
   if (message == WM_SETFOCUS)
     surface_.focus_arrived(this);
   else
@@ -432,8 +474,14 @@ LRESULT ControlView::handle_drawn(UINT message, WPARAM wparam, LPARAM lparam) {
     case WM_ERASEBKGND:
       return TRUE;
     case WM_PAINT:
-      paint();
+      paint_at_once(window_, [this](HDC dc, const RECT& all) { paint(dc, all); });
       return 0;
+    case WM_PRINTCLIENT: {
+      RECT all{};
+      GetClientRect(window_, &all);
+      paint(reinterpret_cast<HDC>(wparam), all);
+      return 0;
+    }
     case WM_LBUTTONDOWN:
     case WM_LBUTTONDBLCLK:
     case WM_RBUTTONDOWN:

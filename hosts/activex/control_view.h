@@ -7,6 +7,7 @@
 
 #include <windows.h>
 
+#include "hosts/activex/kept_picture.h"
 #include "platform/surface.h"
 
 namespace tabulon::activex {
@@ -57,8 +58,12 @@ class ControlView {
   void show();
   void set_text();
   void set_range();
-  void paint();
+  void paint(HDC dc, const RECT& all);
+  void paint_picture_box(HDC dc, const RECT& all);
+  void print_behind(HDC dc) const;
   void paint_edge();
+  void repaint_focus();
+  void repaint_button();
   void shrink_to_text(RECT& box) const;
   void hover();
   void press(bool left, LPARAM where);
@@ -72,6 +77,7 @@ class ControlView {
   platform::Control* control_;
   HWND window_ = nullptr;
   WNDPROC original_ = nullptr;
+  KeptPicture kept_picture_;            // of a picture box
   bool pressed_ = false, left_ = true;  // it holds the pointer, pressed with the left button
   bool over_ = false;                   // and the pointer is still over it
   bool wants_selection_ = false, writes_text_ = false;

@@ -280,6 +280,10 @@ void Painter::picture_box(const PictureBox& picture, const RECT& box, bool focus
   outline(box, focused ? palette().accent : palette().edge, focused ? 2 * hair() : hair());
 }
 
+void Painter::image(const Image& image, const RECT& box) const {
+  paint_picture(dc_, box, image.picture(), Raster::Copy);
+}
+
 void Painter::lines(const Surface& surface, const Control* container, POINT origin) const {
   for (const Control* control : surface.controls()) {
     if (control->kind() != Kind::Line || control->container() != container || !control->visible()) continue;
@@ -329,7 +333,7 @@ void Painter::control(const Control& control, POINT origin) const {
     case Kind::VScrollBar:
       return scroll_bar(static_cast<const ScrollBar&>(control), box);
     case Kind::Image:
-      return paint_picture(dc_, box, static_cast<const Image&>(control).picture(), Raster::Copy);
+      return image(static_cast<const Image&>(control), box);
     case Kind::Frame:
     case Kind::PictureBox:
       below(control.surface(), &control, {box.left, box.top});
@@ -349,13 +353,6 @@ void Painter::inside(const Surface& surface, const Control* container, POINT ori
 void Painter::surface(const Surface& surface, POINT origin) const {
   ground(surface, origin);
   inside(surface, nullptr, origin);
-}
-
-void Painter::image(const Image& image, const RECT& box) const {
-  const RECT place = bounds_in_pixels(image, dpi_);
-  below(image.surface(), image.container(), {box.left - place.left, box.top - place.top});
-  lines(image.surface(), image.container(), {box.left - place.left, box.top - place.top});
-  paint_picture(dc_, box, image.picture(), Raster::Copy);
 }
 
 }  // namespace tabulon::activex

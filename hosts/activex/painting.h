@@ -31,7 +31,6 @@ class Painter {
   void box_edge(const platform::TextBox& box, const RECT& bounds, bool focused) const;
   void frame(const platform::Control& frame, const RECT& box) const;
   void picture_box(const platform::PictureBox& picture, const RECT& box, bool focused) const;
-  // A picture, and what stands behind it.
   void image(const platform::Image& image, const RECT& box) const;
   // The lines that stand on a surface (`container` null), in a frame or a picture box.
   void lines(const platform::Surface& surface, const platform::Control* container, POINT origin) const;

@@ -260,12 +260,14 @@ void SurfaceView::follow_density() {
 void SurfaceView::paint() {
   PAINTSTRUCT painting{};
   HDC const dc = BeginPaint(window_, &painting);
-  if (surface_) {
-    const Painter painter(dc, host_.fonts(), dpi_);
-    painter.ground(*surface_, {0, 0});
-    painter.lines(*surface_, nullptr, {0, 0});
-  }
+  if (surface_) print(dc);
   EndPaint(window_, &painting);
+}
+
+void SurfaceView::print(HDC dc) const {
+  const Painter painter(dc, host_.fonts(), dpi_);
+  painter.ground(*surface_, {0, 0});
+  painter.lines(*surface_, nullptr, {0, 0});
 }
 
 bool SurfaceView::set_cursor(const Control* on) const {
@@ -423,6 +425,9 @@ LRESULT SurfaceView::handle(UINT message, WPARAM wparam, LPARAM lparam) {
       return TRUE;
     case WM_PAINT:
       paint();
+      return 0;
+    case WM_PRINTCLIENT:
+      print(reinterpret_cast<HDC>(wparam));
       return 0;
     case WM_SETCURSOR:
       return set_cursor(nullptr) ? TRUE : DefWindowProcW(window_, message, wparam, lparam);

@@ -81,6 +81,7 @@ class SurfaceView {
   void create_controls();
   void mirror_line(const platform::Control& line);
   void paint();
+  void print(HDC dc) const;
   void scroll(HWND bar, int code);
   void density_changed(const RECT* suggested);
   bool offer(const MSG& key);

@@ -1,0 +1,236 @@
+// What is painted again when something of a surface changes: that, and nothing else.
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <map>
+
+#include "hosts/activex/library.h"
+#include "hosts/activex/surface_view.h"
+
+namespace tabulon::activex {
+namespace {
+
+using namespace platform;
+
+// A surface with a control of each kind that is painted.
+class Sample : public Surface {
+ public:
+  explicit Sample(Desk& desk) : Surface(desk, "Sample", 6000, 3000) {
+    box.set_bounds({300, 300, 1500, 300});
+    label.set_bounds({300, 900, 1500, 300});
+    button.set_bounds({300, 1500, 1500, 300});
+    picture.set_bounds({2400, 300, 3000, 2400});
+    picture.set_scale({{0, 0}, {3000, 2400}});
+    image.set_bounds({600, 600, 300, 300});
+    image.set_picture(Picture::Cross);
+    line.set_ends({0, 0}, {1500, 1500});
+    button.set_tab(1, true);
+    box.set_tab(2, true);
+    picture.set_tab(3, true);
+  }
+
+  TextBox box{*this, "box"};
+  Label label{*this, "label"};
+  CommandButton button{*this, "button"};
+  PictureBox picture{*this, "picture"};
+  Image image{*this, "image", 0, &picture};
+  Line line{*this, "line", 0, &picture};
+};
+
+class NothingAround : public ViewSite {
+ public:
+  void focus_changed(bool) override {}
+  void enable_modeless(bool) override {}
+  bool pass_on(const MSG&) override { return false; }
+  void picture_changed() override {}
+  void fire_click(DISPID) override {}
+  short fire_key(DISPID, short code, short) override { return code; }
+  void fire_mouse(DISPID, short, short, POINT) override {}
+};
+
+struct Paints {
+  int paints = 0, erases = 0;
+  friend bool operator==(const Paints&, const Paints&) = default;
+};
+void PrintTo(const Paints& paints, std::ostream* out) {
+  *out << paints.paints << " paints, " << paints.erases << " erases";
+}
+
+constexpr Paints nothing{};
+
+// Counts what comes to a window, for as long as it lives.
+class Counted {
+ public:
+  explicit Counted(HWND window)
+      : window_(window),
+        original_(reinterpret_cast<WNDPROC>(
+            SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&procedure)))) {
+    counted_[window] = this;
+  }
+  Counted(const Counted&) = delete;
+  ~Counted() {
+    SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(original_));
+    counted_.erase(window_);
+  }
+  Paints take() { return std::exchange(paints_, {}); }
+
+ private:
+  static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+    Counted& counted = *counted_.at(window);
+    counted.paints_.paints += message == WM_PAINT;
+    counted.paints_.erases += message == WM_ERASEBKGND;
+    return CallWindowProcW(counted.original_, window, message, wparam, lparam);
+  }
+  static inline std::map<HWND, Counted*> counted_;
+
+  HWND window_;
+  WNDPROC original_;
+  Paints paints_;
+};
+
+// In front of everything, for only what is seen is painted.
+class RepaintInAContainer : public testing::Test {
+ protected:
+  RepaintInAContainer() {
+    view_.open(container_, {0, 0});
+    ShowWindow(view_.window(), SW_SHOWNA);
+    paint_what_must_be();
+  }
+  ~RepaintInAContainer() override {
+    view_.close();
+    DestroyWindow(container_);
+  }
+
+  HWND window_of(const Control& control) const { return view_.view_of(control)->window(); }
+  void paint_what_must_be() const {
+    RedrawWindow(container_, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+  }
+  // What `control` is painted while that happens.
+  Paints painted(const Control& control, const std::function<void()>& act) {
+    Counted counted(window_of(control));
+    act();
+    view_.mirror();
+    paint_what_must_be();
+    return counted.take();
+  }
+  void send(const Control& to, UINT message, WPARAM how, POINT at) const {
+    SendMessageW(window_of(to), message, how, MAKELPARAM(at.x, at.y));
+  }
+
+  NothingAround around_;
+  WindowsHost& host_ = library().host;
+  HWND container_ =
+      CreateWindowExW(WS_EX_TOPMOST, L"STATIC", nullptr, WS_POPUP | WS_VISIBLE | WS_CLIPCHILDREN, 0, 0, 640,
+                      400, nullptr, nullptr, nullptr, nullptr);
+  Sample sample_{host_.desk()};
+  SurfaceView view_{host_, sample_, around_};
+};
+
+TEST_F(RepaintInAContainer, AToolTipPaintsNothing) {
+  for (Control* const control : sample_.controls())
+    if (control->kind() != Kind::Line)
+      EXPECT_EQ(painted(*control, [&] { control->set_tool_tip("tip"); }), nothing) << control->name();
+}
+
+TEST_F(RepaintInAContainer, ASpokenNamePaintsNothing) {
+  for (Control* const control : sample_.controls())
+    if (control->kind() != Kind::Line)
+      EXPECT_EQ(painted(*control, [&] { control->set_spoken_name("name"); }), nothing) << control->name();
+}
+
+TEST_F(RepaintInAContainer, ASelectionErasesNothing) {
+  EXPECT_EQ(painted(sample_.box, [&] { sample_.box.select_all(); }), nothing);
+}
+
+TEST_F(RepaintInAContainer, ATextPaintsItsControlAndNoOther) {
+  for (Control* const control :
+       {static_cast<Control*>(&sample_.label), static_cast<Control*>(&sample_.button)})
+    EXPECT_EQ(painted(*control, [&] { control->set_text("text"); }).paints, 1) << control->name();
+  EXPECT_EQ(painted(sample_.box, [&] { sample_.label.set_text("another"); }), nothing);
+}
+
+TEST_F(RepaintInAContainer, AColourErasesTheBoxThatHasIt) {
+  const Paints of_box = painted(sample_.box, [&] { sample_.box.set_back_colour(rgb(1, 200, 3)); });
+  EXPECT_EQ(of_box, (Paints{1, 1}));
+}
+
+TEST_F(RepaintInAContainer, APicturePressedIsPaintedAsItIs) {
+  const Paints paints = painted(sample_.picture, [&] {
+    send(sample_.picture, WM_LBUTTONDOWN, MK_LBUTTON, {5, 5});
+    send(sample_.picture, WM_MOUSEMOVE, MK_LBUTTON, {500, 5});
+    send(sample_.picture, WM_LBUTTONUP, 0, {500, 5});
+  });
+  EXPECT_EQ(paints, nothing);
+}
+
+TEST_F(RepaintInAContainer, AButtonPressedIsPainted) {
+  const auto press = [&] { send(sample_.button, WM_LBUTTONDOWN, MK_LBUTTON, {5, 5}); };
+  EXPECT_EQ(painted(sample_.button, press).paints, 1);
+  EXPECT_EQ(painted(sample_.button, [&] { send(sample_.button, WM_LBUTTONUP, 0, {5, 5}); }).paints, 1);
+}
+
+// What stands on a picture shows it between its own lines.
+TEST_F(RepaintInAContainer, ADrawingPaintsWhatStandsOnItToo) {
+  DisplayList drawing;
+  drawing.dots({{150, 150}}, rgb(1, 2, 3));
+  EXPECT_EQ(painted(sample_.image, [&] { sample_.picture.set_drawing(drawing); }).paints, 1);
+}
+
+TEST_F(RepaintInAContainer, AnImageShowsThePictureBehindItWhereverItIsMoved) {
+  DisplayList drawing;
+  drawing.line({0, 750}, {3000, 750}, rgb(1, 2, 3));
+  sample_.picture.set_drawing(drawing);
+  for (const Twips left : {600.0, 1200.0}) {
+    sample_.image.set_bounds({left, 600, 300, 300});
+    sample_.image.set_picture(Picture::None);
+    view_.mirror();
+    paint_what_must_be();
+    HWND const window = window_of(sample_.image);
+    RECT inside{};
+    GetClientRect(window, &inside);
+    HDC const dc = GetDC(window);
+    EXPECT_EQ(GetPixel(dc, inside.right / 4, inside.bottom / 2), RGB(1, 2, 3)) << left;
+    ReleaseDC(window, dc);
+  }
+}
+
+// ---- The picture that is kept
+
+class KeptPictures : public testing::Test {
+ protected:
+  // How often it had to be painted.
+  int painted(SIZE size, COLORREF ground) {
+    int count = 0;
+    kept_.show(paper_.dc(), size, ground, [&](HDC dc) {
+      ++count;
+      SetPixelV(dc, 3, 2, RGB(7, 8, 9));
+    });
+    EXPECT_EQ(GetPixel(paper_.dc(), 3, 2), RGB(7, 8, 9));
+    SetPixelV(paper_.dc(), 3, 2, 0);
+    return count;
+  }
+
+  MemoryBitmap paper_{{20, 10}};
+  KeptPicture kept_;
+};
+
+TEST_F(KeptPictures, ArePaintedOnce) {
+  EXPECT_EQ(painted({20, 10}, 0), 1);
+  EXPECT_EQ(painted({20, 10}, 0), 0);
+}
+
+TEST_F(KeptPictures, ArePaintedAgainWhenTheyAreForgotten) {
+  painted({20, 10}, 0);
+  kept_.forget();
+  EXPECT_EQ(painted({20, 10}, 0), 1);
+}
+
+TEST_F(KeptPictures, ArePaintedAgainInAnotherSizeOrOnAnotherGround) {
+  painted({20, 10}, 0);
+  EXPECT_EQ(painted({15, 10}, 0), 1);
+  EXPECT_EQ(painted({15, 9}, 0), 1);
+  EXPECT_EQ(painted({15, 9}, RGB(1, 1, 1)), 1);
+}
+
+}  // namespace
+}  // namespace tabulon::activex
