@@ -7,6 +7,7 @@
 
 #include "hosts/activex/bitmap.h"
 #include "hosts/activex/drawing.h"
+#include "hosts/activex/pixels.h"
 
 namespace tabulon::activex {
 

@@ -7,16 +7,31 @@
 
 #include <windows.h>
 
-#include "hosts/activex/kept_picture.h"
+#include "hosts/activex/control_painting.h"
+#include "hosts/activex/control_pointer.h"
+#include "hosts/activex/keyboard.h"
+#include "hosts/activex/tool_tips.h"
+#include "hosts/activex/view_state.h"
 #include "platform/surface.h"
 
 namespace tabulon::activex {
 
-class SurfaceView;
+// What the controls of a surface share with it.
+struct SurfaceParts {
+  const ViewState& view;
+  Keyboard& keyboard;
+  const FocusWatch& focus;
+  HotButton& hot;
+  ToolTips& tips;
+};
 
 class ControlView {
  public:
-  ControlView(SurfaceView& surface, platform::Control& control) : surface_(surface), control_(&control) {}
+  ControlView(const SurfaceParts& parts, platform::Control& control)
+      : parts_(parts),
+        control_(control),
+        pointer_(control, parts.view, parts.focus, parts.hot),
+        painting_(control, parts.view, pointer_, parts.hot) {}
   ControlView(const ControlView&) = delete;
   ~ControlView();
 
@@ -24,16 +39,15 @@ class ControlView {
   static ControlView* of(HWND window);
 
   // Null once the surface has gone.
-  platform::Control* control() const { return control_; }
+  platform::Control* control() const { return parts_.view.surface ? &control_ : nullptr; }
   HWND window() const { return window_; }
-  void forget_control() { control_ = nullptr; }
 
-  // Makes the window if the control is to be seen and its container has one.
-  void create_if_seen();
+  // Makes the window if the control is to be seen, and its parent is there.
+  void create_if_seen(HWND parent);
+  // For a control with a window.
   void apply(platform::Properties marked);
   void place();
   void density_changed();
-  void repaint();
   // Selects the whole text, once it has the focus.
   void select_if_wanted();
   // The person has changed the text in the window.
@@ -53,37 +67,25 @@ class ControlView {
   // What the system's own class does with a message.
   LRESULT system(UINT message, WPARAM wparam, LPARAM lparam);
 
+  const Services& services() const { return parts_.view.services; }
+  int dpi() const { return parts_.view.dpi; }
   Place wanted_place() const;
-  HWND parent_window() const;
   void show();
   void set_text();
-  void set_range();
-  void paint(HDC dc, const RECT& all);
-  void paint_picture_box(HDC dc, const RECT& all);
-  void print_behind(HDC dc) const;
-  void paint_edge();
+  void set_font();
+  void repaint();
   void repaint_focus();
-  void repaint_button();
+  void paint_edge();
   void shrink_to_text(RECT& box) const;
-  void hover();
-  void press(bool left, LPARAM where);
   bool press_in_box();
-  void move(LPARAM where);
-  void release(LPARAM where);
-  void lose_pointer();
-  void point(platform::Pointer::Action action, bool left, LPARAM where);
 
-  SurfaceView& surface_;
-  platform::Control* control_;
+  const SurfaceParts& parts_;
+  platform::Control& control_;
+  ControlPointer pointer_;
+  ControlPainting painting_;
   HWND window_ = nullptr;
   WNDPROC original_ = nullptr;
-  KeptPicture kept_picture_;            // of a picture box
-  bool pressed_ = false, left_ = true;  // it holds the pointer, pressed with the left button
-  bool over_ = false;                   // and the pointer is still over it
   bool wants_selection_ = false, writes_text_ = false;
 };
-
-// Where a message of the mouse says that it is, in the window that it came to.
-POINT point_of(LPARAM where);
 
 }  // namespace tabulon::activex

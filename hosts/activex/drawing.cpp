@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "hosts/activex/pictures.h"
+#include "hosts/activex/pixels.h"
 #include "hosts/activex/text.h"
 #include "platform/look.h"
 
@@ -116,26 +117,7 @@ class Strokes {
   int dpi_;
 };
 
-double units(double pixels, double from, double to) {
-  return to == from ? pixels : pixels / (to - from);
-}
-
 }  // namespace
-
-PixelScale pixel_scale(const platform::Scale& scale, const SIZE& pixels) {
-  const auto& [from, to] = scale;
-  return {units(static_cast<double>(pixels.cx), from.x, to.x),
-          units(static_cast<double>(pixels.cy), from.y, to.y), from};
-}
-
-PixelScale twip_scale(int dpi) {
-  constexpr double twips_per_inch = platform::measure::twips_per_pixel * platform::measure::pixels_per_inch;
-  return {dpi / twips_per_inch, dpi / twips_per_inch, {}};
-}
-
-int nearest_edge(double pixels) {
-  return static_cast<int>(std::floor(pixels + 0.5));
-}
 
 void paint_drawing(HDC dc, const RECT& box, const platform::Scale& scale,
                    const platform::DisplayList& drawing, HFONT letters, int dpi) {

@@ -8,26 +8,9 @@
 #include <windows.h>
 
 #include "platform/display_list.h"
+#include "platform/geometry.h"
 
 namespace tabulon::activex {
-
-// From the user coordinates of a container to pixels from its corner; an axis may grow the other way, and
-// then its unit is negative.
-struct PixelScale {
-  double unit_x = 0, unit_y = 0;  // pixels in a user unit
-  platform::Point origin;         // the user coordinates of the corner
-
-  platform::Point pixels(platform::Point user) const {
-    return {(user.x - origin.x) * unit_x, (user.y - origin.y) * unit_y};
-  }
-};
-
-// The scale of a picture box of so many pixels.
-PixelScale pixel_scale(const platform::Scale& scale, const SIZE& pixels);
-// The scale of what has none of its own: twips from the corner.
-PixelScale twip_scale(int dpi);
-// Between two pixels, halves upwards.
-int nearest_edge(double pixels);
 
 // What the whole list shows, clipped to the box (in pixels of `dc`). `letters` are those of the texts.
 void paint_drawing(HDC dc, const RECT& box, const platform::Scale& scale,

@@ -6,30 +6,21 @@ namespace tabulon::activex {
 
 namespace {
 
-HINSTANCE module = nullptr;
 Library* loaded = nullptr;
 
 }  // namespace
 
-std::wstring Library::path() const {
-  wchar_t text[MAX_PATH]{};
-  return {text, GetModuleFileNameW(module, text, MAX_PATH)};
-}
-
 // Made when it is first asked for: while the system loads the file, windows and their classes are not to be
 // touched.
 Library& library() {
-  if (!loaded) loaded = new Library(module);
+  if (!loaded) loaded = new Library;
   return *loaded;
 }
 
 }  // namespace tabulon::activex
 
 extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID process_ends) {
-  if (reason == DLL_PROCESS_ATTACH) {
-    DisableThreadLibraryCalls(instance);
-    tabulon::activex::module = instance;
-  }
+  if (reason == DLL_PROCESS_ATTACH) DisableThreadLibraryCalls(instance);
   // A process that ends takes its windows and its memory with it, and what they would need may be gone
   // already.
   if (reason == DLL_PROCESS_DETACH && !process_ends) delete tabulon::activex::loaded;

@@ -3,24 +3,17 @@
 //   library().model.NrBeslisVar;
 #pragma once
 
-#include <windows.h>
-
-#include <string>
-
 #include "control/basSafeCtl.h"
-#include "hosts/activex/surface_view.h"
+#include "hosts/activex/window_classes.h"
 #include "hosts/activex/windows_host.h"
 
 namespace tabulon::activex {
 
 struct Library {
-  explicit Library(HINSTANCE loaded) : module(loaded) {}
+  Library() = default;
   Library(const Library&) = delete;
 
-  std::wstring path() const;
-
-  HINSTANCE module;
-  WindowClasses classes{module};
+  WindowClasses classes{SurfaceView::procedure};
   basSafeCtl model;
   WindowsHost host;
   long users = 0;  // objects, and locks of who wants the library to stay

@@ -2,6 +2,7 @@
 #include <span>
 #include <utility>
 
+#include "hosts/activex/key_messages.h"
 #include "hosts/activex/lpctrl_object.h"
 
 namespace tabulon::activex {
@@ -76,7 +77,7 @@ void LPctrlObject::show_surface() {
   HWND const window = view_.window();
   if ((GetWindowLongW(window, GWL_STYLE) & WS_VISIBLE) != 0) return;
   ShowWindow(window, SW_SHOWNA);
-  host().handle([&] { host().desk().call(control_, control_.UserControl_Show()); });
+  dispatcher().handle([&] { host().desk().call(control_, control_.UserControl_Show()); });
 }
 
 // The container's place says where the control stands; how large it is, it knows itself.
@@ -127,7 +128,7 @@ STDMETHODIMP LPctrlObject::InPlaceDeactivate() {
   if (!in_place_site_) return S_OK;
   const ComPtr<ILPctrl> alive(this);
   UIDeactivate();
-  if (control_.has_focus()) host().handle([&] { host().focus_went(view_); });
+  if (control_.has_focus()) dispatcher().handle([&] { host().focus_went(control_); });
   const ComPtr<IOleInPlaceSite> site = std::move(in_place_site_);
   if (!site) return S_OK;  // the container has asked once more meanwhile
   leave_site();
@@ -161,8 +162,7 @@ STDMETHODIMP LPctrlObject::TranslateAccelerator(MSG* message) {
   const ComPtr<ILPctrl> alive(this);
   HWND const window = view_.window();
   const bool is_ours = window && (message->hwnd == window || IsChild(window, message->hwnd));
-  const bool presses = message->message == WM_KEYDOWN || message->message == WM_SYSKEYDOWN;
-  return is_ours && presses && view_.key_pressed(*message) ? S_OK : S_FALSE;
+  return is_ours && is_key_press(message->message) && view_.keyboard().press(*message) ? S_OK : S_FALSE;
 }
 
 // ---- ViewSite

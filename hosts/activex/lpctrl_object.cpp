@@ -3,6 +3,7 @@
 #include <string>
 
 #include "hosts/activex/enumerator.h"
+#include "hosts/activex/module.h"
 #include "shell/safety.h"
 
 namespace tabulon::activex {
@@ -31,7 +32,7 @@ HRESULT type_info(REFGUID id, ITypeInfo** out) {
   if (!out) return E_POINTER;
   *out = nullptr;
   ComPtr<ITypeLib> types;
-  const HRESULT loaded = LoadTypeLibEx(library().path().c_str(), REGKIND_NONE, types.receive());
+  const HRESULT loaded = LoadTypeLibEx(module_path().c_str(), REGKIND_NONE, types.receive());
   return SUCCEEDED(loaded) ? types->GetTypeInfoOfGuid(id, out) : loaded;
 }
 
@@ -44,13 +45,15 @@ HRESULT LPctrlObject::create(REFIID id, void** out) {
 
 LPctrlObject::LPctrlObject()
     : control_(library().host.desk(), library().model),
-      view_(library().host, control_, *this),
+      view_(library().host.services(), control_, *this),
       events_(*this) {
+  host().add(view_);
   // What another control of the process has left may be too large; the parameters decide.
-  host().handle([this] { static_cast<void>(control_.UserControl_Initialize()); });
+  dispatcher().handle([this] { static_cast<void>(control_.UserControl_Initialize()); });
 }
 
 LPctrlObject::~LPctrlObject() {
+  host().remove(view_);
   if (accelerators_) DestroyAcceleratorTable(accelerators_);
 }
 
@@ -105,9 +108,9 @@ STDMETHODIMP_(ULONG) LPctrlObject::AddRef() {
 STDMETHODIMP_(ULONG) LPctrlObject::Release() {
   if (--references_ != 0) return references_;
   ++references_;  // the container may count while it is told
-  host().after_event([this] {
+  dispatcher().after_event([this] {
     retire();
-    host().release_later({this, [](LPctrlObject* gone) { delete gone; }});
+    dispatcher().release_later({this, [](LPctrlObject* gone) { delete gone; }});
   });
   return 0;
 }

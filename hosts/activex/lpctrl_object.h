@@ -53,7 +53,7 @@ class LPctrlObject final : public ILPctrl,
   STDMETHODIMP_(ULONG) AddRef() override;
   STDMETHODIMP_(ULONG) Release() override;
 
-  // ---- IDispatch, lpctrl_script.cpp
+  // ---- IDispatch, lpctrl_dispatch.cpp
   STDMETHODIMP GetTypeInfoCount(UINT* count) override;
   STDMETHODIMP GetTypeInfo(UINT at, LCID locale, ITypeInfo** out) override;
   STDMETHODIMP GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID locale, DISPID* ids) override;
@@ -162,6 +162,7 @@ class LPctrlObject final : public ILPctrl,
   ~LPctrlObject();
 
   WindowsHost& host() const { return library().host; }
+  Dispatcher& dispatcher() const { return host().dispatcher(); }
 
   // Ends what the control does, and lets go of the container.
   void retire();
@@ -169,20 +170,22 @@ class LPctrlObject final : public ILPctrl,
   template <class Act>
   Result<> run(Act act) {
     host().take_error();
-    const Result<> result = host().handle(act);
+    const Result<> result = dispatcher().handle(act);
     return result ? reported() : result;
   }
   Result<> reported();
 
-  // ---- lpctrl_script.cpp
+  // ---- lpctrl_dispatch.cpp
   HRESULT own_type(ITypeInfo** out);
-  Result<> set(DISPID property, const PropertyValue& value);
   Result<> set(DISPID property, VARIANT& given);
   Result<> call(DISPID method, DISPPARAMS& given, VARIANT* answer);
+  Result<> display_text(VARIANT* kind, VARIANT* number, VARIANT* answer);
+
+  // ---- lpctrl_script.cpp
+  Result<> set(DISPID property, const PropertyValue& value);
   Result<> build();
   Result<> show(platform::Task<> form);
   Result<> with_file(const std::string& name, Result<> (LPctrl::*method)(std::string_view));
-  Result<> display_text(VARIANT* kind, VARIANT* number, VARIANT* answer);
 
   // ---- lpctrl_persistence.cpp
   Result<> read(const PropertyBag& bag);

@@ -44,7 +44,7 @@ STDMETHODIMP LPctrlObject::GetClientSite(IOleClientSite** out) {
 // The control has nothing to save.
 STDMETHODIMP LPctrlObject::Close(DWORD) {
   const ComPtr<ILPctrl> alive(this);
-  host().after_event([this, alive] { host().abandon(control_); });
+  dispatcher().after_event([this, alive] { host().abandon(control_); });
   InPlaceDeactivate();
   if (advised_) advised_->SendOnClose();
   return S_OK;
@@ -144,7 +144,7 @@ STDMETHODIMP LPctrlObject::OnMnemonic(MSG* message) {
   if (!message) return E_POINTER;
   const ComPtr<ILPctrl> alive(this);
   if (const HRESULT active = activate_ui(); FAILED(active)) return active;
-  return view_.key_pressed(*message) ? S_OK : S_FALSE;
+  return view_.keyboard().press(*message) ? S_OK : S_FALSE;
 }
 
 STDMETHODIMP LPctrlObject::OnAmbientPropertyChange(DISPID property) {

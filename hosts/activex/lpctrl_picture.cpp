@@ -3,7 +3,7 @@
 #include <cmath>
 
 #include "hosts/activex/lpctrl_object.h"
-#include "hosts/activex/painting.h"
+#include "hosts/activex/surface_picture.h"
 
 namespace tabulon::activex {
 
@@ -46,8 +46,7 @@ STDMETHODIMP LPctrlObject::Draw(DWORD aspect, LONG, void*, DVTARGETDEVICE*, HDC,
   const Clipped clipped(dc, box);
   // As large as the box is wide.
   const auto dpi = static_cast<int>(std::lround((box.right - box.left) * 1440 / LPctrl::fixed_width));
-  Fonts fonts;  // for this size, which may never come again
-  if (dpi > 0) Painter(dc, fonts, dpi).surface(control_, {box.left, box.top});
+  if (dpi > 0) paint_surface(dc, control_, {box.left, box.top}, dpi);
   return S_OK;
 }
 

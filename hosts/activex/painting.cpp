@@ -1,10 +1,10 @@
 #include "hosts/activex/painting.h"
 
 #include <algorithm>
-#include <cmath>
 #include <string>
 
 #include "hosts/activex/pictures.h"
+#include "hosts/activex/pixels.h"
 #include "hosts/activex/text.h"
 #include "platform/look.h"
 
@@ -64,14 +64,6 @@ UINT alignment(const Font& font) {
   return alignments[static_cast<std::size_t>(font.align)];
 }
 
-// The scale of what stands in a control: twips, or the user units of a picture box.
-PixelScale scale_inside(const Control* container, int dpi) {
-  if (!container || container->kind() != Kind::PictureBox) return twip_scale(dpi);
-  const Bounds& bounds = container->bounds();
-  return pixel_scale(static_cast<const PictureBox*>(container)->scale(),
-                     {pixels_at(bounds.width, dpi), pixels_at(bounds.height, dpi)});
-}
-
 RECT moved(RECT box, POINT by) {
   OffsetRect(&box, by.x, by.y);
   return box;
@@ -120,19 +112,6 @@ class Selected {
 };
 
 }  // namespace
-
-int pixels_at(Twips twips, int dpi) {
-  return nearest_edge(twip_scale(dpi).unit_x * twips);
-}
-
-RECT bounds_in_pixels(const Control& control, int dpi) {
-  const auto [unit_x, unit_y, origin] = scale_inside(control.container(), dpi);
-  const Bounds& bounds = control.bounds();
-  const int left = nearest_edge((bounds.left - origin.x) * unit_x),
-            top = nearest_edge((bounds.top - origin.y) * unit_y);
-  return {left, top, left + nearest_edge(std::abs(bounds.width * unit_x)),
-          top + nearest_edge(std::abs(bounds.height * unit_y))};
-}
 
 bool is_handle(const Control& control) {
   return control.name() == "cmdFrame";
@@ -297,8 +276,6 @@ void Painter::lines(const Surface& surface, const Control* container, POINT orig
   }
 }
 
-// ---- Surfaces
-
 void Painter::ground(const Surface& surface, POINT origin) const {
   const Palette colours = palette();
   const RECT all = moved({0, 0, pixels_at(surface.width(), dpi_), pixels_at(surface.height(), dpi_)}, origin);
@@ -308,51 +285,6 @@ void Painter::ground(const Surface& surface, POINT origin) const {
   band.bottom = band.top + pixels_at(menu_bar, dpi_);
   fill(band, colours.band);
   outline(all, colours.edge, hair());
-}
-
-void Painter::below(const Surface& surface, const Control* container, POINT origin) const {
-  if (!container) return ground(surface, origin);
-  const RECT box = bounds_in_pixels(*container, dpi_);
-  const RECT inside = moved({0, 0, box.right - box.left, box.bottom - box.top}, origin);
-  if (container->kind() == Kind::PictureBox)
-    picture_box(static_cast<const PictureBox&>(*container), inside, false);
-  else
-    frame(*container, inside);
-}
-
-void Painter::control(const Control& control, POINT origin) const {
-  const RECT box = moved(bounds_in_pixels(control, dpi_), origin);
-  switch (control.kind()) {
-    case Kind::Label:
-      return label(control, box);
-    case Kind::CommandButton:
-      return button(control, box, {});
-    case Kind::TextBox:
-      return text_box(static_cast<const TextBox&>(control), box);
-    case Kind::HScrollBar:
-    case Kind::VScrollBar:
-      return scroll_bar(static_cast<const ScrollBar&>(control), box);
-    case Kind::Image:
-      return image(static_cast<const Image&>(control), box);
-    case Kind::Frame:
-    case Kind::PictureBox:
-      below(control.surface(), &control, {box.left, box.top});
-      return inside(control.surface(), &control, {box.left, box.top});
-    case Kind::Line:
-    case Kind::Menu:
-      return;
-  }
-}
-
-void Painter::inside(const Surface& surface, const Control* container, POINT origin) const {
-  lines(surface, container, origin);
-  for (const Control* each : surface.controls())
-    if (each->container() == container && each->kind() != Kind::Menu && each->shown()) control(*each, origin);
-}
-
-void Painter::surface(const Surface& surface, POINT origin) const {
-  ground(surface, origin);
-  inside(surface, nullptr, origin);
 }
 
 }  // namespace tabulon::activex

@@ -4,7 +4,6 @@
 //
 //   const Painter painter(dc, fonts, dpi);
 //   painter.label(label, box);
-//   painter.surface(control, {0, 0});      // all of it, as on a page that is printed
 #pragma once
 
 #include <windows.h>
@@ -36,15 +35,12 @@ class Painter {
   void lines(const platform::Surface& surface, const platform::Control* container, POINT origin) const;
   // What a surface shows where no control stands.
   void ground(const platform::Surface& surface, POINT origin) const;
-  // Everything, as if every control were drawn here.
-  void surface(const platform::Surface& surface, POINT origin) const;
 
- private:
-  void control(const platform::Control& control, POINT origin) const;
+  // ---- What the system draws in a window, and nobody elsewhere
   void text_box(const platform::TextBox& box, const RECT& bounds) const;
   void scroll_bar(const platform::ScrollBar& bar, RECT box) const;
-  void below(const platform::Surface& surface, const platform::Control* container, POINT origin) const;
-  void inside(const platform::Surface& surface, const platform::Control* container, POINT origin) const;
+
+ private:
   void dots(const RECT& box) const;
   void fill(const RECT& box, COLORREF colour) const;
   void outline(const RECT& box, COLORREF colour, int width) const;
@@ -56,10 +52,6 @@ class Painter {
   Fonts& fonts_;
   int dpi_;
 };
-
-// Where a control stands in its container's window, in pixels at this density.
-RECT bounds_in_pixels(const platform::Control& control, int dpi);
-int pixels_at(platform::Twips twips, int dpi);
 
 // Whether it is there to be taken hold of and moved.
 bool is_handle(const platform::Control& control);

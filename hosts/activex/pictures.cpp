@@ -6,7 +6,7 @@
 #include <span>
 
 #include "hosts/activex/bitmap.h"
-#include "hosts/activex/drawing.h"
+#include "hosts/activex/pixels.h"
 #include "platform/pictures.h"
 
 namespace tabulon::activex {

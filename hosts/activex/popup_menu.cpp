@@ -4,9 +4,10 @@
 
 #include <iterator>
 
-#include "hosts/activex/painting.h"
+#include "hosts/activex/pixels.h"
 #include "hosts/activex/text.h"
 #include "platform/captions.h"
+#include "platform/surface.h"
 
 namespace tabulon::activex {
 
@@ -14,6 +15,9 @@ using platform::Control;
 using platform::Menu;
 
 namespace {
+
+// The window that a menu is open over: one at a time in a process, for the person has one keyboard.
+HWND menu_owner = nullptr;
 
 UINT id_of(const Control& control) {
   return static_cast<UINT>(control.id() + 1);
@@ -103,8 +107,10 @@ Menu* track_popup_menu(const platform::MenuSession& session, HWND window, int dp
   ClientToScreen(window, &on_screen);
   HMENU const menu = make(*session.open().front());
   HHOOK const hook = SetWindowsHookExW(WH_MSGFILTER, filter_keys, nullptr, GetCurrentThreadId());
+  menu_owner = window;
   const int chosen = TrackPopupMenuEx(menu, TPM_LEFTALIGN | TPM_TOPALIGN | TPM_RETURNCMD | TPM_LEFTBUTTON,
                                       on_screen.x, on_screen.y, window, nullptr);
+  menu_owner = nullptr;
   UnhookWindowsHookEx(hook);
   DestroyMenu(menu);
   if (chosen == 0) {
@@ -112,6 +118,10 @@ Menu* track_popup_menu(const platform::MenuSession& session, HWND window, int dp
     return nullptr;
   }
   return static_cast<Menu*>(surface.controls()[static_cast<std::size_t>(chosen - 1)]);
+}
+
+void end_menu_over(HWND window) {
+  if (window == menu_owner) EndMenu();
 }
 
 }  // namespace tabulon::activex

@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "hosts/activex/com.h"
-#include "hosts/activex/library.h"
 #include "hosts/activex/lpctrl_object.h"
+#include "hosts/activex/module.h"
 
 namespace tabulon::activex {
 
@@ -59,7 +59,7 @@ void add_interface(std::vector<Entry>& entries, REFIID id, const wchar_t* name, 
 }
 
 std::vector<Entry> all_entries() {
-  const std::wstring path = library().path();
+  const std::wstring path = module_path();
   const std::wstring folder = path.substr(0, path.find_last_of(L'\\'));
   const std::wstring of_class = class_key(), class_id = text_of(CLSID_LPctrl);
   // No threading model: all controls live on the program's first thread, since they share one model and one

@@ -14,6 +14,7 @@
 #include "hosts/activex/bitmap.h"
 #include "hosts/activex/clipboard.h"
 #include "hosts/activex/pictures.h"
+#include "hosts/activex/pixels.h"
 
 namespace tabulon::activex {
 namespace {

@@ -92,11 +92,13 @@ class Counted {
 class RepaintInAContainer : public testing::Test {
  protected:
   RepaintInAContainer() {
+    host_.add(view_);
     view_.open(container_, {0, 0});
     ShowWindow(view_.window(), SW_SHOWNA);
     paint_what_must_be();
   }
   ~RepaintInAContainer() override {
+    host_.remove(view_);
     view_.close();
     DestroyWindow(container_);
   }
@@ -123,7 +125,7 @@ class RepaintInAContainer : public testing::Test {
       CreateWindowExW(WS_EX_TOPMOST, L"STATIC", nullptr, WS_POPUP | WS_VISIBLE | WS_CLIPCHILDREN, 0, 0, 640,
                       400, nullptr, nullptr, nullptr, nullptr);
   Sample sample_{host_.desk()};
-  SurfaceView view_{host_, sample_, around_};
+  SurfaceView view_{host_.services(), sample_, around_};
 };
 
 TEST_F(RepaintInAContainer, AToolTipPaintsNothing) {

@@ -1,0 +1,81 @@
+#include "hosts/activex/form_view.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "hosts/activex/density.h"
+#include "hosts/activex/names.h"
+#include "hosts/activex/text.h"
+#include "hosts/activex/window_text.h"
+
+namespace tabulon::activex {
+
+namespace {
+
+constexpr DWORD style = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
+constexpr DWORD extended_style = WS_EX_DLGMODALFRAME;
+
+// The place nearest to the wanted one that is on the screen.
+RECT within_screen(RECT place, HWND near_to) {
+  MONITORINFO monitor{};
+  monitor.cbSize = sizeof monitor;
+  GetMonitorInfoW(MonitorFromWindow(near_to, MONITOR_DEFAULTTONEAREST), &monitor);
+  const RECT& screen = monitor.rcWork;
+  OffsetRect(&place, std::min(0L, screen.right - place.right), std::min(0L, screen.bottom - place.bottom));
+  OffsetRect(&place, std::max(0L, screen.left - place.left), std::max(0L, screen.top - place.top));
+  return place;
+}
+
+RECT centred(RECT place, const RECT& around) {
+  OffsetRect(&place, (around.left + around.right - place.left - place.right) / 2,
+             (around.top + around.bottom - place.top - place.bottom) / 2);
+  return place;
+}
+
+}  // namespace
+
+FormView::FormView(const Services& services, platform::Form& form, ViewSite& site,
+                   std::function<void()> given_up)
+    : SurfaceView(services, form, site), given_up_(std::move(given_up)) {}
+
+bool FormView::open_over(HWND over) {
+  owner_ = over ? GetAncestor(over, GA_ROOT) : nullptr;
+  set_dpi(dpi_of(over));
+  RECT place{0, 0, size().cx, size().cy}, around{};
+  add_edge(place);
+  GetWindowRect(over ? over : GetDesktopWindow(), &around);
+  return create({form_class, style, extended_style}, within_screen(centred(place, around), over), owner_);
+}
+
+void FormView::add_edge(RECT& inside) const {
+  add_frame(inside, style, extended_style, dpi());
+}
+
+void FormView::show() {
+  if (!window() || IsWindowVisible(window())) return;
+  if (HWND const holder = GetCapture()) SendMessageW(holder, WM_CANCELMODE, 0, 0);
+  stopped_owner_ = owner_ && !EnableWindow(owner_, FALSE);
+  ShowWindow(window(), SW_SHOW);
+}
+
+// The owner first: a window that disappears gives the keyboard to one that takes it.
+void FormView::detach() {
+  SurfaceView::detach();
+  if (!window()) return;
+  if (std::exchange(stopped_owner_, false)) EnableWindow(owner_, TRUE);
+  if (owner_ && GetActiveWindow() == window()) SetActiveWindow(owner_);
+  ShowWindow(window(), SW_HIDE);
+}
+
+void FormView::mirror() {
+  if (!surface() || !window()) return;
+  mirror_controls();
+  const std::wstring caption = wide(static_cast<const platform::Form&>(*surface()).caption());
+  if (window_text(window()) != caption) SetWindowTextW(window(), caption.c_str());
+}
+
+void FormView::on_destroyed() {
+  if (surface()) services().dispatcher.after_event(given_up_);
+}
+
+}  // namespace tabulon::activex

@@ -1,0 +1,59 @@
+#include "hosts/activex/ground_pointer.h"
+
+#include <olectl.h>
+
+#include <utility>
+
+#include "hosts/activex/key_messages.h"
+#include "hosts/activex/mouse_messages.h"
+
+namespace tabulon::activex {
+
+namespace {
+
+constexpr short left = 1, right = 2;
+
+short modifiers() {
+  return static_cast<short>(pressed_modifiers());
+}
+
+}  // namespace
+
+bool GroundPointer::handle(UINT message, WPARAM wparam, LPARAM lparam) {
+  if (!is_mouse_message(message)) return false;
+  if (!view_.is_control()) return true;
+  const POINT at = point_of(lparam);
+  view_.services.dispatcher.handle([&] {
+    switch (message) {
+      case WM_MOUSEMOVE:
+        return view_.site.fire_mouse(DISPID_MOUSEMOVE, static_cast<short>(wparam & (MK_LBUTTON | MK_RBUTTON)),
+                                     modifiers(), at);
+      case WM_LBUTTONUP:
+        return release(left, at);
+      case WM_RBUTTONUP:
+        return release(right, at);
+      default:
+        return press(message, message == WM_RBUTTONDOWN ? right : left, at);
+    }
+  });
+  return true;
+}
+
+void GroundPointer::press(UINT message, short button, POINT at) {
+  const bool on_ground = is_on_ground(at);
+  focus_.mouse_pressed();
+  pressed_ = button == left && on_ground;
+  if (message == WM_LBUTTONDBLCLK) view_.site.fire_click(DISPID_DBLCLICK);
+  view_.site.fire_mouse(DISPID_MOUSEDOWN, button, modifiers(), at);
+}
+
+// What is disabled lets the pointer through to here; that is no click on the ground.
+void GroundPointer::release(short button, POINT at) {
+  const bool on_ground = is_on_ground(at);
+  view_.site.fire_mouse(DISPID_MOUSEUP, button, modifiers(), at);
+  if (button == right || !std::exchange(pressed_, false) || !on_ground || !view_.surface) return;
+  view_.services.desk.click(*view_.surface);
+  view_.site.fire_click(DISPID_CLICK);
+}
+
+}  // namespace tabulon::activex

@@ -1,0 +1,17 @@
+#include "hosts/activex/module.h"
+
+// The linker's name for where a module begins.
+extern "C" IMAGE_DOS_HEADER __ImageBase;
+
+namespace tabulon::activex {
+
+HINSTANCE this_module() {
+  return reinterpret_cast<HINSTANCE>(&__ImageBase);
+}
+
+std::wstring module_path() {
+  wchar_t text[MAX_PATH]{};
+  return {text, GetModuleFileNameW(this_module(), text, MAX_PATH)};
+}
+
+}  // namespace tabulon::activex

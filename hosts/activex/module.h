@@ -1,0 +1,16 @@
+// This library as the system has loaded it.
+//
+//   CreateWindowExW(0, surface_class, nullptr, style, 0, 0, 0, 0, parent, nullptr, this_module(), nullptr);
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+namespace tabulon::activex {
+
+HINSTANCE this_module();
+// Where its file is.
+std::wstring module_path();
+
+}  // namespace tabulon::activex

@@ -1,0 +1,38 @@
+// A window that nobody sees, by which the system answers tickets: after a time, or after what waits now.
+//
+//   TicketWindow tickets([&](Ticket ticket, bool refused) { desk.answer(ticket, refused ? "refused" : "");
+//   }); tickets.answer_after(1000, ticket);
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <utility>
+
+#include "platform/host.h"
+
+namespace tabulon::activex {
+
+class TicketWindow {
+ public:
+  using Answer = std::function<void(platform::Ticket ticket, bool refused)>;
+
+  explicit TicketWindow(Answer answer) : answer_(std::move(answer)) {}
+  TicketWindow(const TicketWindow&) = delete;
+  ~TicketWindow() { close(); }
+
+  void answer_after(double milliseconds, platform::Ticket ticket);
+  void answer_soon(platform::Ticket ticket, bool refused = false);
+  // Made when it is first asked for.
+  HWND window();
+  // Until it is asked for again.
+  void close();
+
+ private:
+  static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
+
+  Answer answer_;
+  HWND window_ = nullptr;
+};
+
+}  // namespace tabulon::activex
