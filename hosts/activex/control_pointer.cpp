@@ -1,6 +1,7 @@
 #include "hosts/activex/control_pointer.h"
 
 #include <cmath>
+#include <utility>
 
 #include "hosts/activex/control_kinds.h"
 #include "hosts/activex/mouse_messages.h"
@@ -9,6 +10,16 @@
 namespace tabulon::activex {
 
 using namespace platform;
+
+namespace {
+
+bool is_inside(HWND window, LPARAM where) {
+  RECT inside{};
+  GetClientRect(window, &inside);
+  return PtInRect(&inside, point_of(where)) != 0;
+}
+
+}  // namespace
 
 bool ControlPointer::handle(HWND window, UINT message, LPARAM where) {
   switch (message) {
@@ -39,8 +50,9 @@ void ControlPointer::hover(HWND window) {
   if (TrackMouseEvent(&track)) hot_.set(window);
 }
 
-// In the units in which the control itself stands, from its corner.
+// Positions are reported in the units of the control's container, from the control's corner.
 void ControlPointer::tell(Pointer::Action action, bool left, LPARAM where) {
+  last_place_ = where;
   if (!is_dragged(control_)) return;
   const POINT at = point_of(where);
   const RECT box = bounds_in_pixels(control_, view_.dpi);
@@ -64,24 +76,22 @@ void ControlPointer::press(HWND window, bool left, LPARAM where) {
 void ControlPointer::move(HWND window, LPARAM where) {
   hover(window);
   if (!pressed_) return;
-  RECT inside{};
-  GetClientRect(window, &inside);
-  if (over_ != (PtInRect(&inside, point_of(where)) != 0)) {
-    over_ = !over_;
-    repaint_button(window);
-  }
+  if (std::exchange(over_, is_inside(window, where)) != over_) repaint_button(window);
   view_.services.dispatcher.handle([&] { tell(Pointer::Action::Move, left_, where); });
 }
 
-// A button that is left before it is released is not pressed; what is dragged is clicked wherever it ends.
+// Leaving a button before releasing it cancels the press; anything else is clicked wherever the drag ends. A
+// busy thread does not receive the last moves, so the place of the release counts as one.
 void ControlPointer::release(HWND window, LPARAM where) {
   if (!pressed_) return;
   pressed_ = false;
+  over_ = is_inside(window, where);
   ReleaseCapture();
   repaint_button(window);
   const bool is_click = left_ && (over_ || (is_dragged(control_) && !is_button(control_)));
   view_.services.dispatcher.handle([&] {
-    tell(Pointer::Action::Up, false, where);
+    if (where != last_place_) tell(Pointer::Action::Move, left_, where);
+    if (view_.surface) tell(Pointer::Action::Up, false, where);
     if (is_click && view_.surface) view_.services.desk.click(control_);
   });
 }

@@ -1,4 +1,4 @@
-// The pointer over one control that we draw: pressed, moved while it is held, released.
+// The mouse over one control that we draw: pressed, dragged, released.
 //
 //   ControlPointer pointer(control, view, focus, hot);
 //   if (pointer.handle(window, WM_LBUTTONDOWN, where)) return 0;
@@ -18,9 +18,9 @@ class ControlPointer {
       : control_(control), view_(view), focus_(focus), hot_(hot) {}
   ControlPointer(const ControlPointer&) = delete;
 
-  // True where the message was one of the pointer's.
+  // True if this was a message of the mouse.
   bool handle(HWND window, UINT message, LPARAM where);
-  // Whether a button is to look pressed.
+  // Whether a button is drawn pressed.
   bool holds() const { return pressed_ && over_; }
 
  private:
@@ -37,8 +37,9 @@ class ControlPointer {
   const ViewState& view_;
   const FocusWatch& focus_;
   HotButton& hot_;
-  bool pressed_ = false, left_ = true;  // it has the pointer, pressed with the left button
-  bool over_ = false;                   // and the pointer is still over it
+  bool pressed_ = false, left_ = true;  // a button is down, the left one
+  bool over_ = false;                   // and the mouse is still over the control
+  LPARAM last_place_ = 0;               // that was reported to the control
 };
 
 }  // namespace tabulon::activex

@@ -4,49 +4,13 @@
 #include <functional>
 #include <map>
 
-#include "hosts/activex/library.h"
-#include "hosts/activex/surface_view.h"
+#include "hosts/activex/kept_picture.h"
+#include "tests/activex/sample_view.h"
 
 namespace tabulon::activex {
 namespace {
 
 using namespace platform;
-
-// A surface with a control of each kind that is painted.
-class Sample : public Surface {
- public:
-  explicit Sample(Desk& desk) : Surface(desk, "Sample", 6000, 3000) {
-    box.set_bounds({300, 300, 1500, 300});
-    label.set_bounds({300, 900, 1500, 300});
-    button.set_bounds({300, 1500, 1500, 300});
-    picture.set_bounds({2400, 300, 3000, 2400});
-    picture.set_scale({{0, 0}, {3000, 2400}});
-    image.set_bounds({600, 600, 300, 300});
-    image.set_picture(Picture::Cross);
-    line.set_ends({0, 0}, {1500, 1500});
-    button.set_tab(1, true);
-    box.set_tab(2, true);
-    picture.set_tab(3, true);
-  }
-
-  TextBox box{*this, "box"};
-  Label label{*this, "label"};
-  CommandButton button{*this, "button"};
-  PictureBox picture{*this, "picture"};
-  Image image{*this, "image", 0, &picture};
-  Line line{*this, "line", 0, &picture};
-};
-
-class NothingAround : public ViewSite {
- public:
-  void focus_changed(bool) override {}
-  void enable_modeless(bool) override {}
-  bool pass_on(const MSG&) override { return false; }
-  void picture_changed() override {}
-  void fire_click(DISPID) override {}
-  short fire_key(DISPID, short code, short) override { return code; }
-  void fire_mouse(DISPID, short, short, POINT) override {}
-};
 
 struct Paints {
   int paints = 0, erases = 0;
@@ -88,25 +52,8 @@ class Counted {
   Paints paints_;
 };
 
-// In front of everything, for only what is seen is painted.
-class RepaintInAContainer : public testing::Test {
+class RepaintInAContainer : public SampleView {
  protected:
-  RepaintInAContainer() {
-    host_.add(view_);
-    view_.open(container_, {0, 0});
-    ShowWindow(view_.window(), SW_SHOWNA);
-    paint_what_must_be();
-  }
-  ~RepaintInAContainer() override {
-    host_.remove(view_);
-    view_.close();
-    DestroyWindow(container_);
-  }
-
-  HWND window_of(const Control& control) const { return view_.view_of(control)->window(); }
-  void paint_what_must_be() const {
-    RedrawWindow(container_, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
-  }
   // What `control` is painted while that happens.
   Paints painted(const Control& control, const std::function<void()>& act) {
     Counted counted(window_of(control));
@@ -115,17 +62,6 @@ class RepaintInAContainer : public testing::Test {
     paint_what_must_be();
     return counted.take();
   }
-  void send(const Control& to, UINT message, WPARAM how, POINT at) const {
-    SendMessageW(window_of(to), message, how, MAKELPARAM(at.x, at.y));
-  }
-
-  NothingAround around_;
-  WindowsHost& host_ = library().host;
-  HWND container_ =
-      CreateWindowExW(WS_EX_TOPMOST, L"STATIC", nullptr, WS_POPUP | WS_VISIBLE | WS_CLIPCHILDREN, 0, 0, 640,
-                      400, nullptr, nullptr, nullptr, nullptr);
-  Sample sample_{host_.desk()};
-  SurfaceView view_{host_.services(), sample_, around_};
 };
 
 TEST_F(RepaintInAContainer, AToolTipPaintsNothing) {
