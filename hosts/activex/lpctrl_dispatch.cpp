@@ -56,6 +56,7 @@ STDMETHODIMP LPctrlObject::Invoke(DISPID member, REFIID reserved, LCID, WORD fla
   const bool can_be_done = (flags & (is_property(member) ? DISPATCH_PROPERTYPUT : DISPATCH_METHOD)) != 0;
   if (!wanted || !can_be_done) return DISP_E_MEMBERNOTFOUND;
   if (parameters->cArgs != *wanted) return DISP_E_BADPARAMCOUNT;
+  if (!is_sound(*parameters)) return E_INVALIDARG;
   if (is_property(member)) return answer(set(member, parameters->rgvarg[0]), exception);
   for (UINT place = 0; place < *wanted; ++place)
     if (!argument(*parameters, place)) return DISP_E_PARAMNOTFOUND;
@@ -88,7 +89,7 @@ Result<> LPctrlObject::call(DISPID method, DISPPARAMS& given, VARIANT* answer) {
 // ---- Values
 
 Result<> LPctrlObject::set(DISPID property, VARIANT& given) {
-  const auto value = value_of(given, is_list(property) ? PropertyValue(std::string()) : PropertyValue(0.0));
+  const auto value = is_list(property) ? list_of(given) : value_of(given, 0.0);
   return value ? set(property, *value) : about(std::unexpected(value.error()), property_name(property));
 }
 

@@ -153,6 +153,148 @@ TEST_F(Script, WhoCallsDirectlyIsToldTheSame) {
   EXPECT_EQ(of, __uuidof(ILPctrl));
 }
 
+// ---- Arguments as careless programs hand them over
+
+class CarelessCall : public Script {
+ protected:
+  HRESULT call_with(const wchar_t* name, WORD flags, DISPPARAMS parameters) {
+    return control_->Invoke(dispid_of(control_.Get(), name), IID_NULL, LOCALE_USER_DEFAULT, flags,
+                            &parameters, nullptr, nullptr, nullptr);
+  }
+  _variant_t value_{L" 1, 2"};
+  DISPID names_[3]{3, 4, 5};
+};
+
+TEST_F(CarelessCall, ArgumentsThatAreNamedByNothingAreRefused) {
+  ASSERT_TRUE(control_);
+  EXPECT_EQ(code(call_with(L"LeesTableau", DISPATCH_METHOD, {&value_, nullptr, 1, 1})), code(E_INVALIDARG));
+  EXPECT_EQ(code(call_with(L"prmRL", DISPATCH_PROPERTYPUT, {&value_, nullptr, 1, 1})), code(E_INVALIDARG));
+}
+
+TEST_F(CarelessCall, MoreNamesThanArgumentsAreRefused) {
+  ASSERT_TRUE(control_);
+  EXPECT_EQ(code(call_with(L"LeesTableau", DISPATCH_METHOD, {&value_, names_, 1, 3})), code(E_INVALIDARG));
+}
+
+TEST_F(CarelessCall, ArgumentsThatAreNowhereAreRefused) {
+  ASSERT_TRUE(control_);
+  EXPECT_EQ(code(call_with(L"LeesTableau", DISPATCH_METHOD, {nullptr, nullptr, 1, 0})), code(E_INVALIDARG));
+  EXPECT_EQ(code(call_with(L"prmRL", DISPATCH_PROPERTYPUT, {nullptr, nullptr, 1, 0})), code(E_INVALIDARG));
+}
+
+// ---- Lists that are no texts
+
+// An object of a script, as one whose arrays are objects has them: its value is a text.
+class ScriptObject final : public IDispatch {
+ public:
+  explicit ScriptObject(const wchar_t* text) : text_(text) {}
+  ULONG references = 1;
+
+  STDMETHODIMP QueryInterface(REFIID id, void** answer) override {
+    const bool known = id == IID_IUnknown || id == IID_IDispatch;
+    *answer = known ? this : nullptr;
+    if (known) AddRef();
+    return known ? S_OK : E_NOINTERFACE;
+  }
+  STDMETHODIMP_(ULONG) AddRef() override { return ++references; }
+  STDMETHODIMP_(ULONG) Release() override { return --references; }
+  STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
+  STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+  STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
+  STDMETHODIMP Invoke(DISPID member, REFIID, LCID, WORD, DISPPARAMS*, VARIANT* value, EXCEPINFO*,
+                      UINT*) override {
+    if (member != DISPID_VALUE || !value) return DISP_E_MEMBERNOTFOUND;
+    value->vt = VT_BSTR;
+    value->bstrVal = SysAllocString(text_);
+    return S_OK;
+  }
+
+ private:
+  const wchar_t* text_;
+};
+
+_variant_t array_of(const std::vector<_variant_t>& items) {
+  SAFEARRAY* const array = SafeArrayCreateVector(VT_VARIANT, 0, static_cast<ULONG>(items.size()));
+  for (LONG at = 0; at < static_cast<LONG>(items.size()); ++at)
+    SafeArrayPutElement(array, &at, const_cast<_variant_t*>(&items[static_cast<std::size_t>(at)]));
+  _variant_t value;
+  value.vt = VT_ARRAY | VT_VARIANT;
+  value.parray = array;
+  return value;
+}
+
+class ScriptList : public Script {
+ protected:
+  // What the first cells of row F hold, line 11 of the file and each fourth after it.
+  void expect_row(const _variant_t& list, const char* first, const char* second) {
+    expect_no_error(put(control_.Get(), L"prmDLfunctie", list));
+    const std::vector<std::string> lines = saved_lines(as<ILPctrl>(control_).Get());
+    ASSERT_GT(lines.size(), 15U);
+    EXPECT_EQ(lines[11], first);
+    EXPECT_EQ(lines[15], second);
+  }
+};
+
+TEST_F(ScriptList, MayBeAnArray) {
+  ASSERT_TRUE(control_);
+  expect_row(array_of({-3L, 0.5}), "-3", "0.5");
+  expect_row(array_of({L" 7", L"1/2"}), " 7", "1/2");
+}
+
+TEST_F(ScriptList, MayBeAnArrayOfOneType) {
+  ASSERT_TRUE(control_);
+  _variant_t numbers;
+  numbers.vt = VT_ARRAY | VT_I2;
+  numbers.parray = SafeArrayCreateVector(VT_I2, 1, 2);
+  const short items[] = {4, -9};
+  for (LONG at = 1; at <= 2; ++at)
+    SafeArrayPutElement(numbers.parray, &at, const_cast<short*>(&items[at - 1]));
+  expect_row(numbers, "4", "-9");
+}
+
+TEST_F(ScriptList, MayBeAVariableOfTheScript) {
+  ASSERT_TRUE(control_);
+  _variant_t list = array_of({6L, 8L}), lent;
+  V_VT(&lent) = VT_VARIANT | VT_BYREF;
+  V_VARIANTREF(&lent) = &list;
+  expect_row(lent, "6", "8");
+}
+
+TEST_F(ScriptList, MayBeAnArrayOfRows) {
+  ASSERT_TRUE(control_);
+  expect_no_error(
+      put(control_.Get(), L"prmKleinerGelijkVglen", array_of({array_of({1L, 0L}), array_of({0L, 2L})})));
+  expect_row(array_of({array_of({5L}), array_of({6L})}), "5", "6");
+}
+
+TEST_F(ScriptList, MayBeAnObjectWithAText) {
+  ASSERT_TRUE(control_);
+  ScriptObject object(L"-3,1/2");
+  expect_row(_variant_t(&object), "-3", "1/2");
+  expect_row(array_of({_variant_t(&object), 4L}), "-3", "1/2");
+  EXPECT_EQ(object.references, 1U);
+}
+
+TEST_F(ScriptList, OfWhatHasNoTextIsError13) {
+  ASSERT_TRUE(control_);
+  _variant_t null;
+  null.ChangeType(VT_NULL);
+  expect_error(put(control_.Get(), L"prmDLfunctie", array_of({1L, null})), 13);
+  expect_error(put(control_.Get(), L"prmDLfunctie", _variant_t(static_cast<IDispatch*>(nullptr))), 13);
+  _variant_t square;
+  SAFEARRAYBOUND bounds[] = {{2, 0}, {2, 0}};
+  square.vt = VT_ARRAY | VT_I2;
+  square.parray = SafeArrayCreate(VT_I2, 2, bounds);
+  expect_error(put(control_.Get(), L"prmDLfunctie", square), 13);
+  _variant_t decimals;
+  decimals.vt = VT_ARRAY | VT_DECIMAL;
+  decimals.parray = SafeArrayCreateVector(VT_DECIMAL, 0, 2);
+  expect_error(put(control_.Get(), L"prmDLfunctie", decimals), 13);
+  _variant_t deep = array_of({1L});
+  for (int depth = 0; depth < 40; ++depth) deep = array_of({deep});
+  expect_error(put(control_.Get(), L"prmDLfunctie", deep), 13);
+}
+
 // ---- The texts of numbers
 
 class DisplayText : public Script {
