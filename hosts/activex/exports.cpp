@@ -1,4 +1,4 @@
-// What the system calls: for the class, and to register it.
+// The functions that the system calls: for the class object, and for registration.
 #include <windows.h>
 
 #include <olectl.h>
@@ -33,7 +33,10 @@ class ClassFactory final : public Counted<IClassFactory> {
     return outer ? CLASS_E_NOAGGREGATION : LPctrlObject::create(id, out);
   }
   STDMETHODIMP LockServer(BOOL lock) override {
-    library().users += lock ? 1 : -1;
+    if (!lock && library().locks == 0) return E_FAIL;
+    const long change = lock ? 1 : -1;
+    library().locks += change;
+    library().users += change;
     return S_OK;
   }
 
@@ -59,7 +62,7 @@ STDAPI DllCanUnloadNow() {
   return library().users == 0 ? S_OK : S_FALSE;
 }
 
-// For everybody at the machine; where that is not allowed, for who runs it.
+// For all users; without the right to do that, for the current user.
 STDAPI DllRegisterServer() {
   const HRESULT answer = register_library(Whose::Machine);
   return answer == HRESULT_FROM_WIN32(ERROR_ACCESS_DENIED) ? register_library(Whose::Person) : answer;
@@ -71,9 +74,11 @@ STDAPI DllUnregisterServer() {
   return FAILED(of_machine) ? of_machine : of_person;
 }
 
-// "user": for who runs it alone.
+// "user" registers for the current user, no text for all users.
 STDAPI DllInstall(BOOL install, LPCWSTR words) {
-  const bool is_for_person = words && std::wstring_view(words) == L"user";
+  const std::wstring_view who = words ? words : L"";
+  const bool is_for_person = who == L"user";
+  if (!who.empty() && !is_for_person) return E_INVALIDARG;
   const Whose whose = is_for_person ? Whose::Person : Whose::Machine;
   return install ? register_library(whose) : unregister_library(whose);
 }

@@ -1,4 +1,4 @@
-// The library while it is loaded: the one desk and the one model that all its controls share.
+// The loaded library: the desk and the model that all its controls share.
 //
 //   library().model.NrBeslisVar;
 #pragma once
@@ -16,18 +16,19 @@ struct Library {
   WindowClasses classes{SurfaceView::procedure};
   basSafeCtl model;
   WindowsHost host;
-  long users = 0;  // objects, and locks of who wants the library to stay
+  long users = 0;  // objects and locks, which keep it loaded
+  long locks = 0;  // the locks among them
 };
 
 Library& library();
 
-// Keeps the library loaded as long as it lives.
+// Keeps the library loaded while it exists.
 class LibraryUser {
  public:
   LibraryUser() { ++library().users; }
   LibraryUser(const LibraryUser&) = delete;
   ~LibraryUser() {
-    if (--library().users == 0) library().host.rest();
+    if (--library().users == 0) library().host.close_windows();
   }
 };
 

@@ -36,6 +36,15 @@ class Clipped {
   int before_;
 };
 
+// No screen or printer has as many dots to an inch, and no font is as large.
+constexpr double finest = 10'000;
+
+// As large as the box is wide.
+double dpi_that_fills(const RECT& box) {
+  constexpr double twips_per_inch = 1440;
+  return std::round((static_cast<double>(box.right) - box.left) * twips_per_inch / LPctrl::fixed_width);
+}
+
 }  // namespace
 
 STDMETHODIMP LPctrlObject::Draw(DWORD aspect, LONG, void*, DVTARGETDEVICE*, HDC, HDC dc, LPCRECTL bounds,
@@ -44,9 +53,9 @@ STDMETHODIMP LPctrlObject::Draw(DWORD aspect, LONG, void*, DVTARGETDEVICE*, HDC,
   if (!dc || !bounds) return E_INVALIDARG;
   RECT box{bounds->left, bounds->top, bounds->right, bounds->bottom};
   const Clipped clipped(dc, box);
-  // As large as the box is wide.
-  const auto dpi = static_cast<int>(std::lround((box.right - box.left) * 1440 / LPctrl::fixed_width));
-  if (dpi > 0) paint_surface(dc, control_, {box.left, box.top}, dpi);
+  const double dpi = dpi_that_fills(box);
+  if (dpi > finest) return E_INVALIDARG;
+  if (dpi >= 1) paint_surface(dc, control_, {box.left, box.top}, static_cast<int>(dpi));
   return S_OK;
 }
 

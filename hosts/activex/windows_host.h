@@ -31,21 +31,21 @@ class WindowsHost final : public platform::Host, public FocusOwner {
  public:
   platform::Desk& desk() { return desk_; }
   Dispatcher& dispatcher() { return dispatcher_; }
-  // What a view is given.
+  // What views need of the host.
   const Services& services() const { return services_; }
 
-  // The views of controls; those of forms are the host's own.
+  // Registers the view of a control; views of forms are created by the host.
   void add(SurfaceView& view) { views_.push_back(&view); }
   void remove(SurfaceView& view);
 
-  // Runs the task, and messages until it has ended or its surface is given up.
+  // Runs the task, dispatching messages until it has ended or its surface is abandoned.
   void wait_for(platform::Surface& surface, platform::Task<> task);
-  // Gives up what the surface does.
+  // Cancels the surface's tasks.
   void abandon(platform::Surface& surface);
-  // The last error that nobody caught; a script that waits for a method asks for it.
+  // The last error that nobody caught, for the script whose call caused it.
   std::optional<RunTimeError> take_error() { return std::exchange(error_, {}); }
-  // Nobody uses the library any more; it may be unloaded from any thread.
-  void rest() { tickets_.close(); }
+  // To be called when the library is no longer used: from now on any thread may unload it.
+  void close_windows() { tickets_.close(); }
 
   // ---- FocusOwner
   bool form_is_open() const override { return !forms_.empty(); }
@@ -83,7 +83,7 @@ class WindowsHost final : public platform::Host, public FocusOwner {
   };
 
   SurfaceView* view_of(const platform::Surface& surface) const;
-  // The form on top, or the view that has the focus; null when neither is there.
+  // The topmost form, or else the view that has the focus; null if there is neither.
   SurfaceView* top() const;
   HWND window_on_top() const;
   void after_event();
@@ -108,7 +108,7 @@ class WindowsHost final : public platform::Host, public FocusOwner {
   const platform::MenuSession* menu_ = nullptr;
   bool tracks_menu_ = false;
   std::optional<Question> question_;
-  std::map<platform::Ticket, const platform::Surface*> calls_;  // that somebody waits for, and whose they are
+  std::map<platform::Ticket, const platform::Surface*> calls_;  // that scripts wait for
   std::optional<RunTimeError> error_;
   bool loop_runs_ = false;
   bool moves_focus_ = false;

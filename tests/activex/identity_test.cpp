@@ -121,6 +121,25 @@ TEST_F(Identity, TheClassObjectKnowsItsRules) {
   EXPECT_EQ(code(factory->LockServer(FALSE)), code(S_OK));
 }
 
+TEST_F(Identity, TheLibraryIsNotUnlockedMoreOftenThanLocked) {
+  const ComPtr<IUnknown> control = make();
+  ASSERT_TRUE(control);
+  ComPtr<IClassFactory> factory;
+  ASSERT_HRESULT_SUCCEEDED(CoGetClassObject(__uuidof(::LPctrl), CLSCTX_INPROC_SERVER, nullptr,
+                                            IID_PPV_ARGS(factory.GetAddressOf())));
+  using CanUnload = HRESULT(STDAPICALLTYPE*)();
+  const auto can_unload = reinterpret_cast<CanUnload>(
+      reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"Tabulon.ocx"), "DllCanUnloadNow")));
+  ASSERT_TRUE(can_unload);
+  for (int times = 0; times < 2; ++times) {
+    EXPECT_EQ(code(factory->LockServer(FALSE)), code(E_FAIL));
+    EXPECT_EQ(code(can_unload()), code(S_FALSE));
+  }
+  EXPECT_EQ(code(factory->LockServer(TRUE)), code(S_OK));
+  EXPECT_EQ(code(factory->LockServer(FALSE)), code(S_OK));
+  EXPECT_EQ(code(factory->LockServer(FALSE)), code(E_FAIL));
+}
+
 TEST_F(Identity, TheLibraryHasNoOtherClass) {
   make();
   const HMODULE library = GetModuleHandleW(L"Tabulon.ocx");

@@ -119,5 +119,20 @@ TEST_F(Registration, CanBeForOnePersonAlone) {
   EXPECT_FALSE(has_key(HKEY_CURRENT_USER, own + L"Tabulon.LPctrl.1"));
 }
 
+TEST_F(Registration, ByAWordThatItDoesNotKnowIsRefused) {
+  const auto install = function<Install>("DllInstall");
+  ASSERT_TRUE(install);
+  EXPECT_EQ(code(run("DllUnregisterServer")), code(S_OK));
+  for (const wchar_t* const word : {L"users", L"machine", L"User"}) {
+    EXPECT_EQ(code(install(TRUE, word)), code(E_INVALIDARG));
+    EXPECT_FALSE(has_key(HKEY_CLASSES_ROOT, class_key()));
+  }
+  EXPECT_EQ(code(install(TRUE, L"")), code(S_OK));
+  EXPECT_EQ(code(install(FALSE, L"users")), code(E_INVALIDARG));
+  EXPECT_TRUE(has_key(HKEY_CLASSES_ROOT, class_key()));
+  EXPECT_EQ(code(install(FALSE, nullptr)), code(S_OK));
+  EXPECT_FALSE(has_key(HKEY_CLASSES_ROOT, class_key()));
+}
+
 }  // namespace
 }  // namespace tabulon::client

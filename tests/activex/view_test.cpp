@@ -1,6 +1,7 @@
 // How a control looks that nobody has activated: on a form in a design window, on paper.
 #include <cmath>
 #include <cstdint>
+#include <limits>
 #include <set>
 #include <vector>
 
@@ -157,6 +158,19 @@ TEST_F(View, CanBePutInAMetafile) {
   EXPECT_GT(paper.drawn(all), width * height / 2);
   EXPECT_GT(paper.colours({0, 60, width, height}), 3U);
   DeleteEnhMetaFile(picture);
+}
+
+// More than a hundred times its size is no picture that anything can show.
+TEST_F(View, IsNotDrawnInHugeBoxes) {
+  ASSERT_TRUE(view_);
+  constexpr LONG least = std::numeric_limits<LONG>::min(), most = std::numeric_limits<LONG>::max();
+  const Paper paper(width, height);
+  for (const RECTL& box : {RECTL{0, 0, 2'000'000, 1'000'000}, RECTL{least, least, most, most},
+                           RECTL{0, 0, most, most}, RECTL{most, most, least, least}})
+    EXPECT_EQ(code(draw(paper.dc(), box)), code(E_INVALIDARG)) << box.right;
+  EXPECT_EQ(paper.drawn({0, 0, width, height}), 0);
+  EXPECT_EQ(code(draw(paper.dc(), {0, 0, 60'000, 29'600})), code(S_OK));
+  EXPECT_EQ(code(draw(paper.dc(), {0, 0, 0, 0})), code(S_OK));
 }
 
 TEST_F(View, TellsItsSize) {
