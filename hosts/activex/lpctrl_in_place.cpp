@@ -34,14 +34,32 @@ VARIANT value(LONG number) {
 
 // ---- Coming and going
 
+// Its windows may have gone with the container's.
 HRESULT LPctrlObject::activate() {
-  if (!view_.window())
+  if (place_.is(InPlaceState::Inside) && !view_.window()) InPlaceDeactivate();
+  if (place_.is(InPlaceState::Outside))
     if (const HRESULT entered = enter_site(); FAILED(entered)) return entered;
+  if (!place_.is(InPlaceState::Inside) || !view_.window())
+    return E_UNEXPECTED;  // the container is being told
   show_surface();
   return S_OK;
 }
 
 HRESULT LPctrlObject::enter_site() {
+  place_.step(InPlaceStep::Enter);
+  HRESULT answer = open_in_site();
+  if (SUCCEEDED(answer) && !place_.step(InPlaceStep::Arrive)) answer = E_FAIL;
+  if (FAILED(answer)) {
+    place_.step(InPlaceStep::End);
+    return answer;
+  }
+  follow_ambient();
+  if (const ComPtr<IOleClientSite> shown_by = site_) shown_by->ShowObject();
+  return view_.window() ? S_OK : E_FAIL;
+}
+
+// In each of these calls the container may end it, and then knows.
+HRESULT LPctrlObject::open_in_site() {
   const auto site = ComPtr<IOleInPlaceSite>::from(site_.get(), IID_IOleInPlaceSite);
   if (!site || site->CanInPlaceActivate() != S_OK) return E_FAIL;
   in_place_site_ = site;
@@ -54,7 +72,7 @@ HRESULT LPctrlObject::enter_site() {
   if (in_place_site_) answer = site->GetWindow(&parent);
   if (in_place_site_ && SUCCEEDED(answer))
     answer = site->GetWindowContext(frame_.receive(), document_.receive(), &wanted, &clip, &info);
-  if (!in_place_site_) return leave_site(), E_FAIL;  // the container has ended it meanwhile, and knows
+  if (!in_place_site_) return leave_site(), E_FAIL;
   if (SUCCEEDED(answer) && !view_.open(parent, {wanted.left, wanted.top})) answer = E_FAIL;
   if (FAILED(answer)) {
     leave_site();
@@ -62,9 +80,7 @@ HRESULT LPctrlObject::enter_site() {
     return answer;
   }
   place(wanted, clip);
-  follow_ambient();
-  if (const ComPtr<IOleClientSite> shown_by = site_) shown_by->ShowObject();
-  return view_.window() ? S_OK : E_FAIL;
+  return S_OK;
 }
 
 void LPctrlObject::leave_site() {
@@ -96,6 +112,7 @@ void LPctrlObject::place(const RECT& wanted, const RECT& clip) {
 }
 
 HRESULT LPctrlObject::activate_ui() {
+  if (ui_.is(UiState::Deactivating)) return E_UNEXPECTED;  // the container is being told
   if (const HRESULT active = activate(); FAILED(active)) return active;
   HWND const window = view_.window(), focus = GetFocus();
   if (!window) return E_FAIL;  // ended as it was shown
@@ -105,15 +122,16 @@ HRESULT LPctrlObject::activate_ui() {
 }
 
 void LPctrlObject::become_ui_active() {
-  if (ui_active_ || !in_place_site_) return;
+  if (!place_.is(InPlaceState::Inside) || !ui_.step(UiStep::Activate)) return;
   const ComPtr<IOleInPlaceSite> site = in_place_site_;
   const ComPtr<IOleInPlaceFrame> frame = frame_;
   const ComPtr<IOleInPlaceUIWindow> document = document_;
-  ui_active_ = true;  // already while the container is told, so that it may end it
-  if (FAILED(site->OnUIActivate())) ui_active_ = false;
-  if (ui_active_ && frame) frame->SetActiveObject(this, L"LPctrl");
-  if (ui_active_ && document) document->SetActiveObject(this, L"LPctrl");
-  if (ui_active_ && frame) frame->SetBorderSpace(nullptr);
+  const auto goes_on = [this] { return ui_.is(UiState::Activating); };
+  if (FAILED(site->OnUIActivate())) ui_.step(UiStep::Refused);
+  if (goes_on() && frame) frame->SetActiveObject(this, L"LPctrl");
+  if (goes_on() && document) document->SetActiveObject(this, L"LPctrl");
+  if (goes_on() && frame) frame->SetBorderSpace(nullptr);
+  if (goes_on()) ui_.step(UiStep::Done);
 }
 
 // ---- IOleInPlaceObject
@@ -125,25 +143,28 @@ STDMETHODIMP LPctrlObject::GetWindow(HWND* window) {
 }
 
 STDMETHODIMP LPctrlObject::InPlaceDeactivate() {
-  if (!in_place_site_) return S_OK;
+  const bool was_entering = place_.is(InPlaceState::Entering);  // and goes on doing so, to its end
+  if (!in_place_site_ || !place_.step(InPlaceStep::Leave)) return S_OK;
   const ComPtr<ILPctrl> alive(this);
   UIDeactivate();
   if (control_.has_focus()) dispatcher().handle([&] { host().focus_went(control_); });
   const ComPtr<IOleInPlaceSite> site = std::move(in_place_site_);
-  if (!site) return S_OK;  // the container has asked once more meanwhile
   leave_site();
   view_.close();
   site->OnInPlaceDeactivate();
+  if (!was_entering) place_.step(InPlaceStep::End);
   return S_OK;
 }
 
 STDMETHODIMP LPctrlObject::UIDeactivate() {
-  if (!std::exchange(ui_active_, false)) return S_OK;
+  if (!ui_.step(UiStep::Deactivate)) return S_OK;
+  const ComPtr<ILPctrl> alive(this);
   const ComPtr<IOleInPlaceSite> site = in_place_site_;
   const ComPtr<IOleInPlaceFrame> frame = frame_;
   if (const ComPtr<IOleInPlaceUIWindow> document = document_) document->SetActiveObject(nullptr, nullptr);
   if (frame) frame->SetActiveObject(nullptr, nullptr);
-  site->OnUIDeactivate(FALSE);
+  if (site) site->OnUIDeactivate(FALSE);
+  ui_.step(UiStep::Done);
   return S_OK;
 }
 
@@ -176,9 +197,9 @@ void LPctrlObject::focus_changed(bool has_focus) {
 
 // The frame that was stopped goes on, also where the control has left it meanwhile.
 void LPctrlObject::enable_modeless(bool enabled) {
-  if (!enabled) stopped_.push_back(frame_);
-  const ComPtr<IOleInPlaceFrame> frame = stopped_.back();
-  if (enabled) stopped_.pop_back();
+  if (!enabled) disabled_.push_back(frame_);
+  const ComPtr<IOleInPlaceFrame> frame = disabled_.back();
+  if (enabled) disabled_.pop_back();
   if (frame) frame->EnableModeless(enabled);
 }
 

@@ -21,13 +21,14 @@
 #include "control/LPctrl.h"
 #include "hosts/activex/com.h"
 #include "hosts/activex/events.h"
+#include "hosts/activex/in_place_state.h"
 #include "hosts/activex/library.h"
 #include "hosts/activex/surface_view.h"
 #include "hosts/activex/view_site.h"
 
 namespace tabulon::activex {
 
-// What a container is told of the control before it makes one, and of one that is made.
+// What a container learns of the control, before creating it (from the registry) and after.
 inline constexpr DWORD misc_status = OLEMISC_RECOMPOSEONRESIZE | OLEMISC_CANTLINKINSIDE | OLEMISC_INSIDEOUT |
                                      OLEMISC_ACTIVATEWHENVISIBLE | OLEMISC_SETCLIENTSITEFIRST;
 
@@ -164,9 +165,9 @@ class LPctrlObject final : public ILPctrl,
   WindowsHost& host() const { return library().host; }
   Dispatcher& dispatcher() const { return host().dispatcher(); }
 
-  // Ends what the control does, and lets go of the container.
+  // Ends the control's tasks and releases the container.
   void retire();
-  // Does what a script asks for, and answers what went wrong in it.
+  // Runs a script's call; the answer is its error, or one that it reported.
   template <class Act>
   Result<> run(Act act) {
     host().take_error();
@@ -199,6 +200,7 @@ class LPctrlObject final : public ILPctrl,
   HRESULT activate();
   HRESULT activate_ui();
   HRESULT enter_site();
+  HRESULT open_in_site();
   void leave_site();
   void become_ui_active();
   void place(const RECT& wanted, const RECT& clip);
@@ -220,16 +222,17 @@ class LPctrlObject final : public ILPctrl,
   Events events_;
 
   ComPtr<IOleClientSite> site_;
-  ComPtr<IOleInPlaceSite> in_place_site_;  // while it is active in place
+  ComPtr<IOleInPlaceSite> in_place_site_;  // while active in place
   ComPtr<IOleInPlaceFrame> frame_;
   ComPtr<IOleInPlaceUIWindow> document_;
-  std::vector<ComPtr<IOleInPlaceFrame>> stopped_;  // one for each form or dialog that is open
+  std::vector<ComPtr<IOleInPlaceFrame>> disabled_;  // one for each open form or dialog
   ComPtr<IOleAdviseHolder> advised_;
   ComPtr<ITypeInfo> own_type_;
   ComPtr<IAdviseSink> picture_sink_;
   DWORD picture_aspects_ = 0, picture_flags_ = 0;
   HACCEL accelerators_ = nullptr;
-  bool ui_active_ = false;
+  InPlace place_;
+  UiActive ui_;
 };
 
 // The description of an interface or class in the library's own type library.
