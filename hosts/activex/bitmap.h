@@ -1,8 +1,8 @@
-// A picture in memory that GDI draws on and that we can read and write pixel by pixel.
+// A bitmap in memory: GDI draws on it, and its pixels can be read and written.
 //
 //   const MemoryBitmap bitmap({16, 16});
 //   FillRect(bitmap.dc(), &box, brush);
-//   bitmap.pixels()[5 * 16 + 3];   // row 5 from above, column 3: 0x00RRGGBB
+//   bitmap.pixels()[5 * 16 + 3];   // row 5 from the top, column 3: 0x00RRGGBB
 #pragma once
 
 #include <windows.h>
@@ -20,11 +20,11 @@ class MemoryBitmap {
   MemoryBitmap& operator=(const MemoryBitmap&) = delete;
   ~MemoryBitmap();
 
-  // Whether the system had room for it; without, there is nothing to draw on.
+  // False if the system had no memory for it.
   bool made() const { return bits_ != nullptr; }
   SIZE size() const { return size_; }
   HDC dc() const { return dc_; }
-  // Rows from above. Waits for GDI, which may still be drawing.
+  // From the top row down. Waits for GDI, which may still be drawing.
   std::span<std::uint32_t> pixels() const;
 
  private:

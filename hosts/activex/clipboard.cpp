@@ -15,8 +15,7 @@ using platform::ClipboardPicture;
 
 namespace {
 
-// Programs that look at whatever is copied hold the clipboard for a moment, and often just after we cleared
-// it.
+// Clipboard viewers open the clipboard for a moment after each change, often just after we have cleared it.
 constexpr int attempts = 20;
 constexpr DWORD milliseconds_between = 10;
 
@@ -52,7 +51,7 @@ std::size_t bytes_in_row(LONG width) {
   return (static_cast<std::size_t>(width) * 3 + 3) / 4 * 4;
 }
 
-// 24 bits a pixel, from below: what every program reads, and none takes for transparent.
+// 24 bits per pixel, bottom row first: every program reads this, and none takes it for transparent.
 BITMAPINFOHEADER header_of(SIZE size, int dpi) {
   constexpr double metres_per_inch = 0.0254;
   BITMAPINFOHEADER header{};
@@ -82,7 +81,7 @@ void write_dib(const MemoryBitmap& bitmap, const BITMAPINFOHEADER& header, unsig
     write_row(pixels.subspan(row * width, width), bytes);
 }
 
-// The picture as the clipboard wants it; null when there is no room.
+// The picture as a DIB in global memory; null if there is none left.
 HGLOBAL make_dib(const ClipboardPicture& picture, HFONT letters, int dpi) {
   const double pixels = twip_scale(dpi).unit_x;
   const MemoryBitmap bitmap({nearest_edge(picture.width * pixels), nearest_edge(picture.height * pixels)});

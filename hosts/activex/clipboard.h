@@ -10,11 +10,10 @@
 
 namespace tabulon::activex {
 
-// `owner` is a window of this process, to which the content then belongs.
+// `owner`: a window of this process, which then owns the content.
 void clear_clipboard(HWND owner);
-// Puts the drawing there on white paper, `dpi` pixels to an inch, in place of what was there. `letters` are
-// those of its texts, for the same dpi. False when the system refuses: then nothing is changed or all is
-// gone.
+// Replaces the content by the drawing on a white background, at `dpi` pixels per inch; `letters` is the font
+// of its texts at that density. False if the system refuses: the clipboard is then unchanged or empty.
 bool copy_picture(HWND owner, const platform::ClipboardPicture& picture, HFONT letters, int dpi);
 
 }  // namespace tabulon::activex

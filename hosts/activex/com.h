@@ -1,4 +1,4 @@
-// Small help for COM: a pointer that counts, texts, and the one way to answer QueryInterface.
+// Basics of COM: a counting pointer, texts, and QueryInterface from a table.
 //
 //   ComPtr<IOleInPlaceSite> site;
 //   if (FAILED(client->QueryInterface(IID_IOleInPlaceSite, site.put()))) return E_FAIL;
@@ -35,7 +35,7 @@ class ComPtr {
     if (held_) held_->Release();
   }
 
-  // The same object by another of its interfaces; null where it has none such.
+  // Another interface of the same object; null if it does not have it.
   template <class Other>
   static ComPtr from(Other* object, REFIID id) {
     ComPtr found;
@@ -46,9 +46,9 @@ class ComPtr {
   Interface* get() const { return held_; }
   Interface* operator->() const { return held_; }
   explicit operator bool() const { return held_ != nullptr; }
-  // The pointer, which the caller now counts.
+  // Hands the reference over to the caller.
   Interface* detach() { return std::exchange(held_, nullptr); }
-  // Where a function leaves a pointer that is counted already. What was held is let go.
+  // For functions that return a counted pointer. Releases the one held before.
   void** put() {
     *this = ComPtr();
     return reinterpret_cast<void**>(&held_);
@@ -70,7 +70,7 @@ inline BSTR new_text(std::string_view text) {
   return SysAllocStringLen(letters.data(), static_cast<UINT>(letters.size()));
 }
 
-// The locale of programs: "." is the decimal point, whoever is at the machine.
+// The locale of programs: "." is the decimal point, whatever the user's settings are.
 inline constexpr LCID program_locale = MAKELCID(MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US), SORT_DEFAULT);
 
 inline std::wstring text_of(REFGUID id) {
@@ -79,7 +79,7 @@ inline std::wstring text_of(REFGUID id) {
   return text;
 }
 
-// A value that is cleared when it goes.
+// A VARIANT that clears itself.
 class Variant : public VARIANT {
  public:
   Variant() { VariantInit(this); }
@@ -87,7 +87,7 @@ class Variant : public VARIANT {
   ~Variant() { VariantClear(this); }
 };
 
-// One interface of an object: its number, and the object as it.
+// An interface of an object: its ID, and the pointer to it.
 struct Offered {
   const IID* id;
   IUnknown* as;
@@ -106,7 +106,7 @@ HRESULT answer_query(const Offered (&offered)[count], REFIID id, void** out) {
   return E_NOINTERFACE;
 }
 
-// An object that counts who holds it, and goes with the last of them.
+// A reference-counted object.
 template <class Interface>
 class Counted : public Interface {
  public:

@@ -1,4 +1,4 @@
-// What a control is to the system, and to the pointer.
+// Groups of controls that windows and the mouse treat alike.
 #pragma once
 
 #include "platform/controls.h"
@@ -17,7 +17,7 @@ inline bool is_button(const platform::Control& control) {
 inline bool has_window(const platform::Control& control) {
   return control.kind() != platform::Kind::Menu && control.kind() != platform::Kind::Line;
 }
-// Whether a press on it may become a drag.
+// Whether a press may become a drag.
 inline bool is_dragged(const platform::Control& control) {
   return !is_box(control) && !is_bar(control) && control.kind() != platform::Kind::Label;
 }

@@ -9,7 +9,7 @@ using namespace platform;
 
 namespace {
 
-// What the window shows in which this one stands.
+// Paints the parent's content, as far as it lies behind this window.
 void print_behind(HWND window, HDC dc) {
   HWND const behind = GetParent(window);
   POINT corner{}, before{};
@@ -21,7 +21,7 @@ void print_behind(HWND window, HDC dc) {
 
 }  // namespace
 
-// Beside the screen first, so that nobody sees a picture half drawn.
+// Paints off screen first, so that a half-drawn picture is never seen.
 void ControlPainting::paint(HWND window) {
   PAINTSTRUCT painting{};
   HDC const screen = BeginPaint(window, &painting);

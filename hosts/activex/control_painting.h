@@ -1,9 +1,9 @@
-// What is painted in the window of one control: the control itself, and behind an image what it stands on.
+// Paints the window of one control; behind an image, also what the image stands on.
 //
 //   ControlPainting painting(control, view, pointer, hot);
 //   painting.paint(window);          // WM_PAINT
 //   painting.print(window, dc);      // WM_PRINTCLIENT
-//   painting.forget();               // it looks different from now on
+//   painting.forget();               // the control looks different now
 #pragma once
 
 #include <windows.h>

@@ -25,7 +25,7 @@ struct WindowKind {
   DWORD style;
 };
 
-// In the order of Kind. The system draws boxes and bars; of the others it only knows what they are.
+// In the order of Kind. The system draws boxes and bars; for the rest, the class only tells what they are.
 constexpr WindowKind kinds[] = {
     {pane_class, WS_CLIPCHILDREN},          // Frame
     {L"STATIC", SS_OWNERDRAW | SS_NOTIFY},  // Label
@@ -49,7 +49,7 @@ bool have_common(Properties one, Properties other) {
   return (one.bits() & other.bits()) != 0;
 }
 
-// The properties that a control has to be painted again for, where the system does not do that by itself.
+// The properties whose change requires repainting that the system does not do by itself.
 constexpr Properties look_of_box = some({Property::Colours, Property::Font, Property::Locked});
 constexpr Properties look_of_drawn = some({Property::Text, Property::Colours, Property::Enabled,
                                            Property::Font, Property::Picture, Property::Drawing});
@@ -104,7 +104,7 @@ void ControlView::place() {
                SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS | SWP_FRAMECHANGED);
 }
 
-// A panel that is opened stands above everything else.
+// A frame that appears comes to the front.
 void ControlView::show() {
   const bool is_seen = wanted_place() != Place::None;
   const bool was_seen = (GetWindowLongW(window_, GWL_STYLE) & WS_VISIBLE) != 0;
@@ -133,7 +133,7 @@ void ControlView::apply(Properties marked) {
     wants_selection_ = true;
   if (marked.has(Property::Range) && is_bar(control_))
     show_range(window_, static_cast<const ScrollBar&>(control_));
-  // Last, so that it appears as it is to be.
+  // Last, so that it appears in its final state.
   if (marked.has(Property::Visible) || marked.has(Property::Bounds)) show();
   if (have_common(marked, is_box(control_) ? look_of_box : look_of_drawn)) repaint();
 }
@@ -160,7 +160,7 @@ void ControlView::select_if_wanted() {
   wants_selection_ = false;
 }
 
-// With what stands on it, for an image shows the ground that it is on.
+// Includes the windows inside: images show what is behind them.
 void ControlView::repaint() {
   if (!window_ || is_bar(control_)) return;
   painting_.forget();
@@ -168,7 +168,7 @@ void ControlView::repaint() {
                RDW_INVALIDATE | (is_box(control_) ? RDW_FRAME | RDW_ERASE : RDW_ALLCHILDREN));
 }
 
-// The mark of the focus: the edge of a box, all of anything else.
+// The focus shows in the edge of a box, and anywhere in other controls.
 void ControlView::repaint_focus() {
   if (is_box(control_)) return paint_edge();
   repaint();
@@ -204,7 +204,7 @@ void ControlView::text_changed() {
   if (writes_text_ || !control() || !is_box(control_)) return;
   services().dispatcher.handle([this] {
     services().desk.type(static_cast<TextBox&>(control_), narrow(window_text(window_)));
-    if (control()) set_text();  // what the box did not take goes again
+    if (control()) set_text();  // undoes what the box did not accept
   });
 }
 
@@ -253,7 +253,7 @@ LRESULT ControlView::handle(UINT message, WPARAM wparam, LPARAM lparam) {
     case WM_CTLCOLOREDIT:
     case WM_CTLCOLORSTATIC:
     case WM_CTLCOLORBTN:
-      // What children tell a pane is the surface's.
+      // A pane forwards its children's notifications to the surface.
       return SendMessageW(parts_.view.window, message, wparam, lparam);
     default:
       break;
@@ -265,7 +265,7 @@ LRESULT ControlView::handle(UINT message, WPARAM wparam, LPARAM lparam) {
 LRESULT ControlView::handle_key(UINT message, WPARAM wparam, LPARAM lparam) {
   MSG key = current_message(window_, message, wparam, lparam);
   if (parts_.keyboard.handle(key)) return 0;
-  // A button is pressed by its surface, never a second time by the system.
+  // The surface presses the button; the system must not press it again.
   if (control() && is_button(control_) && (wparam == VK_RETURN || wparam == VK_SPACE)) return 0;
   return system(message, key.wParam, lparam);
 }
@@ -283,7 +283,7 @@ LRESULT ControlView::handle_focus(UINT message, WPARAM wparam, LPARAM lparam) {
 LRESULT ControlView::handle_box(UINT message, WPARAM wparam, LPARAM lparam) {
   switch (message) {
     case WM_NCCALCSIZE:
-      // The first rectangle is the window's, whichever of the two forms the message has.
+      // Either form of the message begins with the window's rectangle.
       shrink_to_text(*reinterpret_cast<RECT*>(lparam));
       return 0;
     case WM_NCHITTEST:

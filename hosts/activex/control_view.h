@@ -1,8 +1,8 @@
-// One control of a surface as a window of the system, made when the control is first seen.
+// One control of a surface as a window, created when the control is first visible.
 //
-// Boxes, labels, buttons and scroll bars are windows of the system's own classes, so that whoever asks the
-// system about them (a screen reader) knows them; frames and pictures are panes. What they look like is drawn
-// in hosts/activex/painting.h, but for the text in a box and the scroll bars, which the system draws.
+// Boxes, labels, buttons and scroll bars are windows of the system's own classes, so that screen readers
+// recognise them; frames and pictures are panes. The system draws the text in boxes and the scroll bars;
+// everything else is drawn by hosts/activex/painting.h.
 #pragma once
 
 #include <windows.h>
@@ -16,7 +16,7 @@
 
 namespace tabulon::activex {
 
-// What the controls of a surface share with it.
+// The parts of a surface's view that its controls use.
 struct SurfaceParts {
   const ViewState& view;
   Keyboard& keyboard;
@@ -35,16 +35,16 @@ class ControlView {
   ControlView(const ControlView&) = delete;
   ~ControlView();
 
-  // The view whose window this is. Only for windows below a surface's.
+  // The view of a window that lies inside a surface's.
   static ControlView* of(HWND window);
 
-  // Null once the surface has gone.
+  // Null once the surface has been destroyed.
   platform::Control* control() const { return parts_.view.surface ? &control_ : nullptr; }
   HWND window() const { return window_; }
 
-  // Makes the window if the control is to be seen, and its parent is there.
+  // Creates the window if the control is visible and `parent` exists.
   void create_if_seen(HWND parent);
-  // For a control with a window.
+  // Requires the window to exist.
   void apply(platform::Properties marked);
   void place();
   void density_changed();
@@ -54,7 +54,7 @@ class ControlView {
   void text_changed();
 
  private:
-  // A visible control that stands beside the surface is not seen, but it can take the focus.
+  // A visible control outside the surface's bounds cannot be seen, but can take the focus.
   enum class Place : std::uint8_t { None, Seen, Aside };
 
   static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
@@ -64,7 +64,7 @@ class ControlView {
   LRESULT handle_box(UINT message, WPARAM wparam, LPARAM lparam);
   LRESULT handle_bar(UINT message, WPARAM wparam, LPARAM lparam);
   LRESULT handle_drawn(UINT message, WPARAM wparam, LPARAM lparam);
-  // What the system's own class does with a message.
+  // Passes a message to the system's own class.
   LRESULT system(UINT message, WPARAM wparam, LPARAM lparam);
 
   const Services& services() const { return parts_.view.services; }

@@ -4,7 +4,7 @@ namespace tabulon::activex {
 
 namespace {
 
-// A function that the older systems do not have; null there.
+// Null on older systems, which lack the function.
 template <class Function>
 Function function_of_user(const char* name) {
   return reinterpret_cast<Function>(

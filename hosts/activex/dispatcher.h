@@ -1,10 +1,9 @@
-// One event at a time: what blocks on Windows, and what deletes, waits until the outermost event has been
-// handled, so that nothing finds itself half-way or gone.
+// Handles one event at a time. Whatever blocks or deletes waits until the outermost event has been handled,
+// so that no function ever finds its object half-changed or deleted.
 //
-//   Dispatcher dispatcher([&] { ... });                     // each time that the outermost event has been
-//   handled dispatcher.handle([&] { desk.click(button); });         // every event of the system goes through
-//   this dispatcher.release_later(std::move(view));              // gone as soon as no function of it can be
-//   running
+//   Dispatcher dispatcher([&] { ... });                // runs after each outermost event
+//   dispatcher.handle([&] { desk.click(button); });    // every event of the system goes through this
+//   dispatcher.release_later(std::move(view));         // deleted once none of its functions can be running
 #pragma once
 
 #include <windows.h>
@@ -21,20 +20,20 @@ class Dispatcher {
   explicit Dispatcher(std::function<void()> when_handled) : when_handled_(std::move(when_handled)) {}
   Dispatcher(const Dispatcher&) = delete;
 
-  // Runs the event, and then what had to wait for its end. Nothing of the caller may be touched afterwards:
-  // what it belongs to may be closing.
+  // Runs the event, then whatever had to wait for its end. Afterwards the caller must not touch its own
+  // object, which may have been closed.
   template <class Event>
   auto handle(Event event) {
     const Handling handling(*this);
     return event();
   }
-  // Acts when no event is being handled: now, or when the one that is has been, or waits.
+  // Runs the action as soon as no event is being handled.
   void after_event(std::function<void()> act);
   // How long the outermost event has held the thread, in milliseconds.
   ULONGLONG held_for() const { return GetTickCount64() - entered_; }
 
-  // While it lives, an event is handled to its end although others are being handled: a script may call while
-  // it is told of an event, and what it opens is to be seen at once.
+  // While it exists, events count as outermost although another is being handled: a script may call the
+  // control from within an event, and a form that it opens must show at once.
   class Nested {
    public:
     explicit Nested(Dispatcher& in) : dispatcher_(in), outer_(std::exchange(in.depth_, 0)) {}
@@ -46,8 +45,8 @@ class Dispatcher {
     int outer_;
   };
 
-  // Whoever listens to the control may close it or let it go while its own windows tell of something. So what
-  // is gone is kept until no function of the library runs any more but those that say so here.
+  // A listener may close or release the control from within a message of the control's own windows. Deletion
+  // is therefore deferred while any function that declares one of these is on the stack.
   class OnStack {
    public:
     explicit OnStack(Dispatcher& of) : dispatcher_(of) { ++dispatcher_.on_stack_; }
@@ -76,8 +75,8 @@ class Dispatcher {
   std::vector<std::function<void()>> acts_;
   std::vector<std::shared_ptr<void>> deferred_;
   ULONGLONG entered_ = 0;
-  int depth_ = 0;     // of events
-  int on_stack_ = 0;  // functions that want what is gone to be kept
+  int depth_ = 0;     // of nested events
+  int on_stack_ = 0;  // functions that defer deletion
 };
 
 }  // namespace tabulon::activex

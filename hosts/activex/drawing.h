@@ -12,10 +12,10 @@
 
 namespace tabulon::activex {
 
-// What the whole list shows, clipped to the box (in pixels of `dc`). `letters` are those of the texts.
+// Paints the whole list, clipped to the box (in pixels of `dc`). `letters` is the font of its texts.
 void paint_drawing(HDC dc, const RECT& box, const platform::Scale& scale,
                    const platform::DisplayList& drawing, HFONT letters, int dpi);
-// A line as a drawing has them, from and to in pixels of `dc`.
+// A line like those in drawings, between two points in pixels of `dc`.
 void paint_line(HDC dc, platform::Point from, platform::Point to, platform::Colour colour, int dpi);
 
 bool is_transparent(platform::Colour colour);

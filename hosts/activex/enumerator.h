@@ -1,4 +1,4 @@
-// The enumerations that COM asks for, over things that were counted when the enumeration was made.
+// COM enumerators over a snapshot of items.
 //
 //   return Enumerator<IEnumConnections, CONNECTDATA>::create(std::move(connections), out);
 #pragma once
@@ -14,7 +14,7 @@
 
 namespace tabulon::activex {
 
-// What an enumeration hands out is the caller's: it is counted once more.
+// The caller receives a reference of its own.
 inline IConnectionPoint* handed_out(const ComPtr<IConnectionPoint>& held) {
   held->AddRef();
   return held.get();

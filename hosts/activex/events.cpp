@@ -16,7 +16,7 @@ void Events::fire(DISPID event, std::span<VARIANT> arguments) {
   if (frozen_ != 0) return;
   std::vector<VARIANT> last_first(arguments.rbegin(), arguments.rend());
   DISPPARAMS parameters{last_first.data(), nullptr, static_cast<UINT>(last_first.size()), 0};
-  const auto listeners = listeners_;  // one may leave, or come, while it is told
+  const auto listeners = listeners_;  // a copy: one may connect or disconnect in its handler
   for (const auto& [cookie, listener] : listeners)
     listener->Invoke(event, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters, nullptr, nullptr,
                      nullptr);

@@ -1,4 +1,4 @@
-// The events of a control, and who listens to them.
+// The connection point for the control's events, and its listeners.
 //
 //   Events events(owner);                       // owner: the control, of which this is a part
 //   events.fire(DISPID_CLICK, {});
@@ -20,9 +20,9 @@ class Events final : public IConnectionPoint {
  public:
   explicit Events(IConnectionPointContainer& owner) : owner_(owner) {}
 
-  // `arguments` are in their order, the first first.
+  // `arguments` are in the order of their declaration.
   void fire(DISPID event, std::span<VARIANT> arguments);
-  // A container that is not ready for events says so, and later takes that back.
+  // A container freezes events while it is not ready for them. Calls nest.
   void freeze(bool freeze) { frozen_ += freeze ? 1 : frozen_ > 0 ? -1 : 0; }
 
   // ---- IUnknown: counted with its owner, but an identity of its own

@@ -13,16 +13,17 @@ using platform::FileDialog;
 
 namespace {
 
-constexpr std::size_t longest_name = 32768;  // that the system has
+constexpr std::size_t longest_name = 32768;  // that the system allows
 
-// What is added to a name without one: "tbl" for "*.tbl", nothing for "*.*".
+// The default extension: "tbl" for "*.tbl", none for "*.*".
 std::wstring extension_of(std::string_view filter) {
   const std::size_t point = filter.rfind('.');
   const std::string_view extension = point == std::string_view::npos ? "" : filter.substr(point + 1);
   return extension.find_first_of("*?") == std::string_view::npos ? wide(extension) : std::wstring();
 }
 
-// "Simplex tableau|*.tbl" with a NUL after each half. The text's own end is the second NUL that ends it all.
+// "Simplex tableau|*.tbl" with a NUL after each half. The string's own terminator is the second NUL at the
+// end.
 std::wstring halves_apart(std::string_view filter) {
   std::wstring halves = wide(filter) + L'|';
   std::ranges::replace(halves, L'|', L'\0');

@@ -1,9 +1,9 @@
-// The system's dialogs that ask for the name of a file.
+// The system's Open and Save dialogs.
 //
 //   const std::string name = ask_for_file(window, {platform::FileDialog::Purpose::Open, "Openen",
 //                                                  "Simplex tableau|*.tbl", "*.tbl"});
 //
-// Returns when the person has chosen; until then it runs the messages of every window.
+// Returns when the user has chosen; until then it dispatches the messages of all windows.
 #pragma once
 
 #include <windows.h>
@@ -14,7 +14,7 @@
 
 namespace tabulon::activex {
 
-// The name that the person chose, or that of `dialog` when there was none.
+// The name chosen, or the one in `dialog` if the user cancelled.
 std::string ask_for_file(HWND owner, const platform::FileDialog& dialog);
 
 }  // namespace tabulon::activex

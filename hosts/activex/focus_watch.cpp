@@ -11,7 +11,8 @@ void FocusWatch::arrived(platform::Control* on) const {
   });
 }
 
-// A window that is put aside, or waits for a dialog of its own, keeps its focus for when it comes back.
+// A window that is deactivated, or waits for a dialog of its own, keeps its focus for when it is active
+// again.
 void FocusWatch::left(HWND to) const {
   FocusOwner& focus = view_.services.focus;
   if (!view_.is_control() || focus.moves_focus() || focus.form_is_open()) return;

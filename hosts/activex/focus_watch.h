@@ -1,4 +1,4 @@
-// The system's focus, as it comes to a surface's windows and leaves them.
+// Watches the system's focus enter and leave a surface's windows.
 //
 //   focus.arrived(&box);      // WM_SETFOCUS of the box's window
 #pragma once
@@ -16,7 +16,7 @@ class FocusWatch {
   // `on`: null for the surface itself.
   void arrived(platform::Control* on) const;
   void left(HWND to) const;
-  // Wherever the button went down, the surface has the focus from now on.
+  // A mouse button went down somewhere on the surface, which takes the focus.
   void mouse_pressed() const;
 
  private:

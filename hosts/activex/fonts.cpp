@@ -8,7 +8,7 @@ namespace tabulon::activex {
 
 namespace {
 
-// All about as wide, so that every caption fits its place; the first that the system has.
+// In order of preference. They are about equally wide, so that every caption fits with each of them.
 constexpr const wchar_t* faces[] = {L"Segoe UI", L"Arial", L"Liberation Sans", L"Tahoma"};
 
 int CALLBACK found(const LOGFONTW*, const TEXTMETRICW*, DWORD, LPARAM answer) {

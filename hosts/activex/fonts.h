@@ -1,4 +1,4 @@
-// The fonts of the control, for each size and density once.
+// The control's fonts, each created once per size and density.
 //
 //   SelectObject(dc, fonts.of({.points = 9, .bold = true}, 144));
 #pragma once
@@ -18,7 +18,7 @@ class Fonts {
   Fonts(const Fonts&) = delete;
   ~Fonts();
 
-  // A font that stays for as long as this does. `dpi`: dots to an inch, of the screen or of a picture.
+  // The font belongs to this object. `dpi`: dots per inch, of the screen or of a picture.
   HFONT of(const platform::Font& font, int dpi);
 
  private:

@@ -15,7 +15,7 @@ namespace {
 constexpr DWORD style = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
 constexpr DWORD extended_style = WS_EX_DLGMODALFRAME;
 
-// The place nearest to the wanted one that is on the screen.
+// The nearest place that is entirely on the screen.
 RECT within_screen(RECT place, HWND near_to) {
   MONITORINFO monitor{};
   monitor.cbSize = sizeof monitor;
@@ -54,15 +54,15 @@ void FormView::add_edge(RECT& inside) const {
 void FormView::show() {
   if (!window() || IsWindowVisible(window())) return;
   if (HWND const holder = GetCapture()) SendMessageW(holder, WM_CANCELMODE, 0, 0);
-  stopped_owner_ = owner_ && !EnableWindow(owner_, FALSE);
+  disabled_owner_ = owner_ && !EnableWindow(owner_, FALSE);
   ShowWindow(window(), SW_SHOW);
 }
 
-// The owner first: a window that disappears gives the keyboard to one that takes it.
+// The owner is enabled first: a window that is hidden hands the keyboard to one that accepts it.
 void FormView::detach() {
   SurfaceView::detach();
   if (!window()) return;
-  if (std::exchange(stopped_owner_, false)) EnableWindow(owner_, TRUE);
+  if (std::exchange(disabled_owner_, false)) EnableWindow(owner_, TRUE);
   if (owner_ && GetActiveWindow() == window()) SetActiveWindow(owner_);
   ShowWindow(window(), SW_HIDE);
 }

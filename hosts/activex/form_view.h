@@ -1,4 +1,4 @@
-// A form as a window: in front of the control that has opened it, whose container waits until it is gone.
+// A form's window: in front of the control that opened it, whose container is disabled until the form closes.
 //
 //   FormView view(services, form, opener.site(), [&] { host.abandon(form.owner()); });
 //   view.open_over(opener.window());
@@ -13,10 +13,10 @@ namespace tabulon::activex {
 
 class FormView final : public SurfaceView {
  public:
-  // `given_up` is called when the window goes with its owner and nobody has answered it.
+  // `given_up` is called when the window is destroyed with its owner before anybody has answered the form.
   FormView(const Services& services, platform::Form& form, ViewSite& site, std::function<void()> given_up);
 
-  // Over the middle of a window, or of the screen. Not shown yet.
+  // Creates the window centred over another, or on the screen; it stays hidden.
   bool open_over(HWND over);
   void show();
   void detach() override;
@@ -28,7 +28,7 @@ class FormView final : public SurfaceView {
 
   std::function<void()> given_up_;
   HWND owner_ = nullptr;
-  bool stopped_owner_ = false;  // it took input before the form was shown
+  bool disabled_owner_ = false;  // which was enabled before the form was shown
 };
 
 }  // namespace tabulon::activex

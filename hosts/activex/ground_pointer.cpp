@@ -47,7 +47,7 @@ void GroundPointer::press(UINT message, short button, POINT at) {
   view_.site.fire_mouse(DISPID_MOUSEDOWN, button, modifiers(), at);
 }
 
-// What is disabled lets the pointer through to here; that is no click on the ground.
+// A disabled control lets the mouse through to the surface; that is not a click on the surface.
 void GroundPointer::release(short button, POINT at) {
   const bool on_ground = is_on_ground(at);
   view_.site.fire_mouse(DISPID_MOUSEUP, button, modifiers(), at);

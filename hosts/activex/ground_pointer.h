@@ -1,4 +1,4 @@
-// The pointer over the ground of the control, where nothing stands that takes it; and the events of that.
+// The mouse over the bare surface of the control, and the events that it raises there.
 #pragma once
 
 #include <windows.h>
@@ -13,7 +13,7 @@ class GroundPointer {
   GroundPointer(const ViewState& view, const FocusWatch& focus) : view_(view), focus_(focus) {}
   GroundPointer(const GroundPointer&) = delete;
 
-  // True where the message was one of the pointer's.
+  // True if this was a mouse message.
   bool handle(UINT message, WPARAM wparam, LPARAM lparam);
 
  private:
@@ -23,7 +23,7 @@ class GroundPointer {
 
   const ViewState& view_;
   const FocusWatch& focus_;
-  bool pressed_ = false;  // the left button, on the ground
+  bool pressed_ = false;  // the left button, on the bare surface
 };
 
 }  // namespace tabulon::activex

@@ -1,7 +1,7 @@
-// The one button that the pointer is over; it is painted so.
+// The button under the mouse, which is drawn highlighted; at most one.
 //
 //   hot.set(button_window);
-//   hot.set(nullptr);         // the pointer has left
+//   hot.set(nullptr);         // the mouse has left
 #pragma once
 
 #include <windows.h>

@@ -1,8 +1,7 @@
-// What a picture box shows, kept as pixels: what moves over a picture uncovers it, and does not paint it
-// again.
+// A picture box's drawing as a cached bitmap, so that an image dragged over it does not paint it again.
 //
 //   KeptPicture kept;
-//   kept.show(dc, {246, 240}, ground, [&](HDC paper) { ... });   // paints, and copies to dc
+//   kept.show(dc, {246, 240}, ground, [&](HDC paper) { ... });   // paints, then copies to dc
 //   kept.show(dc, {246, 240}, ground, [&](HDC paper) { ... });   // copies
 //   kept.forget();                                              // the drawing has changed
 #pragma once
@@ -17,8 +16,8 @@ namespace tabulon::activex {
 
 class KeptPicture {
  public:
-  // Shows the picture at the corner of `dc`; `paint` is asked for it where it is not here in this size and on
-  // this ground.
+  // Copies the picture to the origin of `dc`; calls `paint` first unless it is cached in this size and with
+  // this background.
   template <class Paint>
   void show(HDC dc, SIZE size, COLORREF ground, Paint paint) {
     if (!is_here(size, ground)) {

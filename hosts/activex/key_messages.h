@@ -1,4 +1,4 @@
-// The keyboard as messages have it.
+// Keyboard messages.
 //
 //   if (is_key_message(message)) ...
 #pragma once
@@ -8,13 +8,13 @@
 namespace tabulon::activex {
 
 bool is_key_press(UINT message);
-// A press, a release, or the character that came of a press.
+// A press, a release, or the character that a press produced.
 bool is_key_message(UINT message);
-// The message as a loop of messages would have it, of the event that is being handled.
+// The message being handled, as a message loop would have retrieved it.
 MSG current_message(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
 
 bool is_down(int key);
-// The modifiers that are held, as platform/keys.h has them.
+// The modifiers held down, as a combination of those in platform/keys.h.
 int pressed_modifiers();
 
 }  // namespace tabulon::activex

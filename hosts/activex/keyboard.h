@@ -1,5 +1,5 @@
-// The keys that come to a surface's windows: a script may change them, the desk has the first use of them,
-// and Tab may lead out of the control.
+// The keys pressed in a surface's windows: a script may change them, then the desk may use them, and Tab may
+// lead out of the control.
 //
 //   Keyboard keyboard(view);
 //   if (keyboard.handle(key)) return 0;   // used
@@ -16,10 +16,10 @@ class Keyboard {
   explicit Keyboard(const ViewState& view) : view_(view) {}
   Keyboard(const Keyboard&) = delete;
 
-  // A press, a release or a character; true when it is not to do anything else. A script may have made it
-  // another character.
+  // Handles a press, a release or a character; true if nothing else may come of it. A script may replace the
+  // character in `key`.
   bool handle(MSG& key);
-  // True when the key was used or passed on.
+  // True if the key was used here or by the container.
   bool press(const MSG& key);
 
  private:
@@ -29,8 +29,8 @@ class Keyboard {
   bool leave_by_tab(const MSG& key);
 
   const ViewState& view_;
-  bool alt_used_ = false;  // Alt was held for a key of ours, so letting it go opens no menu of the container
-  MSG refused_{};          // the last key that was of no use here, so that it is offered once
+  bool alt_used_ = false;  // with a key of ours, so that releasing Alt opens no menu of the container
+  MSG refused_{};          // the last key not used here, so that it is not offered twice
 };
 
 }  // namespace tabulon::activex

@@ -47,7 +47,7 @@ inline bool is_list(DISPID property) {
   return property >= member::prmDLfunctie;
 }
 std::string_view property_name(DISPID property);
-// How many arguments a method takes, or 1 for a property; nothing where there is no such member.
+// How many arguments a method takes, or 1 for a property; nothing if there is no such member.
 std::optional<UINT> argument_count(DISPID member);
 
 }  // namespace tabulon::activex

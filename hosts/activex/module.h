@@ -1,4 +1,4 @@
-// This library as the system has loaded it.
+// The module (DLL) that this code is in.
 //
 //   CreateWindowExW(0, surface_class, nullptr, style, 0, 0, 0, 0, parent, nullptr, this_module(), nullptr);
 #pragma once
@@ -10,7 +10,7 @@
 namespace tabulon::activex {
 
 HINSTANCE this_module();
-// Where its file is.
+// The path of its file.
 std::wstring module_path();
 
 }  // namespace tabulon::activex

@@ -16,7 +16,7 @@ using platform::Menu;
 
 namespace {
 
-// The window that a menu is open over: one at a time in a process, for the person has one keyboard.
+// The window of the open menu; a process has at most one, because all its controls share a thread.
 HWND menu_owner = nullptr;
 
 UINT id_of(const Control& control) {
@@ -45,7 +45,7 @@ HMENU make(const Menu& menu) {
   return made;
 }
 
-// A press on the button that opened the menu closes it; it is not to open it again.
+// Pressing the button that opened the menu closes it; the same press must not open it again.
 void forget_press_on_opener(HWND window, POINT corner) {
   MSG press;
   if (!PeekMessageW(&press, nullptr, WM_LBUTTONDOWN, WM_LBUTTONDOWN, PM_NOREMOVE)) return;
@@ -55,7 +55,7 @@ void forget_press_on_opener(HWND window, POINT corner) {
   if (opener && opener == press.hwnd) PeekMessageW(&press, opener, WM_LBUTTONDOWN, WM_LBUTTONDOWN, PM_REMOVE);
 }
 
-// ---- Keys that the system's menus know otherwise than ours
+// ---- Keys that the system's menus treat differently from ours
 
 constexpr UINT menu_of_window = 0x1E1;  // MN_GETHMENU
 
@@ -88,7 +88,7 @@ bool is_key_of_disabled_item(HMENU menu, WPARAM key) {
   return false;
 }
 
-// Tab closes the menu, and what is disabled does nothing at its letter.
+// Tab closes the menu, and the letter of a disabled item does nothing.
 LRESULT CALLBACK filter_keys(int code, WPARAM unused, LPARAM data) {
   const MSG& message = *reinterpret_cast<const MSG*>(data);
   if (code == MSGF_MENU && message.message == WM_KEYDOWN) {

@@ -1,4 +1,4 @@
-// A pop-up menu of the system.
+// Pop-up menus of the system.
 //
 //   if (Menu* const chosen = track_popup_menu(session, window, 96)) desk.menu_choose(*chosen);
 #pragma once
@@ -9,10 +9,10 @@
 
 namespace tabulon::activex {
 
-// Shows the session's menu over the window of its surface, and returns the item that the person has chosen;
-// null when the menu was dismissed. Messages go on meanwhile.
+// Shows the session's menu over its surface's window and returns the item chosen, or null if the menu was
+// dismissed. Messages are dispatched meanwhile.
 platform::Menu* track_popup_menu(const platform::MenuSession& session, HWND window, int dpi);
-// The window goes, and a menu over it with it.
+// Closes the menu that is open over this window, if any.
 void end_menu_over(HWND window);
 
 }  // namespace tabulon::activex

@@ -1,4 +1,4 @@
-// What a screen reader says of a window whose text alone does not tell enough.
+// Accessible names for windows whose text alone does not say enough.
 //
 //   names.set(box, "rij 2, kolom 3");
 #pragma once
@@ -14,13 +14,13 @@ namespace tabulon::activex {
 
 class ReaderNames {
  public:
-  // Nothing happens on a system without such names. No words: the window's text tells enough again.
+  // Has no effect on systems without such names. An empty name restores the window's text.
   void set(HWND window, std::string_view words);
-  // The window is going.
+  // To be called when the window is destroyed.
   void forget(HWND window);
 
  private:
-  // Asked for once, and kept as long as the process: there may be no COM left to give it back to.
+  // Obtained once and never released: COM may have been uninitialised by then.
   IAccPropServices* service_ = nullptr;
   bool asked_ = false;
   std::set<HWND> named_;

@@ -1,6 +1,6 @@
-// The control in the registry.
+// Registers the control, and unregisters it.
 //
-//   register_library(Whose::Machine);   // S_OK, or the result of what the system refused
+//   register_library(Whose::Machine);   // S_OK, or why the system refused
 #pragma once
 
 #include <windows.h>
@@ -11,10 +11,10 @@ namespace tabulon::activex {
 
 enum class Whose : std::uint8_t { Machine, Person };
 
-// Writes all keys; what a registration before has left is overwritten.
+// Writes all keys, replacing those of an earlier registration.
 HRESULT register_library(Whose whose);
-// Removes all that `register_library` writes, but what the library for programs of another size shares with
-// this one stays while that is registered. Nothing to remove is no failure.
+// Removes everything that `register_library` writes, except what it shares with the 32-bit or 64-bit library
+// while that one is registered. It is no error if there is nothing to remove.
 HRESULT unregister_library(Whose whose);
 
 }  // namespace tabulon::activex

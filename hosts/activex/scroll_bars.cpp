@@ -10,7 +10,7 @@ int sign_of(const ScrollBar& bar) {
   return bar.min() > bar.max() ? -1 : 1;
 }
 
-// Where the thumb of a bar is dragged to.
+// The value under the thumb while it is dragged.
 int dragged_to(HWND window, const ScrollBar& bar) {
   SCROLLINFO info{};
   info.cbSize = sizeof info;

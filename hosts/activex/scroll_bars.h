@@ -1,4 +1,5 @@
-// Scroll bars of the system. Those rise to their end, so a bar that falls shows the negatives of its numbers.
+// Scroll bars of the system. Their values grow towards the end, so a bar whose values fall uses the
+// negatives.
 //
 //   show_range(window, bar);
 //   if (const auto value = value_after(SB_LINEDOWN, window, bar)) desk.scroll(bar, *value);
@@ -13,7 +14,7 @@
 namespace tabulon::activex {
 
 void show_range(HWND window, const platform::ScrollBar& bar);
-// What the person wants by an SB_ code; nothing for a code that wants no other value.
+// The value that an SB_ code asks for; nothing if the code changes no value.
 std::optional<int> value_after(int code, HWND window, const platform::ScrollBar& bar);
 
 }  // namespace tabulon::activex

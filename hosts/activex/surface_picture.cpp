@@ -22,7 +22,7 @@ class SurfacePicture {
   }
 
  private:
-  // What stands in a container, or on the surface itself (null).
+  // Paints the controls in a container; null for the surface itself.
   void paint_inside(const Control* container, POINT origin) const {
     painter_.lines(surface_, container, origin);
     for (const Control* each : surface_.controls())
@@ -64,7 +64,7 @@ class SurfacePicture {
 }  // namespace
 
 void paint_surface(HDC dc, const Surface& surface, POINT origin, int dpi) {
-  Fonts fonts;  // for this size, which may never come again
+  Fonts fonts;  // not shared: this size may never be used again
   const Painter painter(dc, fonts, dpi);
   SurfacePicture(surface, painter, dpi).paint(origin);
 }

@@ -1,4 +1,4 @@
-// A surface without windows: all of it as one picture, on paper or on a form that is being designed.
+// Paints a whole surface as one picture where it has no windows: on paper, or on a form in a designer.
 //
 //   paint_surface(dc, control, {10, 10}, 96);
 #pragma once
@@ -9,7 +9,7 @@
 
 namespace tabulon::activex {
 
-// `origin`: the place of its corner in `dc`. `dpi`: how many pixels are an inch of the surface.
+// `origin`: the top left corner in `dc`. `dpi`: pixels per inch of the surface.
 void paint_surface(HDC dc, const platform::Surface& surface, POINT origin, int dpi);
 
 }  // namespace tabulon::activex

@@ -68,7 +68,7 @@ void SurfaceView::create_controls() {
     if (ControlView* const view = view_of(*control)) view->create_if_seen(parent_of(*control));
 }
 
-// The window in which a control is to stand; null while that is not there.
+// The parent window for a control; null while it does not exist.
 HWND SurfaceView::parent_of(const Control& control) const {
   if (!control.container()) return window();
   const ControlView* const container = view_of(*control.container());
@@ -116,7 +116,7 @@ void SurfaceView::mirror_line(const Control& line) {
     RedrawWindow(around, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
 }
 
-// What stands in a container has its place in the container's scale.
+// Controls in a container are placed in its scale.
 void SurfaceView::place_inside(const Control& container) {
   for (const auto& view : controls_)
     if (view && view->control()->container() == &container) view->place();
@@ -131,7 +131,7 @@ void SurfaceView::focus_active() {
   if (view && view->window()) view->select_if_wanted();
 }
 
-// The system suggests a place to windows that stand on no other.
+// The system suggests a place to top-level windows only.
 void SurfaceView::density_changed(const RECT* suggested) {
   view_.dpi = dpi_of(window());
   RECT place{0, 0, size().cx, size().cy};
@@ -160,7 +160,7 @@ void SurfaceView::print(HDC dc) const {
   painter.lines(*view_.surface, nullptr, {0, 0});
 }
 
-// The windows of controls ask theirs; `under` is the one that the pointer is over.
+// The system asks the parents of the window under the mouse first.
 bool SurfaceView::set_cursor(HWND under) const {
   const ControlView* const view = IsChild(window(), under) ? ControlView::of(under) : nullptr;
   const wchar_t* const shape = busy_ ? IDC_WAIT : view ? cursor_over(*view->control()) : nullptr;
@@ -236,7 +236,7 @@ LRESULT SurfaceView::handle_key(UINT message, WPARAM wparam, LPARAM lparam) {
   return keyboard_.handle(key) ? 0 : pass_on(message, wparam, lparam);
 }
 
-// What the windows of the controls tell of themselves, and ask.
+// Notifications and questions from the windows of controls.
 LRESULT SurfaceView::handle_child(UINT message, WPARAM wparam, LPARAM lparam) {
   HWND const child = reinterpret_cast<HWND>(lparam);
   switch (message) {

@@ -1,8 +1,8 @@
-// A surface as windows: its own window, and one for each of its controls that is seen.
+// A surface as windows: one of its own, and one for each visible control.
 //
 //   SurfaceView view(services, control, site);
-//   view.open(parent, {0, 0});    // the windows are there and show what the surface says
-//   view.mirror();                // and follow it
+//   view.open(parent, {0, 0});    // creates the windows
+//   view.mirror();                // brings them up to date with the surface
 #pragma once
 
 #include <windows.h>
@@ -23,7 +23,7 @@ class SurfaceView {
   SurfaceView(const SurfaceView&) = delete;
   virtual ~SurfaceView();
 
-  platform::Surface* surface() const { return view_.surface; }  // null once it has gone
+  platform::Surface* surface() const { return view_.surface; }  // null after detach
   ViewSite& site() const { return view_.site; }
   HWND window() const { return view_.window; }
   int dpi() const { return view_.dpi; }
@@ -33,20 +33,20 @@ class SurfaceView {
   // Null for menus and lines.
   ControlView* view_of(const platform::Control& control) const;
 
-  // The window, at a place in its parent.
+  // Creates the window at a position in its parent.
   bool open(HWND parent, POINT at);
-  // The surface is going: nothing of it is touched from now on.
+  // To be called before the surface is destroyed: the view does not touch it any more.
   virtual void detach() { view_.surface = nullptr; }
   void close();
 
   virtual void mirror();
   void set_busy(bool busy) { busy_ = busy; }
-  // Gives the system's focus to where the surface's is.
+  // Moves the system's focus to the surface's active control.
   void focus_active();
-  // The window may have come to a screen of another density.
+  // To be called when the window may have moved to a screen of another density.
   void follow_density();
 
-  // Of the windows of all surfaces.
+  // The window procedure of all surfaces.
   static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
 
  protected:
@@ -59,9 +59,9 @@ class SurfaceView {
   void set_dpi(int dpi) { view_.dpi = dpi; }
   bool create(const Shape& shape, const RECT& place, HWND parent);
   void mirror_controls();
-  // The bounds of a window with an inside as large as that.
+  // Turns a client rectangle into the window's bounds.
   virtual void add_edge(RECT&) const {}
-  // The system has destroyed the window.
+  // Called after the system has destroyed the window.
   virtual void on_destroyed() {}
 
  private:

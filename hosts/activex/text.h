@@ -3,7 +3,7 @@
 //   SetWindowTextW(window, wide("Maximum – keuze").c_str());
 //   const std::string name = narrow(buffer);
 //
-// What is no text in the one coding becomes U+FFFD in the other.
+// Invalid input becomes U+FFFD.
 #pragma once
 
 #include <string>

@@ -1,7 +1,8 @@
-// A window that nobody sees, by which the system answers tickets: after a time, or after what waits now.
+// A message-only window by which the system answers tickets: after a time, or after the messages now in the
+// queue.
 //
-//   TicketWindow tickets([&](Ticket ticket, bool refused) { desk.answer(ticket, refused ? "refused" : "");
-//   }); tickets.answer_after(1000, ticket);
+//   TicketWindow tickets([&](Ticket ticket, bool refused) { ... });
+//   tickets.answer_after(1000, ticket);
 #pragma once
 
 #include <windows.h>
@@ -23,9 +24,9 @@ class TicketWindow {
 
   void answer_after(double milliseconds, platform::Ticket ticket);
   void answer_soon(platform::Ticket ticket, bool refused = false);
-  // Made when it is first asked for.
+  // Created on first use.
   HWND window();
-  // Until it is asked for again.
+  // It is created again when next needed.
   void close();
 
  private:

@@ -1,6 +1,6 @@
-// The tool tips of a surface: one window of the system that shows all of them.
+// The tool tips of a surface, all shown by one window of the system.
 //
-//   tips.set(surface_window, box, " Pivotelement ");   // "" takes the tip away
+//   tips.set(surface_window, box, " Pivotelement ");   // "" removes the tip
 #pragma once
 
 #include <windows.h>
@@ -15,9 +15,9 @@ class ToolTips {
   ToolTips() = default;
   ToolTips(const ToolTips&) = delete;
 
-  // What is shown while the pointer rests on `control`, a window below `surface`.
+  // Sets the text shown while the mouse rests on `control`, a window inside `surface`.
   void set(HWND surface, HWND control, std::string_view text);
-  // The surface's window is going. The tips belong to the one that it stands in, and would stay.
+  // To be called when the surface's window is destroyed: the tips belong to its parent and would stay.
   void close();
 
  private:

@@ -1,4 +1,4 @@
-// What stands around the windows of a control: the form or page that it was put on, and the scripts there.
+// What surrounds a control's windows: the form or page that contains it, and the scripts listening there.
 #pragma once
 
 #include <windows.h>
@@ -12,17 +12,17 @@ class ViewSite {
   virtual ~ViewSite() = default;
 
   virtual void focus_changed(bool has_focus) = 0;
-  // A modal form opens (false) or has closed.
+  // Called with false before a modal form opens, with true after it has closed.
   virtual void enable_modeless(bool enabled) = 0;
-  // A key that the control has no use for; true when the container had.
+  // Offers the container a key that the control did not use; true if it used it.
   virtual bool pass_on(const MSG& key) = 0;
-  // Without windows the control is a picture, and that is to be drawn anew.
+  // Called when the control's picture, shown where it has no windows, must be redrawn.
   virtual void picture_changed() = 0;
 
   // ---- Events. `modifiers` has 1 for Shift, 2 for Ctrl, 4 for Alt; `x` and `y` are pixels from the
   // control's corner.
   virtual void fire_click(DISPID event) = 0;
-  // The key's code, or the character's; a script may change it, and 0 keeps it from the control.
+  // Answers the code of the key or character, which a script may have changed; 0 suppresses it.
   virtual short fire_key(DISPID event, short code, short modifiers) = 0;
   virtual void fire_mouse(DISPID event, short button, short modifiers, POINT at) = 0;
 };

@@ -1,4 +1,4 @@
-// What the parts of a surface's view know of it: its windows, its input and its painting are a class each.
+// What the parts of a surface's view share: windows, keys, focus, mouse and painting are a class each.
 #pragma once
 
 #include <windows.h>
@@ -12,7 +12,7 @@
 
 namespace tabulon::activex {
 
-// What all views of a process share.
+// Shared by all views of the process.
 struct Services {
   Dispatcher& dispatcher;
   platform::Desk& desk;
@@ -23,12 +23,12 @@ struct Services {
 
 struct ViewState {
   const Services& services;
-  ViewSite& site;              // a form speaks through that of the control that it stands over
-  platform::Surface* surface;  // null once it has gone
+  ViewSite& site;              // a form uses that of the control that opened it
+  platform::Surface* surface;  // null once it has been destroyed
   HWND window = nullptr;
   int dpi = 96;
 
-  // Whether it is there and has events: what happens on a form is no event of the control.
+  // False for forms, which raise no events, and once the surface has been destroyed.
   bool is_control() const { return surface && !surface->is_form(); }
 };
 

@@ -1,4 +1,4 @@
-// The classes of the windows that are not the system's own, registered for as long as this lives.
+// Registers our own window classes for the lifetime of this object.
 #pragma once
 
 #include <windows.h>
@@ -7,7 +7,7 @@ namespace tabulon::activex {
 
 class WindowClasses {
  public:
-  // `surfaces`: the procedure of the windows of controls and forms.
+  // `surfaces`: the window procedure of controls and forms.
   explicit WindowClasses(WNDPROC surfaces);
   WindowClasses(const WindowClasses&) = delete;
   ~WindowClasses();

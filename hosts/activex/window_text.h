@@ -1,4 +1,4 @@
-// Texts between windows and who asks for them.
+// Texts of windows, and answers to those who ask for them.
 #pragma once
 
 #include <windows.h>
@@ -9,7 +9,7 @@
 
 namespace tabulon::activex {
 
-// What stands in a window.
+// A window's text.
 std::wstring window_text(HWND window);
 
 // Answers hosts/activex/names.h's name message: the control's name, with its index: "txtTableau[3]".

@@ -1,9 +1,9 @@
-// The files of this machine, as Windows has them.
+// Files on the disks of this machine.
 //
 //   WindowsFiles files;
 //   auto file = TextFile::open(files, "C:\\Lessen\\oefening.tbl", TextFile::Mode::Output);
 //
-// A file that is open here may be read and written by others too.
+// Other programs may read and write a file that is open here.
 #pragma once
 
 #include <memory>

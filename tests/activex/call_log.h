@@ -1,9 +1,9 @@
-// What a container or a listener is told, written down; and what it does at once when it is told so.
+// The calls that a container or an event listener receives, in order; and what it does in return.
 //
-//   Notes notes;
-//   notes.when("OnFocus", [&] { object->Close(OLECLOSE_NOSAVE); });
-//   notes.add("OnFocus(true)");
-//   notes.take();   // {"OnFocus(true)"}
+//   CallLog log;
+//   log.when("OnFocus", [&] { object->Close(OLECLOSE_NOSAVE); });
+//   log.add("OnFocus(true)");
+//   log.take();   // {"OnFocus(true)"}
 #pragma once
 
 #include <functional>
@@ -16,29 +16,29 @@ namespace tabulon::client {
 
 using Calls = std::vector<std::string>;
 
-class Notes {
+class CallLog {
  public:
-  using Act = std::function<void()>;
+  using Action = std::function<void()>;
 
   const Calls& calls() const { return calls_; }
   Calls take() { return std::exchange(calls_, {}); }
 
-  // Each time that this call comes; without its arguments, whatever they are. Nothing to do no more.
-  void when(std::string call, Act act) { acts_[std::move(call)] = std::move(act); }
+  // Runs the action on every such call; a name without arguments matches any. An empty action removes it.
+  void when(std::string call, Action action) { actions_[std::move(call)] = std::move(action); }
 
   void add(std::string call) {
     const std::string name = call.substr(0, call.find('('));
     for (const std::string& key : {call, name})
-      if (const auto found = acts_.find(key); found != acts_.end() && found->second) {
+      if (const auto found = actions_.find(key); found != actions_.end() && found->second) {
         calls_.push_back(std::move(call));
-        return Act(found->second)();  // which may say what is to be done next
+        return Action(found->second)();  // a copy: it may replace itself
       }
     calls_.push_back(std::move(call));
   }
 
  private:
   Calls calls_;
-  std::map<std::string, Act> acts_;
+  std::map<std::string, Action> actions_;
 };
 
 }  // namespace tabulon::client

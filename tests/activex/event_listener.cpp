@@ -1,4 +1,4 @@
-#include "tests/activex/hearer.h"
+#include "tests/activex/event_listener.h"
 
 #include <olectl.h>
 
@@ -29,18 +29,18 @@ std::string written(const VARIANT& value) {
 
 }  // namespace
 
-STDMETHODIMP Hearer::QueryInterface(REFIID id, void** answer) {
+STDMETHODIMP EventListener::QueryInterface(REFIID id, void** answer) {
   const bool known = id == IID_IUnknown || id == IID_IDispatch || id == __uuidof(_LPctrlEvents);
   *answer = known ? this : nullptr;
   if (known) AddRef();
   return known ? S_OK : E_NOINTERFACE;
 }
 
-STDMETHODIMP Hearer::Invoke(DISPID event, REFIID, LCID, WORD, DISPPARAMS* given, VARIANT*, EXCEPINFO*,
-                            UINT*) {
+STDMETHODIMP EventListener::Invoke(DISPID event, REFIID, LCID, WORD, DISPPARAMS* given, VARIANT*, EXCEPINFO*,
+                                   UINT*) {
   std::string call = name_of_event(event) + "(";
   for (UINT left = given->cArgs; left-- > 0;) call += written(given->rgvarg[left]) + (left ? ", " : "");
-  notes_.add(call + ")");
+  log_.add(call + ")");
   if (event == DISPID_KEYDOWN && other_key) *given->rgvarg[1].piVal = *other_key;
   if (event == DISPID_KEYPRESS && other_character) *given->rgvarg[0].piVal = *other_character;
   return S_OK;

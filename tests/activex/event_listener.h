@@ -1,9 +1,9 @@
-// A listener to the control's events: writes down what it hears, and may change a key.
+// Listens to the control's events: logs them, and may change a key.
 //
-//   Hearer hearer;
-//   point->Advise(&hearer, &cookie);
-//   hearer.when("Click", [&] { control->ShowAboutBox(); });
-//   hearer.take_heard();   // {"MouseUp(1, 0, 300., 270.)", "Click()"}
+//   EventListener listener;
+//   point->Advise(&listener, &cookie);
+//   listener.when("Click", [&] { control->ShowAboutBox(); });
+//   listener.take_events();   // {"MouseUp(1, 0, 300., 270.)", "Click()"}
 #pragma once
 
 #include <windows.h>
@@ -14,18 +14,18 @@
 #include <string>
 #include <utility>
 
-#include "tests/activex/notes.h"
+#include "tests/activex/call_log.h"
 
 namespace tabulon::client {
 
-class Hearer final : public IDispatch {
+class EventListener final : public IDispatch {
  public:
   ULONG references = 1;
   std::optional<short> other_key, other_character;
 
-  Calls take_heard() { return notes_.take(); }
-  // While it is told of that event.
-  void when(std::string event, Notes::Act act) { notes_.when(std::move(event), std::move(act)); }
+  Calls take_events() { return log_.take(); }
+  // Runs while the listener is being told of that event.
+  void when(std::string event, CallLog::Action act) { log_.when(std::move(event), std::move(act)); }
 
   STDMETHODIMP QueryInterface(REFIID id, void** answer) override;
   STDMETHODIMP_(ULONG) AddRef() override { return ++references; }
@@ -37,7 +37,7 @@ class Hearer final : public IDispatch {
                       UINT*) override;
 
  private:
-  Notes notes_;
+  CallLog log_;
 };
 
 }  // namespace tabulon::client

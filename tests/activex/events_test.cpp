@@ -1,30 +1,11 @@
-// Who wants to hear of the control's events is connected to it.
+// Connecting event listeners to the control, and disconnecting them.
 #include "tests/activex/com.h"
+#include "tests/activex/event_listener.h"
 
 namespace tabulon::client {
 namespace {
 
-class Sink final : public IDispatch {
- public:
-  STDMETHODIMP QueryInterface(REFIID id, void** answer) override {
-    const bool known = id == IID_IUnknown || id == IID_IDispatch || id == __uuidof(_LPctrlEvents);
-    *answer = known ? this : nullptr;
-    if (known) AddRef();
-    return known ? S_OK : E_NOINTERFACE;
-  }
-  STDMETHODIMP_(ULONG) AddRef() override { return ++references; }
-  STDMETHODIMP_(ULONG) Release() override { return --references; }
-  STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
-  STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-  STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
-  STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*, UINT*) override {
-    return S_OK;
-  }
-
-  ULONG references = 1;
-};
-
-// An object, but none that takes the events.
+// An object that does not take the events.
 class Deaf final : public IUnknown {
  public:
   STDMETHODIMP QueryInterface(REFIID id, void** answer) override {
@@ -83,7 +64,7 @@ TEST_F(Events, ThatItLacksHaveNoPlace) {
 
 TEST_F(Events, AConnectionLastsUntilItIsEnded) {
   ASSERT_TRUE(point_);
-  Sink one, other;
+  EventListener one, other;
   DWORD first = 0, second = 0;
   EXPECT_EQ(code(point_->Advise(&one, &first)), code(S_OK));
   EXPECT_EQ(code(point_->Advise(&other, &second)), code(S_OK));
@@ -107,7 +88,7 @@ TEST_F(Events, AConnectionLastsUntilItIsEnded) {
 }
 
 TEST_F(Events, AConnectionEndsWithTheControl) {
-  Sink sink;
+  EventListener sink;
   DWORD connection = 0;
   ASSERT_TRUE(point_);
   EXPECT_EQ(code(point_->Advise(&sink, &connection)), code(S_OK));

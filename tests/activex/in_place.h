@@ -19,7 +19,7 @@
 #include <string_view>
 
 #include "tests/activex/com.h"
-#include "tests/activex/hearer.h"
+#include "tests/activex/event_listener.h"
 #include "tests/activex/site.h"
 #include "tests/activex/window_thread.h"
 
@@ -83,17 +83,17 @@ class WithForms : public OnScreen {
 
 // The control is active, and somebody listens to it.
 template <class Base>
-class Heard : public Base {
+class Listening : public Base {
  protected:
   template <class... Arguments>
-  explicit Heard(Arguments... arguments) : Base(arguments...) {
+  explicit Listening(Arguments... arguments) : Base(arguments...) {
     if (!this->object_) return;
     EXPECT_EQ(code(this->activate()), code(S_OK));
-    EXPECT_EQ(code(point()->Advise(&hearer_, &connection_)), code(S_OK));
+    EXPECT_EQ(code(point()->Advise(&listener_, &connection_)), code(S_OK));
   }
-  ~Heard() override {
+  ~Listening() override {
     if (this->object_) EXPECT_EQ(code(point()->Unadvise(connection_)), code(S_OK));
-    EXPECT_EQ(hearer_.references, 1U);
+    EXPECT_EQ(listener_.references, 1U);
   }
   ComPtr<IConnectionPoint> point() {
     ComPtr<IConnectionPoint> found;
@@ -105,7 +105,7 @@ class Heard : public Base {
     SendMessageW(this->window(), message, how, where);
   }
 
-  Hearer hearer_;
+  EventListener listener_;
   DWORD connection_ = 0;
 };
 

@@ -424,20 +424,20 @@ std::string mouse(const char* event, int button, int held, POINT place = ground)
          std::to_string(scaled(place.x)) + "., " + std::to_string(scaled(place.y)) + ".)";
 }
 
-class InPlaceEvents : public Heard<InPlace> {};
+class InPlaceEvents : public Listening<InPlace> {};
 
 TEST_F(InPlaceEvents, OfAClickOnTheGround) {
   ASSERT_TRUE(object_);
   send(WM_LBUTTONDOWN, MK_LBUTTON);
-  EXPECT_EQ(hearer_.take_heard(), Calls({mouse("MouseDown", 1, 0)}));
+  EXPECT_EQ(listener_.take_events(), Calls({mouse("MouseDown", 1, 0)}));
   send(WM_LBUTTONUP, 0);
-  EXPECT_EQ(hearer_.take_heard(), Calls({mouse("MouseUp", 1, 0), "Click()"}));
+  EXPECT_EQ(listener_.take_events(), Calls({mouse("MouseUp", 1, 0), "Click()"}));
 }
 
 TEST_F(InPlaceEvents, OfAReleaseAloneAreNoClick) {
   ASSERT_TRUE(object_);
   send(WM_LBUTTONUP, 0);
-  EXPECT_EQ(hearer_.take_heard(), Calls({mouse("MouseUp", 1, 0)}));
+  EXPECT_EQ(listener_.take_events(), Calls({mouse("MouseUp", 1, 0)}));
 }
 
 TEST_F(InPlaceEvents, OfTheOtherButtonAreNoClick) {
@@ -445,7 +445,7 @@ TEST_F(InPlaceEvents, OfTheOtherButtonAreNoClick) {
   const Holding keys{VK_SHIFT, VK_CONTROL};
   send(WM_RBUTTONDOWN, MK_RBUTTON);
   send(WM_RBUTTONUP, 0);
-  EXPECT_EQ(hearer_.take_heard(), Calls({mouse("MouseDown", 2, 3), mouse("MouseUp", 2, 3)}));
+  EXPECT_EQ(listener_.take_events(), Calls({mouse("MouseDown", 2, 3), mouse("MouseUp", 2, 3)}));
 }
 
 TEST_F(InPlaceEvents, OfAMoveSayWhichButtonsAreHeld) {
@@ -454,7 +454,7 @@ TEST_F(InPlaceEvents, OfAMoveSayWhichButtonsAreHeld) {
   send(WM_MOUSEMOVE, 0, at(elsewhere));
   send(WM_MOUSEMOVE, MK_LBUTTON, at(elsewhere));
   send(WM_MOUSEMOVE, MK_LBUTTON | MK_RBUTTON, at(elsewhere));
-  EXPECT_EQ(hearer_.take_heard(),
+  EXPECT_EQ(listener_.take_events(),
             Calls({mouse("MouseMove", 0, 0, elsewhere), mouse("MouseMove", 1, 0, elsewhere),
                    mouse("MouseMove", 3, 0, elsewhere)}));
 }
@@ -463,20 +463,20 @@ TEST_F(InPlaceEvents, OfADoubleClickAreThatToo) {
   ASSERT_TRUE(object_);
   send(WM_LBUTTONDOWN, MK_LBUTTON);
   send(WM_LBUTTONUP, 0);
-  EXPECT_FALSE(has(hearer_.take_heard(), "DblClick()"));
+  EXPECT_FALSE(has(listener_.take_events(), "DblClick()"));
   send(WM_LBUTTONDBLCLK, MK_LBUTTON);
   send(WM_LBUTTONUP, 0);
-  EXPECT_TRUE(has(hearer_.take_heard(), "DblClick()"));
+  EXPECT_TRUE(has(listener_.take_events(), "DblClick()"));
 }
 
 TEST_F(InPlaceEvents, AreForWhoListens) {
   ASSERT_TRUE(object_);
   EXPECT_EQ(code(point()->Unadvise(connection_)), code(S_OK));
   send(WM_LBUTTONDOWN, MK_LBUTTON);
-  EXPECT_EQ(hearer_.take_heard(), Calls());
-  EXPECT_EQ(code(point()->Advise(&hearer_, &connection_)), code(S_OK));
+  EXPECT_EQ(listener_.take_events(), Calls());
+  EXPECT_EQ(code(point()->Advise(&listener_, &connection_)), code(S_OK));
   send(WM_LBUTTONUP, 0);
-  EXPECT_EQ(hearer_.take_heard(), Calls({mouse("MouseUp", 1, 0), "Click()"}));
+  EXPECT_EQ(listener_.take_events(), Calls({mouse("MouseUp", 1, 0), "Click()"}));
 }
 
 TEST_F(InPlaceEvents, WaitForNobodyWhileTheyAreFrozen) {
@@ -487,11 +487,11 @@ TEST_F(InPlaceEvents, WaitForNobodyWhileTheyAreFrozen) {
   send(WM_LBUTTONDOWN, MK_LBUTTON);
   EXPECT_EQ(code(control->FreezeEvents(FALSE)), code(S_OK));
   send(WM_LBUTTONUP, 0);
-  EXPECT_EQ(hearer_.take_heard(), Calls());
+  EXPECT_EQ(listener_.take_events(), Calls());
   EXPECT_EQ(code(control->FreezeEvents(FALSE)), code(S_OK));
-  EXPECT_EQ(hearer_.take_heard(), Calls()) << "what was missed is not told later";
+  EXPECT_EQ(listener_.take_events(), Calls()) << "what was missed is not told later";
   send(WM_MOUSEMOVE, 0);
-  EXPECT_EQ(hearer_.take_heard(), Calls({mouse("MouseMove", 0, 0)}));
+  EXPECT_EQ(listener_.take_events(), Calls({mouse("MouseMove", 0, 0)}));
 }
 
 // A container offers the key, and dispatches it when the control had no use for it.
@@ -502,7 +502,7 @@ TEST_F(InPlaceEvents, OfAKeyHappenOnceHoweverOftenTheKeyIsOffered) {
   ASSERT_TRUE(PeekMessageW(&key, window(), WM_KEYDOWN, WM_KEYDOWN, PM_REMOVE));
   EXPECT_EQ(code(as<IOleInPlaceActiveObject>(object_)->TranslateAccelerator(&key)), code(S_FALSE));
   DispatchMessageW(&key);
-  EXPECT_EQ(hearer_.take_heard(), Calls({"KeyDown(&116, 0)"}));
+  EXPECT_EQ(listener_.take_events(), Calls({"KeyDown(&116, 0)"}));
 }
 
 // ---- The keyboard
@@ -596,7 +596,7 @@ TEST_F(InPlaceFocusInAContainer, IsNotTakenByAControlThatComesBack) {
 }
 
 // Keys as they come to the window that has the focus.
-class InPlaceKeyboardInAContainer : public Heard<OnScreen> {
+class InPlaceKeyboardInAContainer : public Listening<OnScreen> {
  protected:
   InPlaceKeyboardInAContainer() {
     if (object_) EXPECT_EQ(code(verb(OLEIVERB_UIACTIVATE)), code(S_OK));
@@ -616,20 +616,20 @@ class InPlaceKeyboardInAContainer : public Heard<OnScreen> {
 TEST_F(InPlaceKeyboardInAContainer, ItsKeysAreToldDownAndUp) {
   ASSERT_TRUE(object_);
   press(VK_TAB);
-  EXPECT_EQ(hearer_.take_heard(), Calls({"KeyDown(&9, 0)", "KeyUp(&9, 0)"}));
+  EXPECT_EQ(listener_.take_events(), Calls({"KeyDown(&9, 0)", "KeyUp(&9, 0)"}));
   EXPECT_EQ(focus(), "txtRij_F[1]");
   const Holding shift{VK_SHIFT};
   press('A');
-  EXPECT_EQ(hearer_.take_heard(), Calls({"KeyDown(&65, 1)", "KeyUp(&65, 1)"}));
+  EXPECT_EQ(listener_.take_events(), Calls({"KeyDown(&65, 1)", "KeyUp(&65, 1)"}));
 }
 
 TEST_F(InPlaceKeyboardInAContainer, AKeyThatAListenerTakesDoesNothing) {
   ASSERT_TRUE(object_);
   ASSERT_EQ(focus(), "txtFocus");
-  hearer_.other_key = short{0};
+  listener_.other_key = short{0};
   press(VK_TAB);
   EXPECT_EQ(focus(), "txtFocus");
-  hearer_.other_key.reset();
+  listener_.other_key.reset();
   press(VK_TAB);
   EXPECT_EQ(focus(), "txtRij_F[1]");
 }
@@ -638,7 +638,7 @@ TEST_F(InPlaceKeyboardInAContainer, AKeyThatAListenerChangesIsTheOther) {
   ASSERT_TRUE(object_);
   press(VK_TAB);
   ASSERT_EQ(focus(), "txtRij_F[1]");
-  hearer_.other_key = short{VK_DOWN};
+  listener_.other_key = short{VK_DOWN};
   press(VK_TAB);
   EXPECT_EQ(focus(), "txtTableau[1]");
 }
@@ -647,11 +647,11 @@ TEST_F(InPlaceKeyboardInAContainer, ACharacterIsToldAndMayBeTaken) {
   ASSERT_TRUE(object_);
   press(VK_TAB);
   ASSERT_EQ(focus(), "txtRij_F[1]");
-  hearer_.take_heard();
+  listener_.take_events();
   write('7');
-  EXPECT_EQ(hearer_.take_heard(), Calls({"KeyPress(&55)"}));
+  EXPECT_EQ(listener_.take_events(), Calls({"KeyPress(&55)"}));
   EXPECT_EQ(text_of(GetFocus()), "7") << "all of the cell was selected";
-  hearer_.other_character = short{0};
+  listener_.other_character = short{0};
   write('8');
   EXPECT_EQ(text_of(GetFocus()), "7");
 }
@@ -662,7 +662,7 @@ TEST_F(InPlaceKeyboardInAContainer, ACharacterThatAListenerChangesIsTheOther) {
   press(VK_TAB);
   ASSERT_EQ(focus(), "txtRij_F[1]");
   write('7');
-  hearer_.other_character = short{'.'};
+  listener_.other_character = short{'.'};
   write(',');
   EXPECT_EQ(text_of(GetFocus()), "7.");
 }

@@ -87,7 +87,7 @@ void send_mouse(POINT at, std::initializer_list<DWORD> events) {
 }
 
 struct ModifierKey {
-  Person::Resources bit;
+  Person::Modifiers bit;
   int key;
 };
 constexpr ModifierKey modifier_keys[] = {

@@ -19,7 +19,7 @@ namespace tabulon::activex {
 
 class Person {
  public:
-  enum Resources : int { none = 0, shift = 1, ctrl = 2, alt = 4 };
+  enum Modifiers : int { none = 0, shift = 1, ctrl = 2, alt = 4 };
   struct Stroke {
     int key;  // a virtual key
     int held = none;

@@ -151,7 +151,7 @@ std::string name_of_call_and_end(const auto& info) {
 
 // ---- A listener that ends it
 
-using EndedOffScreen = Ending<Heard<InPlace>>;
+using EndedOffScreen = Ending<Listening<InPlace>>;
 
 class InPlaceEndedInAnEvent
     : public EndedOffScreen,
@@ -178,7 +178,7 @@ TEST_P(InPlaceEndedInAnEvent, IsGone) {
   const auto& [event, end] = GetParam();
   HWND const before = window();
   bool ended = false;
-  hearer_.when(event, [&, act = end.act] {
+  listener_.when(event, [&, act = end.act] {
     if (!std::exchange(ended, true)) (this->*act)();
   });
   do_everything();
@@ -194,8 +194,8 @@ INSTANTIATE_TEST_SUITE_P(InPlace, InPlaceEndedInAnEvent,
                                           testing::ValuesIn(far_ends<EndedOffScreen>)),
                          [](const auto& info) { return name_of_call_and_end(info); });
 
-class InPlaceKeyDownInAContainer : public Ending<Heard<OnScreen>>,
-                                   public testing::WithParamInterface<End<Ending<Heard<OnScreen>>>> {};
+class InPlaceKeyDownInAContainer : public Ending<Listening<OnScreen>>,
+                                   public testing::WithParamInterface<End<Ending<Listening<OnScreen>>>> {};
 
 // With the keyboard: the key would have moved the focus.
 TEST_P(InPlaceKeyDownInAContainer, MayBeTheLastThingThatTheControlTells) {
@@ -203,16 +203,16 @@ TEST_P(InPlaceKeyDownInAContainer, MayBeTheLastThingThatTheControlTells) {
   EXPECT_EQ(code(verb(OLEIVERB_UIACTIVATE)), code(S_OK));
   ASSERT_TRUE(control_has_focus());
   HWND const before = window();
-  hearer_.when("KeyDown", [&] { (this->*GetParam().act)(); });
+  listener_.when("KeyDown", [&] { (this->*GetParam().act)(); });
   SendMessageW(GetFocus(), WM_KEYDOWN, VK_TAB, 1);
-  EXPECT_EQ(hearer_.take_heard(), Calls({"KeyDown(&9, 0)"}));
+  EXPECT_EQ(listener_.take_events(), Calls({"KeyDown(&9, 0)"}));
   EXPECT_FALSE(IsWindow(before));
   EXPECT_EQ(site_.count("OnInPlaceDeactivate"), 1);
   expect_gone();
 }
 
 INSTANTIATE_TEST_SUITE_P(InPlace, InPlaceKeyDownInAContainer,
-                         testing::ValuesIn(all_ends<Ending<Heard<OnScreen>>>),
+                         testing::ValuesIn(all_ends<Ending<Listening<OnScreen>>>),
                          [](const auto& info) { return std::string(info.param.name); });
 
 // ---- A container that ends it while it comes
@@ -340,7 +340,7 @@ INSTANTIATE_TEST_SUITE_P(InPlace, InPlaceLetGo,
 
 // ---- Forms
 
-using UnderForms = Ending<Heard<WithForms>>;
+using UnderForms = Ending<Listening<WithForms>>;
 
 class InPlaceFormReentryInAContainer : public UnderForms {
  protected:
@@ -354,7 +354,7 @@ class InPlaceFormReentryInAContainer : public UnderForms {
 TEST_F(InPlaceFormReentryInAContainer, AListenerShowsAFormAndThePersonClosesIt) {
   ASSERT_TRUE(object_);
   int answered = 0;
-  hearer_.when("Click", [&] {
+  listener_.when("Click", [&] {
     meanwhile([](HWND form) { EXPECT_TRUE(form && IsWindowVisible(form)); });
     EXPECT_EQ(code(show()), code(S_OK));
     EXPECT_FALSE(open_form());
@@ -370,7 +370,7 @@ TEST_F(InPlaceFormReentryInAContainer, AListenerShowsAFormAndThePersonClosesIt) 
 TEST_F(InPlaceFormReentryInAContainer, AListenerShowsAFormAndThePersonPressesReturn) {
   ASSERT_TRUE(object_);
   bool answered = false;
-  hearer_.when("Click", [&] {
+  listener_.when("Click", [&] {
     thread_.post([] {
       HWND const form = open_form();
       EXPECT_TRUE(form && IsChild(form, GetFocus())) << "its button has the keyboard";
@@ -394,7 +394,7 @@ class InPlaceEndedUnderAFormInAContainer : public InPlaceFormReentryInAContainer
 TEST_P(InPlaceEndedUnderAFormInAContainer, ThatAListenerHasShown) {
   ASSERT_TRUE(object_);
   bool returned = false;
-  hearer_.when("Click", [&] {
+  listener_.when("Click", [&] {
     meanwhile([&](HWND form) {
       EXPECT_TRUE(form);
       (this->*GetParam().act)();
@@ -495,7 +495,7 @@ TEST_F(InPlaceFormReentryInAContainer, KeysOfAFormAreNoEvents) {
     SendMessageW(GetFocus(), WM_KEYUP, key, static_cast<LPARAM>(0xC0000001));
   };
   press('A');
-  EXPECT_EQ(hearer_.take_heard(), Calls({"KeyDown(&65, 0)", "KeyPress(&97)", "KeyUp(&65, 0)"}));
+  EXPECT_EQ(listener_.take_events(), Calls({"KeyDown(&65, 0)", "KeyPress(&97)", "KeyUp(&65, 0)"}));
   bool pressed = false;
   meanwhile([&](HWND form) {
     ASSERT_TRUE(form && (GetFocus() == form || IsChild(form, GetFocus())));
@@ -504,7 +504,7 @@ TEST_F(InPlaceFormReentryInAContainer, KeysOfAFormAreNoEvents) {
   });
   EXPECT_EQ(code(show()), code(S_OK));
   EXPECT_TRUE(pressed);
-  EXPECT_EQ(hearer_.take_heard(), Calls());
+  EXPECT_EQ(listener_.take_events(), Calls());
 }
 
 // The frame is told before the form is shown, and after it is gone.
@@ -605,7 +605,7 @@ TEST_F(InPlaceDesignInAContainer, EndsWithAControlThatTakesTheFocus) {
 
 // ---- Keys that are not for the control
 
-class InPlaceForeignKeys : public Heard<InPlace> {};
+class InPlaceForeignKeys : public Listening<InPlace> {};
 
 TEST_F(InPlaceForeignKeys, AreLeftToTheContainer) {
   ASSERT_TRUE(object_);
@@ -616,10 +616,10 @@ TEST_F(InPlaceForeignKeys, AreLeftToTheContainer) {
   };
   for (HWND const foreign : {site_.own_box(), site_.window(), site_.top()})
     EXPECT_EQ(code(offer(foreign)), code(S_FALSE));
-  EXPECT_EQ(hearer_.take_heard(), Calls());
+  EXPECT_EQ(listener_.take_events(), Calls());
   EXPECT_EQ(site_.calls(), Calls());
   EXPECT_EQ(code(offer(window())), code(S_OK));
-  EXPECT_EQ(hearer_.take_heard(), Calls({"KeyDown(&9, 0)"}));
+  EXPECT_EQ(listener_.take_events(), Calls({"KeyDown(&9, 0)"}));
 }
 
 // ---- Many times

@@ -50,18 +50,18 @@ STDMETHODIMP Frame::GetWindow(HWND* window) {
 }
 
 STDMETHODIMP Frame::SetBorderSpace(LPCBORDERWIDTHS widths) {
-  notes_.add(with("frame.SetBorderSpace", widths ? "some" : "null"));
+  log_.add(with("frame.SetBorderSpace", widths ? "some" : "null"));
   return S_OK;
 }
 
 STDMETHODIMP Frame::SetActiveObject(IOleInPlaceActiveObject* object, LPCOLESTR) {
   active = object;
-  notes_.add(with("frame.SetActiveObject", object ? "it" : "null"));
+  log_.add(with("frame.SetActiveObject", object ? "it" : "null"));
   return S_OK;
 }
 
 STDMETHODIMP Frame::EnableModeless(BOOL enable) {
-  notes_.add(with("frame.EnableModeless", enable ? "true" : "false"));
+  log_.add(with("frame.EnableModeless", enable ? "true" : "false"));
   return S_OK;
 }
 
@@ -71,7 +71,7 @@ Site::Site(Where where)
     : top_(create_top(where)),
       window_(create_child(top_, top_class, WS_CLIPCHILDREN, {10, 10, 760, 400})),
       own_box_(create_child(top_, L"EDIT", WS_BORDER | WS_TABSTOP, {20, 420, 220, 444})),
-      frame_(top_, notes_) {
+      frame_(top_, log_) {
   if (where == Where::OnScreen) SetForegroundWindow(top_);
 }
 
@@ -80,7 +80,7 @@ Site::~Site() {
 }
 
 HRESULT Site::record(std::string call, HRESULT answer) {
-  notes_.add(std::move(call));
+  log_.add(std::move(call));
   return answer;
 }
 

@@ -17,14 +17,14 @@
 #include <string_view>
 #include <utility>
 
-#include "tests/activex/notes.h"
+#include "tests/activex/call_log.h"
 
 namespace tabulon::client {
 
 // The program's outermost window.
 class Frame final : public IOleInPlaceFrame {
  public:
-  Frame(HWND window, Notes& notes) : window_(window), notes_(notes) {}
+  Frame(HWND window, CallLog& log) : window_(window), log_(log) {}
 
   ULONG references = 1;
   // Not counted, so that a test can let a control go that is still active.
@@ -48,7 +48,7 @@ class Frame final : public IOleInPlaceFrame {
 
  private:
   HWND window_;
-  Notes& notes_;
+  CallLog& log_;
 };
 
 class Site final : public IOleClientSite, public IOleInPlaceSite, public IOleControlSite, public IDispatch {
@@ -75,11 +75,11 @@ class Site final : public IOleClientSite, public IOleInPlaceSite, public IOleCon
   HWND own_box() const { return own_box_; }
 
   // ---- What has happened
-  const Calls& calls() const { return notes_.calls(); }
-  Calls take_calls() { return notes_.take(); }
+  const Calls& calls() const { return log_.calls(); }
+  Calls take_calls() { return log_.take(); }
   long count(std::string_view call) const;
   // What the container does while it is told that; nothing to do no more.
-  void when(std::string call, Notes::Act act) { notes_.when(std::move(call), std::move(act)); }
+  void when(std::string call, CallLog::Action act) { log_.when(std::move(call), std::move(act)); }
 
   ULONG references = 1;
   Frame& frame() { return frame_; }
@@ -131,7 +131,7 @@ class Site final : public IOleClientSite, public IOleInPlaceSite, public IOleCon
  private:
   HRESULT record(std::string call, HRESULT answer = S_OK);
 
-  Notes notes_;
+  CallLog log_;
   HWND top_, window_, own_box_;
   Frame frame_;
 };

@@ -4,25 +4,25 @@ namespace tabulon::activex {
 
 namespace {
 
-struct Performance {
+struct Session {
   Container container;
   Person person{container.thread()};
   const std::function<void(Container&, Person&)>& play;
 };
 
-DWORD WINAPI perform(void* data) {
-  auto& performance = *static_cast<Performance*>(data);
-  performance.play(performance.container, performance.person);
-  performance.container.close();
+DWORD WINAPI operate(void* data) {
+  auto& session = *static_cast<Session*>(data);
+  session.play(session.container, session.person);
+  session.container.close();
   return 0;
 }
 
 }  // namespace
 
 void on_stage(const Container::Options& options, const std::function<void(Container&, Person&)>& play) {
-  Performance performance{.container = Container(options), .play = play};
-  HANDLE const thread = CreateThread(nullptr, 0, perform, &performance, 0, nullptr);
-  performance.container.run();
+  Session session{.container = Container(options), .play = play};
+  HANDLE const thread = CreateThread(nullptr, 0, operate, &session, 0, nullptr);
+  session.container.run();
   WaitForSingleObject(thread, INFINITE);
   CloseHandle(thread);
 }

@@ -1,4 +1,4 @@
-// A container with its windows on this thread, and a person who works it from another.
+// A container whose windows are on this thread, and a user who operates it from another.
 //
 //   on_stage({}, [](Container& container, Person& person) {
 //     container.thread().run([&] { container.show({}); });
@@ -14,7 +14,7 @@
 
 namespace tabulon::activex {
 
-// Ends when the play has ended and the container has closed.
+// Returns when `play` has returned and the container has closed.
 void on_stage(const Container::Options& options, const std::function<void(Container&, Person&)>& play);
 
 }  // namespace tabulon::activex

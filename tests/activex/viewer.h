@@ -1,4 +1,4 @@
-// Who looks at an object, and counts what it is told of it.
+// An advise sink that counts its notifications.
 //
 //   Viewer viewer;
 //   view->SetAdvise(DVASPECT_CONTENT, 0, &viewer);

@@ -20,17 +20,18 @@ LRESULT CALLBACK do_work(HWND window, UINT message, WPARAM wparam, LPARAM lparam
 
 WindowThread::WindowThread()
     : id_(GetCurrentThreadId()),
-      door_(CreateWindowExW(0, L"STATIC", nullptr, 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr)) {
-  SetWindowLongPtrW(door_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&do_work));
+      window_(
+          CreateWindowExW(0, L"STATIC", nullptr, 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr)) {
+  SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&do_work));
 }
 
 WindowThread::~WindowThread() {
-  DestroyWindow(door_);
+  DestroyWindow(window_);
 }
 
 void WindowThread::post(Work work) {
   auto owned = std::make_unique<Work>(std::move(work));
-  if (PostMessageW(door_, work_message, 0, reinterpret_cast<LPARAM>(owned.get()))) (void)owned.release();
+  if (PostMessageW(window_, work_message, 0, reinterpret_cast<LPARAM>(owned.get()))) (void)owned.release();
 }
 
 bool WindowThread::run(Work work, std::chrono::milliseconds patience) {

@@ -1,5 +1,5 @@
-// The thread that has the windows, as other threads reach it: what they give it, it does in whatever loop it
-// is, also inside a menu or a form.
+// Runs work on the thread that owns the windows, from any other thread and in whatever message loop that
+// thread is in, a menu's or a form's included.
 //
 //   WindowThread windows;                                      // made on that thread
 //   windows.post([&] { container.show(parameters); });         // on any thread
@@ -30,7 +30,7 @@ class WindowThread {
 
  private:
   DWORD id_;
-  HWND door_;
+  HWND window_;
 };
 
 }  // namespace tabulon::activex
