@@ -103,11 +103,12 @@ void SurfaceView::mirror_controls() {
   for (Control* const control : view_.surface->controls()) {
     const Properties marked = control->take_changes();
     ControlView* const view = view_of(*control);
-    if (view && !view->window()) view->create_if_seen(parent_of(*control));
-    if (marked.none()) continue;
-    if (view && view->window()) view->apply(marked);
+    if (view && !view->window())
+      view->create_if_seen(parent_of(*control));
+    else if (view && !marked.none())
+      view->apply(marked);
     if (marked.has(Property::Drawing)) place_inside(*control);
-    if (control->kind() == Kind::Line) mirror_line(*control);
+    if (control->kind() == Kind::Line && !marked.none()) mirror_line(*control);
   }
 }
 
