@@ -5,6 +5,7 @@
 #include "hosts/activex/names.h"
 #include "hosts/activex/text.h"
 #include "tests/activex/bags.h"
+#include "tests/activex/screen.h"
 
 namespace tabulon::activex {
 
@@ -85,13 +86,6 @@ void register_class(const wchar_t* name, WNDPROC procedure) {
   window_class.hCursor = LoadCursorW(nullptr, IDC_ARROW);
   window_class.hbrBackground = GetSysColorBrush(COLOR_WINDOW);
   RegisterClassW(&window_class);
-}
-
-int scaled(LONG pixels) {
-  HDC const screen = GetDC(nullptr);
-  const int dpi = GetDeviceCaps(screen, LOGPIXELSX);
-  ReleaseDC(nullptr, screen);
-  return MulDiv(pixels, dpi, 96);
 }
 
 }  // namespace

@@ -29,11 +29,8 @@ std::string written(const VARIANT& value) {
 
 }  // namespace
 
-STDMETHODIMP EventListener::QueryInterface(REFIID id, void** answer) {
-  const bool known = id == IID_IUnknown || id == IID_IDispatch || id == __uuidof(_LPctrlEvents);
-  *answer = known ? this : nullptr;
-  if (known) AddRef();
-  return known ? S_OK : E_NOINTERFACE;
+bool EventListener::is_also(REFIID id) const {
+  return id == __uuidof(_LPctrlEvents);
 }
 
 STDMETHODIMP EventListener::Invoke(DISPID event, REFIID, LCID, WORD, DISPPARAMS* given, VARIANT*, EXCEPINFO*,

@@ -6,18 +6,7 @@ namespace tabulon::client {
 namespace {
 
 // An object that does not take the events.
-class Deaf final : public IUnknown {
- public:
-  STDMETHODIMP QueryInterface(REFIID id, void** answer) override {
-    *answer = id == IID_IUnknown ? this : nullptr;
-    if (*answer) AddRef();
-    return *answer ? S_OK : E_NOINTERFACE;
-  }
-  STDMETHODIMP_(ULONG) AddRef() override { return ++references; }
-  STDMETHODIMP_(ULONG) Release() override { return --references; }
-
-  ULONG references = 1;
-};
+class Deaf final : public Double<IUnknown> {};
 
 class Events : public ComTest {
  protected:

@@ -14,6 +14,7 @@
 #include "hosts/activex/names.h"
 #include "hosts/activex/text.h"
 #include "platform/captions.h"
+#include "tests/activex/screen.h"
 
 namespace tabulon::activex {
 
@@ -238,13 +239,6 @@ std::vector<UINT> places_in(HMENU menu) {
 bool has_highlight(HMENU menu) {
   return std::ranges::any_of(places_in(menu),
                              [&](UINT at) { return ItemInfo(menu, at).fState & MFS_HILITE; });
-}
-
-int dpi_of_screen() {
-  HDC const screen = GetDC(nullptr);
-  const int dpi = GetDeviceCaps(screen, LOGPIXELSX);
-  ReleaseDC(nullptr, screen);
-  return dpi;
 }
 
 }  // namespace

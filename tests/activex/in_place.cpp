@@ -13,13 +13,6 @@ namespace tabulon::client {
 
 // ---- Places and windows
 
-LONG scaled(LONG pixels) {
-  HDC const screen = GetDC(nullptr);
-  const int dpi = GetDeviceCaps(screen, LOGPIXELSX);
-  ReleaseDC(nullptr, screen);
-  return MulDiv(pixels, dpi, 96);
-}
-
 LPARAM at(POINT place) {
   return MAKELPARAM(scaled(place.x), scaled(place.y));
 }

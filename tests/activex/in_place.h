@@ -1,4 +1,4 @@
-// What the tests of a control inside a container share: the control there, a listener to it, and its windows
+// Shared by the tests of a control in a container: the control in place, an event listener, and its windows
 // by name.
 //
 //   class InPlaceMoves : public InPlace {};
@@ -8,8 +8,8 @@
 //     site_.take_calls();
 //   }
 //
-// A suite that needs the keyboard, or puts a window in front of others, ends in InAContainer and is OnScreen.
-// All others stand beyond the edge of the screen.
+// A suite that needs the keyboard, or a window in front of others, has a name that ends in InAContainer and
+// derives from OnScreen. All others use windows beyond the edge of the screen.
 #pragma once
 
 #include <windows.h>
@@ -20,6 +20,7 @@
 
 #include "tests/activex/com.h"
 #include "tests/activex/event_listener.h"
+#include "tests/activex/screen.h"
 #include "tests/activex/site.h"
 #include "tests/activex/window_thread.h"
 
@@ -29,24 +30,22 @@ namespace tabulon::client {
 
 constexpr POINT ground{300, 270};  // a place of the control where nothing stands, at 96 dots to an inch
 
-// As many pixels on this screen.
-LONG scaled(LONG pixels);
-// As messages of the mouse have it.
+// As in mouse messages.
 LPARAM at(POINT place);
 
 std::string text_of(HWND window);
-// As the control calls it: "txtRij_F[1]".
+// The control's name, as "txtRij_F[1]".
 std::string name_of(HWND window);
-// Null where there is none inside.
+// Null if there is none inside.
 HWND window_named(HWND around, std::string_view name);
-// The form of this thread that is shown.
+// This thread's visible form.
 HWND open_form();
 
 bool has(const Calls& calls, std::string_view call);
 
 // ---- The control in its container
 
-// Every test ends with nothing left that counts the container.
+// Every test ends by checking that no reference to the container is left.
 class InPlace : public ComTest {
  protected:
   explicit InPlace(Site::Where where = Site::Where::OffScreen);
@@ -73,7 +72,7 @@ class OnScreen : public InPlace {
 class WithForms : public OnScreen {
  protected:
   WithForms();
-  // What is to be done while the form is open, before it is closed. The form's own loop does it.
+  // Posts work for the form's own message loop, which then closes the form.
   void meanwhile(std::function<void(HWND form)> look);
   void expect_over();
   Calls modeless_calls();
@@ -81,7 +80,7 @@ class WithForms : public OnScreen {
   activex::WindowThread thread_;
 };
 
-// The control is active, and somebody listens to it.
+// The control is active and has an event listener.
 template <class Base>
 class Listening : public Base {
  protected:

@@ -1,6 +1,5 @@
-// What a container or a listener does while the control is telling it something, or waits for the person:
-// close the control, take it out of its place, let it go, or have it open a form. Nothing breaks, nothing
-// waits for ever, nothing stays behind.
+// A container or listener that acts while the control is notifying it, or waiting for the user: it closes the
+// control, deactivates it, releases it, or has it open a form. Nothing crashes, hangs or leaks.
 #include <algorithm>
 #include <functional>
 #include <ostream>
@@ -20,7 +19,7 @@ namespace {
 
 using activex::surface_class;
 
-// Who waits longer than five seconds waits in vain: the test fails, and all loops of messages end.
+// After five seconds the test fails, and all message loops end.
 class Patience {
  public:
   Patience() : timer_(SetTimer(nullptr, 0, 5000, &end)) {}
@@ -34,7 +33,7 @@ class Patience {
 
  private:
   static void CALLBACK end(HWND, UINT, UINT_PTR, DWORD) {
-    ADD_FAILURE() << "something waits for ever";
+    ADD_FAILURE() << "something hangs";
     EndMenu();
     PostQuitMessage(1);
   }
@@ -42,7 +41,7 @@ class Patience {
   UINT_PTR timer_;
 };
 
-// Looks again and again, in whatever loop of messages. One at a time.
+// Polls from within whatever message loop is running. One at a time.
 class Often {
  public:
   explicit Often(std::function<void()> look) : timer_(SetTimer(nullptr, 0, 20, &tick)) {
@@ -100,7 +99,7 @@ class Ending : public Base {
  protected:
   using Base::Base;
 
-  // The container has heard of the end as often as of the beginning, and nothing is left of the windows.
+  // Every activation was followed by a deactivation, and no window is left.
   void expect_gone() {
     EXPECT_FALSE(FindWindowExW(this->site_.window(), nullptr, surface_class, nullptr));
     EXPECT_FALSE(open_form());
@@ -126,7 +125,7 @@ void PrintTo(const End<Fixture>& end, std::ostream* out) {
   *out << end.name;
 }
 
-// The letters of a call that may stand in a test's name.
+// The characters of a call that are allowed in a test's name.
 std::string letters_of(std::string call) {
   std::erase_if(call, [](unsigned char letter) { return !std::isalnum(letter); });
   return call;
@@ -141,7 +140,7 @@ const End<Fixture> all_ends[] = {{"Close", &Fixture::close},
                                  {"LetGo", &Fixture::let_go},
                                  {"LetGoWithoutSite", &Fixture::let_go_without_site}};
 
-// The two that leave least behind, for where there are many places to end it at.
+// The two that end most abruptly, for suites with many calls to end it in.
 template <class Fixture>
 const End<Fixture> far_ends[] = {{"LeavePlace", &Fixture::leave_place}, {"LetGo", &Fixture::let_go}};
 
@@ -157,7 +156,7 @@ class InPlaceEndedInAnEvent
     : public EndedOffScreen,
       public testing::WithParamInterface<std::tuple<const char*, End<EndedOffScreen>>> {
  protected:
-  // Everything that there is an event for, while there is somebody to do it to.
+  // Causes every event, as long as the control exists.
   void do_everything() {
     HWND const surface = window(), cell = window_named(surface, "txtRij_F[1]");
     EXPECT_TRUE(cell);
@@ -197,7 +196,7 @@ INSTANTIATE_TEST_SUITE_P(InPlace, InPlaceEndedInAnEvent,
 class InPlaceKeyDownInAContainer : public Ending<Listening<OnScreen>>,
                                    public testing::WithParamInterface<End<Ending<Listening<OnScreen>>>> {};
 
-// With the keyboard: the key would have moved the focus.
+// With the focus in the control, where the key would have moved it.
 TEST_P(InPlaceKeyDownInAContainer, MayBeTheLastThingThatTheControlTells) {
   ASSERT_TRUE(object_);
   EXPECT_EQ(code(verb(OLEIVERB_UIACTIVATE)), code(S_OK));
@@ -253,7 +252,7 @@ INSTANTIATE_TEST_SUITE_P(InPlace, InPlaceEndedOnArrival,
                                           testing::ValuesIn(far_ends<Coming>)),
                          [](const auto& info) { return name_of_call_and_end(info); });
 
-// The focus comes later than the window, by the person's hand.
+// The focus arrives later than the window, by a click.
 using Arriving = Ending<OnScreen>;
 
 class InPlaceFocusArrivesInAContainer
@@ -319,7 +318,7 @@ INSTANTIATE_TEST_SUITE_P(InPlace, InPlaceEndedTwice,
                                           testing::ValuesIn(ends_with_object<Coming>)),
                          [](const auto& info) { return name_of_call_and_end(info); });
 
-// Here the last reference is the one that the container lets go in its callback.
+// The container releases the last reference from within its callback.
 class InPlaceLetGo : public Coming, public testing::WithParamInterface<const char*> {};
 
 TEST_P(InPlaceLetGo, WhileItLeavesItsPlace) {
@@ -390,7 +389,7 @@ TEST_F(InPlaceFormReentryInAContainer, AListenerShowsAFormAndThePersonPressesRet
 class InPlaceEndedUnderAFormInAContainer : public InPlaceFormReentryInAContainer,
                                            public testing::WithParamInterface<End<UnderForms>> {};
 
-// The listener's call holds the control until it returns.
+// The listener's call keeps the control alive until it returns.
 TEST_P(InPlaceEndedUnderAFormInAContainer, ThatAListenerHasShown) {
   ASSERT_TRUE(object_);
   bool returned = false;
@@ -412,7 +411,7 @@ TEST_P(InPlaceEndedUnderAFormInAContainer, ThatAListenerHasShown) {
   expect_gone();
 }
 
-// Nobody but the person has asked for this one. Its menu and the form itself come in their own time.
+// The user opens this one, by a menu; both appear asynchronously.
 TEST_P(InPlaceEndedUnderAFormInAContainer, ThatThePersonHasOpened) {
   ASSERT_TRUE(object_);
   bool chosen = false, ended = false;
@@ -507,7 +506,7 @@ TEST_F(InPlaceFormReentryInAContainer, KeysOfAFormAreNoEvents) {
   EXPECT_EQ(listener_.take_events(), Calls());
 }
 
-// The frame is told before the form is shown, and after it is gone.
+// The frame is notified before the form is shown and after it has closed.
 class InPlaceEndedAsTheFrameIsToldInAContainer
     : public InPlaceFormReentryInAContainer,
       public testing::WithParamInterface<std::tuple<const char*, End<UnderForms>>> {};
@@ -576,7 +575,7 @@ INSTANTIATE_TEST_SUITE_P(InPlace, InPlaceEndedUnderAMenuInAContainer, testing::V
 
 // ---- While the container is designed
 
-// Nobody has the keyboard, so a control that runs takes it.
+// No window has the focus, so a control in user mode takes it.
 class InPlaceDesignInAContainer : public OnScreen {
  protected:
   InPlaceDesignInAContainer() { SetFocus(nullptr); }
@@ -633,28 +632,15 @@ class InPlaceManyTimes : public InPlace {
       EXPECT_EQ(code(deactivate()), code(S_OK));
     }
   }
-  // Of this thread.
-  static long windows() {
-    long count = 0;
-    const auto add = [](HWND window, LPARAM answer) -> BOOL {
-      ++*reinterpret_cast<long*>(answer);
-      const auto add_child = [](HWND, LPARAM sum) -> BOOL { return ++*reinterpret_cast<long*>(sum) != 0; };
-      EnumChildWindows(window, add_child, answer);
-      return TRUE;
-    };
-    EnumThreadWindows(GetCurrentThreadId(), add, reinterpret_cast<LPARAM>(&count));
-    return count;
-  }
 };
 
 TEST_F(InPlaceManyTimes, NothingStays) {
   ASSERT_TRUE(object_);
   come_and_go(10);  // fonts and tables that are made once
-  const long windows_before = windows();
   const Resources before = resources_now();
   come_and_go(60);
   const Resources after = resources_now();
-  EXPECT_EQ(windows(), windows_before);
+  EXPECT_EQ(after.windows, before.windows);
   EXPECT_EQ(tool_tip_windows(), 0);
   EXPECT_LE(after.drawing_object, before.drawing_object + 20);
   EXPECT_LE(after.handle, before.handle + 40);

@@ -12,8 +12,8 @@ namespace tabulon::client {
 
 namespace {
 
-// The system numbers what it makes by its place in a table, and takes free places first. So the numbers of
-// new things grow where old ones are not given back. Not every system counts them for us.
+// Handle numbers are positions in a table whose free positions are reused first, so the numbers of new
+// handles grow if old ones leak. Not every system offers a count.
 std::uintptr_t highest(const std::function<HANDLE()>& make, const std::function<void(HANDLE)>& destroy) {
   std::vector<HANDLE> made(50);
   std::ranges::generate(made, make);
@@ -26,7 +26,7 @@ std::uintptr_t highest(const std::function<HANDLE()>& make, const std::function<
   return highest;
 }
 
-// Of this process alone, in use.
+// Committed private memory of this process.
 std::size_t private_bytes() {
   std::size_t bytes = 0;
   MEMORY_BASIC_INFORMATION region{};
@@ -36,18 +36,37 @@ std::size_t private_bytes() {
   return bytes;
 }
 
+bool is_ours(HWND window) {
+  DWORD process = 0;
+  GetWindowThreadProcessId(window, &process);
+  return process == GetCurrentProcessId();
+}
+
+// Counted, because their numbers are shared by all processes.
+std::size_t windows() {
+  std::size_t count = 0;
+  const auto add = [](HWND window, LPARAM sum) -> BOOL {
+    if (!is_ours(window)) return TRUE;
+    ++*reinterpret_cast<std::size_t*>(sum);
+    const auto add_child = [](HWND, LPARAM children) -> BOOL {
+      return ++*reinterpret_cast<std::size_t*>(children) != 0;
+    };
+    EnumChildWindows(window, add_child, sum);
+    return TRUE;
+  };
+  EnumWindows(add, reinterpret_cast<LPARAM>(&count));
+  for (HWND hidden = nullptr; (hidden = FindWindowExW(HWND_MESSAGE, hidden, nullptr, nullptr));)
+    if (is_ours(hidden)) ++count;
+  return count;
+}
+
 }  // namespace
 
 Resources resources_now() {
   return {
+      .windows = windows(),
       .drawing_object =
           highest([] { return CreateSolidBrush(RGB(1, 2, 3)); }, [](HANDLE brush) { DeleteObject(brush); }),
-      .window = highest(
-          [] {
-            return CreateWindowExW(0, L"STATIC", nullptr, 0, 0, 0, 1, 1, HWND_MESSAGE, nullptr, nullptr,
-                                   nullptr);
-          },
-          [](HANDLE window) { DestroyWindow(static_cast<HWND>(window)); }),
       .handle = highest([] { return CreateEventW(nullptr, FALSE, FALSE, nullptr); }, CloseHandle),
       .bytes = private_bytes(),
   };

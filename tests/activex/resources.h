@@ -1,8 +1,8 @@
-// What this process holds of the system, so that two moments can be compared.
+// The system resources that this process holds, for comparison between two moments.
 //
 //   const Resources before = resources_now();
 //   ...
-//   EXPECT_LE(resources_now().window, before.window + 100);
+//   EXPECT_LE(resources_now().windows, before.windows);
 #pragma once
 
 #include <cstddef>
@@ -11,7 +11,8 @@
 namespace tabulon::client {
 
 struct Resources {
-  std::uintptr_t drawing_object, window, handle;  // the highest number among new ones
+  std::size_t windows;                    // of any kind
+  std::uintptr_t drawing_object, handle;  // the highest number among new ones
   std::size_t bytes;
 };
 

@@ -1,5 +1,6 @@
-// The control as a script has it: properties and methods by name, and errors with their numbers.
+// The control as scripts use it: properties and methods by name, and errors with their numbers.
 #include "tests/activex/com.h"
+#include "tests/activex/com_double.h"
 
 namespace tabulon::client {
 namespace {
@@ -67,7 +68,7 @@ TEST_F(Script, APropertyCannotBeRead) {
     _variant_t value;
     EXPECT_EQ(code(invoke(control_.Get(), name, DISPATCH_PROPERTYGET, {}, &value).result),
               code(DISP_E_MEMBERNOTFOUND));
-    // A script that cannot know asks for both at a time.
+    // A script that does not know which it is asks for both at once.
     EXPECT_EQ(code(invoke(control_.Get(), name, DISPATCH_PROPERTYGET | DISPATCH_METHOD, {}, &value).result),
               code(DISP_E_MEMBERNOTFOUND));
   }
@@ -184,23 +185,11 @@ TEST_F(CarelessCall, ArgumentsThatAreNowhereAreRefused) {
 
 // ---- Lists that are no texts
 
-// An object of a script, as one whose arrays are objects has them: its value is a text.
-class ScriptObject final : public IDispatch {
+// A script's object whose default value is a text, as arrays are in some languages.
+class ScriptObject final : public DispatchDouble {
  public:
   explicit ScriptObject(const wchar_t* text) : text_(text) {}
-  ULONG references = 1;
 
-  STDMETHODIMP QueryInterface(REFIID id, void** answer) override {
-    const bool known = id == IID_IUnknown || id == IID_IDispatch;
-    *answer = known ? this : nullptr;
-    if (known) AddRef();
-    return known ? S_OK : E_NOINTERFACE;
-  }
-  STDMETHODIMP_(ULONG) AddRef() override { return ++references; }
-  STDMETHODIMP_(ULONG) Release() override { return --references; }
-  STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
-  STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-  STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
   STDMETHODIMP Invoke(DISPID member, REFIID, LCID, WORD, DISPPARAMS*, VARIANT* value, EXCEPINFO*,
                       UINT*) override {
     if (member != DISPID_VALUE || !value) return DISP_E_MEMBERNOTFOUND;
@@ -225,7 +214,7 @@ _variant_t array_of(const std::vector<_variant_t>& items) {
 
 class ScriptList : public Script {
  protected:
-  // What the first cells of row F hold, line 11 of the file and each fourth after it.
+  // The first cells of row F are line 11 of the file, and every fourth line after it.
   void expect_row(const _variant_t& list, const char* first, const char* second) {
     expect_no_error(put(control_.Get(), L"prmDLfunctie", list));
     const std::vector<std::string> lines = saved_lines(as<ILPctrl>(control_).Get());

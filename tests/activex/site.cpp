@@ -36,14 +36,6 @@ std::string with(std::string call, const std::string& argument) {
 
 // ---- Frame
 
-STDMETHODIMP Frame::QueryInterface(REFIID id, void** answer) {
-  const bool known = id == IID_IUnknown || id == IID_IOleWindow || id == IID_IOleInPlaceUIWindow ||
-                     id == IID_IOleInPlaceFrame;
-  *answer = known ? this : nullptr;
-  if (known) AddRef();
-  return known ? S_OK : E_NOINTERFACE;
-}
-
 STDMETHODIMP Frame::GetWindow(HWND* window) {
   *window = window_;
   return S_OK;

@@ -1,4 +1,4 @@
-// A container made for tests: it writes down what a control tells it, and can be told to refuse.
+// A container for tests: it logs the calls that it receives, and can be set to refuse them.
 //
 //   Site site(Site::Where::OffScreen);
 //   object->SetClientSite(&site);
@@ -18,21 +18,18 @@
 #include <utility>
 
 #include "tests/activex/call_log.h"
+#include "tests/activex/com_double.h"
 
 namespace tabulon::client {
 
 // The program's outermost window.
-class Frame final : public IOleInPlaceFrame {
+class Frame final : public Double<IOleInPlaceFrame> {
  public:
   Frame(HWND window, CallLog& log) : window_(window), log_(log) {}
 
-  ULONG references = 1;
-  // Not counted, so that a test can let a control go that is still active.
+  // Not counted, so that a test can release a control that is still active.
   IOleInPlaceActiveObject* active = nullptr;
 
-  STDMETHODIMP QueryInterface(REFIID id, void** answer) override;
-  STDMETHODIMP_(ULONG) AddRef() override { return ++references; }
-  STDMETHODIMP_(ULONG) Release() override { return --references; }
   STDMETHODIMP GetWindow(HWND* window) override;
   STDMETHODIMP ContextSensitiveHelp(BOOL) override { return E_NOTIMPL; }
   STDMETHODIMP GetBorder(LPRECT) override { return INPLACE_E_NOTOOLSPACE; }
@@ -47,13 +44,15 @@ class Frame final : public IOleInPlaceFrame {
   STDMETHODIMP TranslateAccelerator(LPMSG, WORD) override { return S_FALSE; }
 
  private:
+  bool is_also(REFIID id) const override { return id == IID_IOleWindow || id == IID_IOleInPlaceUIWindow; }
+
   HWND window_;
   CallLog& log_;
 };
 
 class Site final : public IOleClientSite, public IOleInPlaceSite, public IOleControlSite, public IDispatch {
  public:
-  // Windows beyond the edge of the screen are in nobody's way, and take the keyboard from nobody.
+  // Windows beyond the edge of the screen do not take the focus from other tests.
   enum class Where { OffScreen, OnScreen };
 
   explicit Site(Where where);
@@ -71,14 +70,14 @@ class Site final : public IOleClientSite, public IOleInPlaceSite, public IOleCon
 
   // ---- What it is made of
   HWND top() const { return top_; }
-  HWND window() const { return window_; }  // the one that the control is to stand in
+  HWND window() const { return window_; }  // the control's parent
   HWND own_box() const { return own_box_; }
 
   // ---- What has happened
   const Calls& calls() const { return log_.calls(); }
   Calls take_calls() { return log_.take(); }
   long count(std::string_view call) const;
-  // What the container does while it is told that; nothing to do no more.
+  // Runs the action on every such call; an empty action removes it.
   void when(std::string call, CallLog::Action act) { log_.when(std::move(call), std::move(act)); }
 
   ULONG references = 1;

@@ -5,25 +5,14 @@
 //   EXPECT_EQ(viewer.view_changes, 1);
 #pragma once
 
-#include <windows.h>
-
-#include <ole2.h>
+#include "tests/activex/com_double.h"
 
 namespace tabulon::client {
 
-class Viewer final : public IAdviseSink {
+class Viewer final : public Double<IAdviseSink> {
  public:
-  ULONG references = 1;
   int view_changes = 0, closed = 0;
 
-  STDMETHODIMP QueryInterface(REFIID id, void** answer) override {
-    const bool known = id == IID_IUnknown || id == IID_IAdviseSink;
-    *answer = known ? this : nullptr;
-    if (known) AddRef();
-    return known ? S_OK : E_NOINTERFACE;
-  }
-  STDMETHODIMP_(ULONG) AddRef() override { return ++references; }
-  STDMETHODIMP_(ULONG) Release() override { return --references; }
   STDMETHODIMP_(void) OnDataChange(FORMATETC*, STGMEDIUM*) override {}
   STDMETHODIMP_(void) OnViewChange(DWORD aspect, LONG) override {
     view_changes += aspect == DVASPECT_CONTENT;
