@@ -50,7 +50,7 @@ class ControlView {
   void density_changed();
   // Selects the whole text, once it has the focus.
   void select_if_wanted();
-  // The person has changed the text in the window.
+  // The user has changed the text in the window.
   void text_changed();
 
  private:

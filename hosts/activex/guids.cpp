@@ -1,4 +1,4 @@
-// The numbers of Tabulon.idl, defined once.
+// Defines the IDs declared by Tabulon.idl.
 #include <windows.h>
 
 #include <initguid.h>

@@ -15,7 +15,7 @@ using namespace platform;
 
 namespace {
 
-// The keys that a surface knows, by the system's numbers, which are its own too.
+// The keys that surfaces handle; platform/keys.h uses the system's key codes.
 constexpr int known_keys[] = {key::back,    key::tab,       key::enter, key::escape, key::space,
                               key::page_up, key::page_down, key::end,   key::home,   key::left,
                               key::up,      key::right,     key::down,  key::f10};
@@ -34,7 +34,7 @@ bool is_same(const MSG& one, const MSG& other) {
          one.lParam == other.lParam && one.time == other.time;
 }
 
-// The characters that the key has put in the queue already go with it.
+// Removes the characters that the key has already put in the queue.
 void drop_characters(HWND window) {
   MSG character;
   while (PeekMessageW(&character, window, WM_CHAR, WM_DEADCHAR, PM_REMOVE) ||
@@ -82,7 +82,7 @@ bool Keyboard::release(const MSG& key) {
   return key.wParam == VK_MENU && std::exchange(alt_used_, false);
 }
 
-// A box of one line would only beep at what Tab, Enter and Escape write.
+// A single-line box only beeps at the characters of Tab, Enter and Escape.
 bool Keyboard::write(MSG& key) {
   if (key.wParam == VK_TAB || key.wParam == VK_RETURN || key.wParam == VK_ESCAPE) return true;
   if (view_.is_control())
@@ -90,7 +90,7 @@ bool Keyboard::write(MSG& key) {
   return key.wParam == 0;
 }
 
-// Out of the control, to what stands before or behind it in its container.
+// Leaves the control for its neighbour in the container's tab order.
 bool Keyboard::leave_by_tab(const MSG& key) {
   if (key.wParam != VK_TAB || !view_.is_control() || is_down(VK_CONTROL) || is_down(VK_MENU)) return false;
   if (view_.site.pass_on(key)) return true;

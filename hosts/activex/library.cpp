@@ -10,8 +10,7 @@ Library* loaded = nullptr;
 
 }  // namespace
 
-// Made when it is first asked for: while the system loads the file, windows and their classes are not to be
-// touched.
+// Created on first use: windows and window classes must not be touched from within DllMain.
 Library& library() {
   if (!loaded) loaded = new Library;
   return *loaded;
@@ -21,8 +20,8 @@ Library& library() {
 
 extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID process_ends) {
   if (reason == DLL_PROCESS_ATTACH) DisableThreadLibraryCalls(instance);
-  // A process that ends takes its windows and its memory with it, and what they would need may be gone
-  // already.
+  // When the process ends, its windows and memory end with it, and what their destructors need may already be
+  // gone.
   if (reason == DLL_PROCESS_DETACH && !process_ends) delete tabulon::activex::loaded;
   return TRUE;
 }

@@ -1,4 +1,4 @@
-// The control as scripts call it: by name, through IDispatch.
+// IDispatch, for late-bound callers such as scripts.
 #include <optional>
 
 #include "hosts/activex/errors.h"

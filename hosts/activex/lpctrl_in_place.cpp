@@ -34,13 +34,13 @@ VARIANT value(LONG number) {
 
 // ---- Coming and going
 
-// Its windows may have gone with the container's.
+// The windows may have been destroyed with the container's.
 HRESULT LPctrlObject::activate() {
   if (place_.is(InPlaceState::Inside) && !view_.window()) InPlaceDeactivate();
   if (place_.is(InPlaceState::Outside))
     if (const HRESULT entered = enter_site(); FAILED(entered)) return entered;
   if (!place_.is(InPlaceState::Inside) || !view_.window())
-    return E_UNEXPECTED;  // the container is being told
+    return E_UNEXPECTED;  // from within a call to the container
   show_surface();
   return S_OK;
 }
@@ -58,7 +58,7 @@ HRESULT LPctrlObject::enter_site() {
   return view_.window() ? S_OK : E_FAIL;
 }
 
-// In each of these calls the container may end it, and then knows.
+// In each of these calls the container may deactivate it again.
 HRESULT LPctrlObject::open_in_site() {
   const auto site = ComPtr<IOleInPlaceSite>::from(site_.get(), IID_IOleInPlaceSite);
   if (!site || site->CanInPlaceActivate() != S_OK) return E_FAIL;
@@ -96,7 +96,7 @@ void LPctrlObject::show_surface() {
   dispatcher().handle([&] { host().desk().call(control_, control_.UserControl_Show()); });
 }
 
-// The container's place says where the control stands; how large it is, it knows itself.
+// The container decides the position; the size is fixed.
 void LPctrlObject::place(const RECT& wanted, const RECT& clip) {
   const auto [width, height] = view_.size();
   const RECT own{wanted.left, wanted.top, wanted.left + width, wanted.top + height};
@@ -112,10 +112,10 @@ void LPctrlObject::place(const RECT& wanted, const RECT& clip) {
 }
 
 HRESULT LPctrlObject::activate_ui() {
-  if (ui_.is(UiState::Deactivating)) return E_UNEXPECTED;  // the container is being told
+  if (ui_.is(UiState::Deactivating)) return E_UNEXPECTED;  // from within a call to the container
   if (const HRESULT active = activate(); FAILED(active)) return active;
   HWND const window = view_.window(), focus = GetFocus();
-  if (!window) return E_FAIL;  // ended as it was shown
+  if (!window) return E_FAIL;  // deactivated as it was shown
   if (focus != window && !IsChild(window, focus)) SetFocus(window);
   become_ui_active();
   return S_OK;
@@ -143,7 +143,7 @@ STDMETHODIMP LPctrlObject::GetWindow(HWND* window) {
 }
 
 STDMETHODIMP LPctrlObject::InPlaceDeactivate() {
-  const bool was_entering = place_.is(InPlaceState::Entering);  // and goes on doing so, to its end
+  const bool was_entering = place_.is(InPlaceState::Entering);  // then enter_site makes the last step
   if (!in_place_site_ || !place_.step(InPlaceStep::Leave)) return S_OK;
   const ComPtr<ILPctrl> alive(this);
   UIDeactivate();
@@ -190,12 +190,12 @@ STDMETHODIMP LPctrlObject::TranslateAccelerator(MSG* message) {
 
 void LPctrlObject::focus_changed(bool has_focus) {
   if (has_focus) become_ui_active();
-  if (has_focus && !view_.window()) return;  // the container has ended it meanwhile
+  if (has_focus && !view_.window()) return;  // the container has deactivated it meanwhile
   if (const auto site = ComPtr<IOleControlSite>::from(site_.get(), IID_IOleControlSite))
     site->OnFocus(has_focus);
 }
 
-// The frame that was stopped goes on, also where the control has left it meanwhile.
+// The same frame is enabled that was disabled, although the control may have left it meanwhile.
 void LPctrlObject::enable_modeless(bool enabled) {
   if (!enabled) disabled_.push_back(frame_);
   const ComPtr<IOleInPlaceFrame> frame = disabled_.back();

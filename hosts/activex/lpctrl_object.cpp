@@ -10,7 +10,7 @@ namespace tabulon::activex {
 
 namespace {
 
-// The interface's registry text; nothing for no interface.
+// The interface's ID as in the registry; nothing for a null pointer.
 std::optional<std::string> registry_text(const IID* id) {
   return id ? std::optional(narrow(text_of(*id))) : std::nullopt;
 }
@@ -19,8 +19,8 @@ HRESULT result_of(SafetyAnswer answer) {
   return static_cast<HRESULT>(answer);
 }
 
-// A reference that came through a null pointer. The compiler may take every reference for one to something,
-// so the question is asked where it cannot see the answer.
+// The address of a reference that may come from a null pointer. A compiler may assume that references are
+// never null, so it must not see where this one comes from.
 const IID* address_of(REFIID id) {
   const IID* volatile address = &id;
   return address;
@@ -48,7 +48,7 @@ LPctrlObject::LPctrlObject()
       view_(library().host.services(), control_, *this),
       events_(*this) {
   host().add(view_);
-  // What another control of the process has left may be too large; the parameters decide.
+  // Another control of the process may have left a tableau that is too large; the parameters will decide.
   dispatcher().handle([this] { static_cast<void>(control_.UserControl_Initialize()); });
 }
 
@@ -107,7 +107,7 @@ STDMETHODIMP_(ULONG) LPctrlObject::AddRef() {
 
 STDMETHODIMP_(ULONG) LPctrlObject::Release() {
   if (--references_ != 0) return references_;
-  ++references_;  // the container may count while it is told
+  ++references_;  // the container may add and release references while it is being notified
   dispatcher().after_event([this] {
     retire();
     dispatcher().release_later({this, [](LPctrlObject* gone) { delete gone; }});

@@ -1,4 +1,4 @@
-// The control as an object on a container's form, and as a control among others there.
+// The control as an OLE object and as an OLE control.
 #include <cmath>
 #include <vector>
 
@@ -139,7 +139,7 @@ STDMETHODIMP LPctrlObject::GetControlInfo(CONTROLINFO* info) {
   return S_OK;
 }
 
-// One of the menus' letters, pressed while something else of the container has the focus.
+// The access key of a menu, pressed while another control of the container has the focus.
 STDMETHODIMP LPctrlObject::OnMnemonic(MSG* message) {
   if (!message) return E_POINTER;
   const ComPtr<ILPctrl> alive(this);
@@ -169,7 +169,7 @@ bool LPctrlObject::ambient(DISPID property, bool otherwise) const {
   return SUCCEEDED(answered) && value.vt == VT_BOOL ? value.boolVal != VARIANT_FALSE : otherwise;
 }
 
-// While the page or form is being designed, or stands still, nobody types into the control.
+// The control accepts no input in design mode, or while the container is in break mode.
 void LPctrlObject::follow_ambient() {
   if (!view_.window()) return;
   EnableWindow(view_.window(),

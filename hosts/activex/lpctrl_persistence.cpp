@@ -1,4 +1,4 @@
-// What a page has saved for the control. The control itself never saves anything.
+// Loads the parameters of a page. The control itself saves nothing.
 #include "hosts/activex/errors.h"
 #include "hosts/activex/lpctrl_object.h"
 
@@ -6,7 +6,7 @@ namespace tabulon::activex {
 
 namespace {
 
-// A page's parameters. Texts, numbers and truth values are read; what cannot be read counts as not given.
+// A page's parameters as texts. Numbers and booleans are converted; anything else counts as missing.
 class Bag : public PropertyBag {
  public:
   Bag(IPropertyBag* bag, IErrorLog* log) : bag_(bag), log_(log) {}
@@ -38,7 +38,7 @@ void note(IErrorLog* log, const RunTimeError& error) {
 Result<> LPctrlObject::read(const PropertyBag& bag) {
   return run([&] {
     const Result<> result = control_.UserControl_ReadProperties(bag);
-    // A control that is already seen is shown anew, as when it appeared.
+    // A control that is already visible starts again, as when it appeared.
     if (view_.window())
       host().desk().call(control_, control_.UserControl_Show());
     else

@@ -1,4 +1,4 @@
-// The control where it has no windows: on paper, on a form that is being designed.
+// The control's picture, for where it has no windows: on paper, on a form in a designer.
 #include <algorithm>
 #include <cmath>
 
@@ -9,14 +9,14 @@ namespace tabulon::activex {
 
 namespace {
 
-// A device context in pixels, clipped to a box, for as long as this lives.
+// Switches a device context to pixels and clips it to a box, until the end of its scope.
 class Clipped {
  public:
-  // `box` is in the units of the device context, and afterwards in pixels.
+  // `box` is in the context's logical units, and is converted to pixels.
   Clipped(HDC dc, RECT& box) : dc_(dc), before_(SaveDC(dc)) {
     const DWORD kind = GetObjectType(dc);
     const bool is_record =
-        kind == OBJ_METADC || kind == OBJ_ENHMETADC;  // whoever plays it says what a unit is
+        kind == OBJ_METADC || kind == OBJ_ENHMETADC;  // its units are decided when it is played
     if (!is_record) {
       LPtoDP(dc, reinterpret_cast<POINT*>(&box), 2);
       ModifyWorldTransform(dc, nullptr, MWT_IDENTITY);
@@ -36,10 +36,10 @@ class Clipped {
   int before_;
 };
 
-// No screen or printer has as many dots to an inch, and no font is as large.
+// Far beyond the resolution of any screen or printer, and the size of any font.
 constexpr double finest = 10'000;
 
-// As large as the box is wide.
+// The density at which the control is as wide as the box.
 double dpi_that_fills(const RECT& box) {
   constexpr double twips_per_inch = 1440;
   return std::round((static_cast<double>(box.right) - box.left) * twips_per_inch / LPctrl::fixed_width);

@@ -1,4 +1,4 @@
-// What the control does for those who call it, and ILPctrl, for those who call it directly.
+// The control's properties and methods, and ILPctrl for early-bound callers.
 #include "hosts/activex/errors.h"
 #include "hosts/activex/lpctrl_object.h"
 #include "hosts/activex/members.h"
@@ -19,7 +19,7 @@ Result<> LPctrlObject::with_file(const std::string& name, Result<> (LPctrl::*met
   return run([&] { return (control_.*method)(name); });
 }
 
-// The script goes on when the form has closed. Meanwhile the person may close what the control stands on.
+// Returns to the script when the form has closed. Meanwhile the user may close the control's container.
 Result<> LPctrlObject::show(platform::Task<> form) {
   const ComPtr<ILPctrl> alive(this);
   host().take_error();

@@ -1,6 +1,6 @@
 #include "hosts/activex/module.h"
 
-// The linker's name for where a module begins.
+// Defined by the linker at the module's base address.
 extern "C" IMAGE_DOS_HEADER __ImageBase;
 
 namespace tabulon::activex {

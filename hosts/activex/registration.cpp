@@ -18,11 +18,10 @@ namespace {
 constexpr wchar_t program[] = L"Tabulon.LPctrl", program_with_version[] = L"Tabulon.LPctrl.1";
 constexpr wchar_t control_name[] = L"Tabulon LPctrl";
 constexpr wchar_t library_name[] = L"Tabulon: linear programming by the Simplex method";
-// Who carries calls of an interface from one thread to another: of one that is dual, and of one for scripts
-// alone.
-constexpr wchar_t dual_carrier[] = L"{00020424-0000-0000-C000-000000000046}";
-constexpr wchar_t dispatch_carrier[] = L"{00020420-0000-0000-C000-000000000046}";
-// What a class can be: a control, safe for scripting, safe for initialising.
+// The system's marshalers, for a dual interface and for one that is an IDispatch only.
+constexpr wchar_t dual_marshaler[] = L"{00020424-0000-0000-C000-000000000046}";
+constexpr wchar_t dispatch_marshaler[] = L"{00020420-0000-0000-C000-000000000046}";
+// Component categories: control, safe for scripting, safe for initialising.
 constexpr const wchar_t* categories[] = {L"{40FC6ED4-2438-11CF-A3DB-080036F12502}",
                                          L"{7DD95801-9882-11CF-9FA9-00AA006C42C4}",
                                          L"{7DD95802-9882-11CF-9FA9-00AA006C42C4}"};
@@ -43,17 +42,17 @@ std::wstring library_place(const wchar_t* size) {
   return library_key() + L"\\1.0\\0\\" + size;
 }
 
-// A key, and the text of one of its values; no name is the key's own.
+// A key and one of its values; without a name, the default value.
 struct Entry {
   std::wstring key;
   std::wstring text;
   const wchar_t* name = nullptr;
 };
 
-void add_interface(std::vector<Entry>& entries, REFIID id, const wchar_t* name, const wchar_t* carrier) {
+void add_interface(std::vector<Entry>& entries, REFIID id, const wchar_t* name, const wchar_t* marshaler) {
   const std::wstring key = interface_key(id);
   entries.push_back({key, name});
-  entries.push_back({key + L"\\ProxyStubClsid32", carrier});
+  entries.push_back({key + L"\\ProxyStubClsid32", marshaler});
   entries.push_back({key + L"\\TypeLib", text_of(LIBID_Tabulon)});
   entries.push_back({key + L"\\TypeLib", L"1.0", L"Version"});
 }
@@ -62,8 +61,7 @@ std::vector<Entry> all_entries() {
   const std::wstring path = module_path();
   const std::wstring folder = path.substr(0, path.find_last_of(L'\\'));
   const std::wstring of_class = class_key(), class_id = text_of(CLSID_LPctrl);
-  // No threading model: all controls live on the program's first thread, since they share one model and one
-  // person.
+  // No threading model: all controls live on the program's first thread, because they share one model.
   std::vector<Entry> entries{
       {of_class, control_name},
       {of_class + L"\\InprocServer32", path},
@@ -87,12 +85,12 @@ std::vector<Entry> all_entries() {
   };
   for (const wchar_t* const category : categories)
     entries.push_back({of_class + L"\\Implemented Categories\\" + category, L""});
-  add_interface(entries, IID_ILPctrl, L"ILPctrl", dual_carrier);
-  add_interface(entries, DIID__LPctrlEvents, L"_LPctrlEvents", dispatch_carrier);
+  add_interface(entries, IID_ILPctrl, L"ILPctrl", dual_marshaler);
+  add_interface(entries, DIID__LPctrlEvents, L"_LPctrlEvents", dispatch_marshaler);
   return entries;
 }
 
-// Where classes are registered.
+// The branch of the registry for classes.
 class Classes {
  public:
   explicit Classes(Whose whose) : root_(whose == Whose::Machine ? HKEY_LOCAL_MACHINE : HKEY_CURRENT_USER) {}

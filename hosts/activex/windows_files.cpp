@@ -28,14 +28,14 @@ constexpr Refusal refusals[] = {
     {ERROR_HANDLE_DISK_FULL, ErrorNumber::DiskFull},   {ERROR_FILE_TOO_LARGE, ErrorNumber::DiskFull},
 };
 
-// Whatever else the system says, it does not let us at the file.
+// Any other error means that the system denies access.
 ErrorNumber number_of(DWORD system) {
   for (const Refusal& refusal : refusals)
     if (refusal.system == system) return refusal.number;
   return ErrorNumber::PermissionDenied;
 }
 
-constexpr std::size_t room = 65536;  // a tableau is many short lines, and every write a journey to the system
+constexpr std::size_t room = 65536;  // a tableau has many short lines, and every write is a system call
 
 class WindowsFile : public FileBytes {
  public:
@@ -66,7 +66,7 @@ class WindowsFile : public FileBytes {
   }
 
  private:
-  // What is refused is not tried again: a second attempt could leave a file with a hole.
+  // A write that failed is not retried: that could leave a gap in the file.
   Result<> write() {
     const std::string bytes = std::exchange(waiting_, {});
     DWORD count = 0;
@@ -81,8 +81,8 @@ class WindowsFile : public FileBytes {
   std::string waiting_;
 };
 
-// Whether a folder or a file on the way has a name that no file system holds. The system itself may answer
-// that it does not find it.
+// Whether a component of the path is longer than any file system allows. The system itself might report that
+// it does not exist.
 bool is_too_long(std::wstring_view name) {
   constexpr std::size_t longest = 255;
   std::size_t begin = 0;

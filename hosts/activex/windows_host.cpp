@@ -13,7 +13,7 @@ using namespace platform;
 
 namespace {
 
-// As long as a handler may hold the thread before a person would notice, in milliseconds.
+// How long a handler may hold the thread before the user would notice, in milliseconds.
 constexpr ULONGLONG longest_run = 100;
 
 }  // namespace
@@ -102,7 +102,7 @@ void WindowsHost::set_busy(Surface& surface, bool busy) {
 void WindowsHost::focus_came(Surface& surface) {
   SurfaceView* const view = view_of(surface);
   focused_ = view;
-  desk_.enter(surface);  // first: the container may end the control as it is told
+  desk_.enter(surface);  // first: the container may close the control when it is notified
   view->site().focus_changed(true);
 }
 
@@ -118,7 +118,7 @@ bool WindowsHost::is_meant_for_top(bool repeated) {
   return key_pressed_on_ == top();
 }
 
-// A page or form may be occupied with something of its own; from that the control does not take the keyboard.
+// The control does not take the focus from another control of its page or form.
 bool WindowsHost::take_focus(Surface& surface) {
   SurfaceView* const view = view_of(surface);
   if (!view || !view->window() || !IsWindowEnabled(view->window())) return false;
@@ -129,7 +129,7 @@ bool WindowsHost::take_focus(Surface& surface) {
   if (!is_free) return false;
   focused_ = view;
   view->site().focus_changed(true);
-  if (!view->window()) focused_ = nullptr;  // ended as the container was told
+  if (!view->window()) focused_ = nullptr;  // the container has deactivated it
   return focused_ == view;
 }
 
@@ -167,11 +167,11 @@ void WindowsHost::track_menu() {
   tracks_menu_ = true;
   Menu* const chosen = track_popup_menu(*menu_, view->window(), view->dpi());
   tracks_menu_ = false;
-  view->hot().set(nullptr);  // the pointer has left while the menu had it
+  view->hot().set(nullptr);  // the menu has captured the mouse, which may have left
   if (!menu_) return;        // closed by somebody else meanwhile
   dispatcher_.handle([&] {
     if (!chosen) return desk_.menu_dismiss();
-    // The system has opened the submenu that holds the item; the desk is to know.
+    // The system has opened the submenu with the item; the desk must know.
     desk_.menu_point_at(*chosen->parent());
     desk_.menu_choose(*chosen);
   });

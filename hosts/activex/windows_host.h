@@ -1,5 +1,5 @@
 // The platform of the control on Windows: views, menus, dialogs, timers, files. One for the process, because
-// all controls of a process share one model and one person.
+// all controls of a process share one model and one keyboard.
 //
 //   WindowsHost host;
 //   host.dispatcher().handle([&] { host.desk().click(button); });

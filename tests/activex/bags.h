@@ -1,8 +1,8 @@
-// Where a container keeps a control's settings, as a test writes them.
+// A property bag with a control's parameters, filled by a test.
 //
 //   const ComPtr<Bag> bag = Bag::of({{L"prmBigM", 50}});
 //   persist->Load(bag.Get(), nullptr);
-//   bag->asked()          // the keys in the order in which they were asked for
+//   bag->asked()          // the keys in the order in which they were read
 #pragma once
 
 #include <windows.h>
@@ -20,7 +20,7 @@ namespace tabulon::client {
 
 using Microsoft::WRL::ComPtr;
 
-// Its methods answer as a browser's bag does: a missing key is E_INVALIDARG.
+// Answers as a browser's property bag does: a missing key is E_INVALIDARG.
 class Bag : public IPropertyBag {
  public:
   using Given = std::map<std::wstring, _variant_t>;
@@ -41,7 +41,7 @@ class Bag : public IPropertyBag {
     if (left == 0) delete this;
     return left;
   }
-  // What is asked for with a type is given as that type where it can be.
+  // Converts to the type asked for, if there is one.
   STDMETHODIMP Read(LPCOLESTR key, VARIANT* value, IErrorLog*) override {
     asked_.emplace_back(key);
     const auto found = given_.find(key);

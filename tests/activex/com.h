@@ -1,4 +1,4 @@
-// What the tests of the COM server share: the control as a client gets it, by its name from the registry.
+// Shared by the tests of the COM server: the control as clients create it, by its name in the registry.
 //
 //   class Monikers : public ComTest {};
 //   TEST_F(Monikers, AreNotForControls) {
@@ -8,7 +8,7 @@
 #pragma once
 
 #include <windows.h>
-// What follows wants that.
+// Must come before what follows.
 #include <gtest/gtest.h>
 #include <objsafe.h>
 #include <ole2.h>
@@ -29,9 +29,9 @@ namespace tabulon::client {
 
 using Microsoft::WRL::ComPtr;
 
-// A result code as it is written.
+// A result code in hexadecimal.
 std::string code(HRESULT result);
-// The run-time error's result code.
+// The result code of a run-time error.
 constexpr HRESULT run_time_error(int number) {
   return static_cast<HRESULT>(0x800A0000U + static_cast<unsigned>(number));
 }
@@ -41,9 +41,9 @@ class ComTest : public testing::Test {
   ComTest();
   ~ComTest() override;
 
-  // A control from the registry; null, and the test has failed, where it cannot be made.
+  // A new control; on failure null, and the test has failed.
   static ComPtr<IUnknown> make();
-  // The same, asked for one of its interfaces.
+  // The same, as one of its interfaces.
   template <class Interface>
   static ComPtr<Interface> make_as() {
     return as<Interface>(make());
@@ -58,12 +58,12 @@ class ComTest : public testing::Test {
   }
 };
 
-// The lines of the file that the control writes: the only way to see what its properties have done.
+// The lines of the file that the control saves: the only way to see the effect of its write-only properties.
 std::vector<std::string> saved_lines(ILPctrl* control);
 // One of them, from 0.
 std::string saved_line(ILPctrl* control, std::size_t number);
 
-// A script's view: names at run time, and what went wrong.
+// Late-bound calls, as scripts make them, and their errors.
 struct ScriptError {
   HRESULT result = S_OK;  // of the call itself
   EXCEPINFO info{};
@@ -71,7 +71,7 @@ struct ScriptError {
 };
 
 DISPID dispid_of(IDispatch* object, const wchar_t* name);
-// The arguments stand in the order in which a script writes them. `value` may be null.
+// The arguments are in the order of the declaration. `value` may be null.
 ScriptError invoke(IDispatch* object, const wchar_t* name, WORD flags, std::vector<_variant_t> arguments,
                    _variant_t* value = nullptr);
 inline ScriptError put(IDispatch* object, const wchar_t* name, const _variant_t& value) {

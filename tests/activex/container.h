@@ -1,11 +1,11 @@
-// A program with the control in a window, as any program that takes controls has it: the system's own ATL
-// library makes the place for it, and the frame around it has a box of its own.
+// A program with the control in a window, hosted by the system's own ATL library like in any other program.
+// Its frame has a text box of its own.
 //
 //   Container container({.order = Container::Order::LoadFirst});
 //   container.show({{"prmNrBeslisVar", "3"}});      // S_OK, or the error that the page's parameters made
 //   container.run();                                // its message loop, until close()
 //
-// It lives on the thread that makes it; only close() and the windows are for others too.
+// It belongs to the thread that creates it; other threads may only call close() and use the windows.
 #pragma once
 
 #include <windows.h>
@@ -26,11 +26,11 @@ namespace tabulon::activex {
 
 class Container {
  public:
-  // Whether the control stands in the window before it reads the page's parameters, or after.
+  // Whether the control is shown before it loads the page's parameters, or after.
   enum class Order { ShowFirst, LoadFirst };
   struct Options {
     Order order = Order::ShowFirst;
-    // Whether the message loop offers every key to the control before it is dispatched.
+    // Whether the message loop offers every key to the control before dispatching it.
     bool offers_keys = false;
   };
   using Parameters = std::vector<std::pair<std::string, std::string>>;
@@ -44,12 +44,12 @@ class Container {
   void run();
   void close() { PostMessageW(frame_, WM_CLOSE, 0, 0); }
 
-  // The control with the page's parameters. What loading them answers; the control stands there also when
-  // that is an error. E_FAIL and others of the system where there is no control.
+  // Creates the control and loads the page's parameters. Answers the result of loading; the control is shown
+  // even if that is an error. Another error of the system if there is no control.
   HRESULT show(const Parameters& parameters);
-  // A script sets a property. DISP_E_UNKNOWNNAME where there is none of that name.
+  // Sets a property as a script does. DISP_E_UNKNOWNNAME if there is none of that name.
   HRESULT set(std::string_view property, const Value& value);
-  // A script calls a method; a name of a file is handed over by reference. Answers when the method has ended.
+  // Calls a method as a script does; a file name is passed by reference. Returns when the method does.
   HRESULT call(std::string_view method, const std::string* file = nullptr);
 
   WindowThread& thread() { return thread_; }

@@ -1,4 +1,4 @@
-// The pixels of drawings and pictures, and what of them comes on the clipboard.
+// The pixels of drawings and pictures, on paper and on the clipboard.
 #include "hosts/activex/drawing.h"
 
 #include <gtest/gtest.h>
@@ -39,7 +39,7 @@ Font letters(int height) {
                           CLIP_DEFAULT_PRECIS, NONANTIALIASED_QUALITY, DEFAULT_PITCH, L"Tahoma"));
 }
 
-// White paper with an own way to be looked at.
+// White paper whose pixels can be read as text.
 class Paper {
  public:
   Paper(int width, int height) : bitmap_({width, height}) { PatBlt(dc(), 0, 0, width, height, WHITENESS); }

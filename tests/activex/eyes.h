@@ -1,10 +1,10 @@
-// What a person sees of the control, read from its windows, menus and tool tips alone.
+// What a user sees of the control, read from its windows, menus and tool tips alone.
 //
 //   Eyes eyes(container.surface());
 //   eyes.state();                                // the whole, as the headless host writes it
 //   (visible_state.h) eyes.find("txtRL", 2)->text == " 12";
 //
-// Works from any thread. What the window's thread does not answer in time is seen as empty.
+// Works from any thread. Whatever the window's thread does not answer in time appears empty.
 #pragma once
 
 #include <windows.h>
@@ -47,17 +47,17 @@ class Eyes {
   std::string state() const;
 
   // A control of the form on top or of the surface, or an item of an open menu, in that order of preference:
-  // item, form, surface. Nothing where no such window is.
+  // item, form, surface. Nothing if there is no such window.
   std::optional<Seen> find(std::string_view name, int index) const;
-  // Whether the surface has such a thing, seen or not.
+  // Whether the surface has a control of that name, visible or not.
   bool exists(std::string_view name, int index) const { return control_.find(name, index) != nullptr; }
-  // A line has no window: whether the picture that it stands in shows its colour. Nothing for what is no such
-  // line.
+  // Whether a line is visible. It has no window, so its colour is looked for in the picture that contains it.
+  // Nothing if there is no such line.
   std::optional<bool> sees_line(std::string_view name) const;
 
   std::vector<Opened> forms() const;  // the last one is on top
   std::vector<Opened> menus() const;  // the innermost is last
-  // The control that has the focus, as a dump names it; empty where none has it.
+  // The control that has the focus, named as in a dump; empty if none has it.
   std::string focus() const;
   bool is_busy() const;
   // Pixels of a drawing as pixels of the screen.

@@ -1,4 +1,4 @@
-// The system's file dialogs, answered by a person who types a name or goes away.
+// The system's file dialogs, answered by a user who types a name or cancels.
 #include "hosts/activex/file_dialog.h"
 
 #include <dlgs.h>
@@ -18,7 +18,7 @@ using platform::FileDialog;
 
 constexpr wchar_t title[] = L"Simplex tableau kiezen voor de proef";
 
-// The dialog of this process, once it is there; tests of other processes may show theirs.
+// This process's dialog, once it is open; other tests running at the same time may have theirs.
 HWND shown_dialog() {
   for (HWND dialog = nullptr; (dialog = FindWindowExW(nullptr, dialog, L"#32770", title));) {
     DWORD process = 0;
@@ -28,13 +28,13 @@ HWND shown_dialog() {
   return nullptr;
 }
 
-// Where the dialog has the name: in a box alone, or in one with a list.
+// The dialog's file name: an edit box, or a combo box.
 HWND name_box(HWND dialog) {
   const HWND list = GetDlgItem(dialog, cmb13);
   return list ? list : GetDlgItem(dialog, edt1);
 }
 
-// Someone who answers one dialog, between the messages that it runs.
+// Answers one dialog from within its message loop.
 struct Person {
   int button = 0;
   std::wstring name;
@@ -49,7 +49,7 @@ struct Person {
     const HWND dialog = shown_dialog();
     if (!dialog) return;
     if (looked++ == 0) answer(dialog);
-    // What the dialog asks further is no part of any answer here.
+    // No test here expects a further question from the dialog.
     if (looked > patience) PostMessageW(GetLastActivePopup(dialog), WM_COMMAND, IDCANCEL, 0);
   }
 

@@ -1,4 +1,4 @@
-// Files on Windows' own disks, and what they refuse.
+// Files on Windows, and the errors of those that are refused.
 #include "hosts/activex/windows_files.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// The control as a COM object: which interfaces it has, and that they are all of one object.
+// The control as a COM object: its interfaces, and that they all belong to one object.
 #include "tests/activex/com.h"
 
 namespace tabulon::client {

@@ -1,8 +1,8 @@
-// The control inside a container that writes down what it is told: coming and going, its place, focus and
-// keys, forms, events, and how it is drawn where it has no window.
+// The control in a container that logs its calls: activation and deactivation, position, focus and keys,
+// forms, events, and its picture while it has no window.
 //
-// What needs the keyboard, or puts a window in front of others, is in suites that end in InAContainer. All
-// others stand beyond the edge of the screen.
+// Suites that need the keyboard, or a window in front of others, have names that end in InAContainer. All
+// others use windows beyond the edge of the screen.
 #include <algorithm>
 #include <functional>
 #include <optional>
@@ -22,7 +22,7 @@ namespace {
 
 using activex::surface_class;
 
-// The names and texts of all windows inside that are seen, in the order of their names.
+// The names and texts of all visible windows inside, sorted by name.
 Calls seen_in(HWND surface) {
   Calls seen;
   const auto add = [](HWND window, LPARAM list) -> BOOL {
@@ -49,7 +49,7 @@ void expect_box(const RECT& box, const RECT& wanted) {
   EXPECT_EQ(box.bottom, wanted.bottom);
 }
 
-// The keys that are held, as this thread sees them.
+// Holds keys down, as far as this thread can see.
 class Holding {
  public:
   explicit Holding(std::initializer_list<int> keys) {
@@ -246,7 +246,7 @@ class InPlaceRectangles : public InPlace {
   HRESULT move(RECT place, RECT clip) {
     return as<IOleInPlaceObject>(object_)->SetObjectRects(&place, &clip);
   }
-  // What is left of the window; nothing where it is whole.
+  // The window's region; nothing if it is not clipped.
   std::optional<RECT> region() {
     HRGN const found = CreateRectRgn(0, 0, 0, 0);
     RECT box{};
@@ -418,7 +418,7 @@ TEST_F(InPlaceKeys, ThatOpenItsMenusAreKnownToTheContainer) {
 
 // ---- Events
 
-// "MouseDown(1, 0, 300., 270.)": whole numbers but for the place.
+// "MouseDown(1, 0, 300., 270.)": the position is in floating point.
 std::string mouse(const char* event, int button, int held, POINT place = ground) {
   return std::string(event) + "(" + std::to_string(button) + ", " + std::to_string(held) + ", " +
          std::to_string(scaled(place.x)) + "., " + std::to_string(scaled(place.y)) + ".)";
@@ -494,7 +494,7 @@ TEST_F(InPlaceEvents, WaitForNobodyWhileTheyAreFrozen) {
   EXPECT_EQ(listener_.take_events(), Calls({mouse("MouseMove", 0, 0)}));
 }
 
-// A container offers the key, and dispatches it when the control had no use for it.
+// A container offers the key first, and dispatches it if the control did not use it.
 TEST_F(InPlaceEvents, OfAKeyHappenOnceHoweverOftenTheKeyIsOffered) {
   ASSERT_TRUE(object_);
   PostMessageW(window(), WM_KEYDOWN, VK_F5, 1);
@@ -580,7 +580,7 @@ TEST_F(InPlaceFocusInAContainer, MayComeAgainAfterTheContainerHasTakenTheControl
   EXPECT_EQ(site_.count("frame.SetActiveObject(it)"), 1);
 }
 
-// A control that had the focus when it went has it no longer, wherever the focus is when it comes back.
+// A control that was deactivated with the focus does not claim it when it is activated again.
 TEST_F(InPlaceFocusInAContainer, IsNotTakenByAControlThatComesBack) {
   ASSERT_TRUE(object_);
   EXPECT_EQ(code(verb(OLEIVERB_UIACTIVATE)), code(S_OK));
@@ -595,14 +595,14 @@ TEST_F(InPlaceFocusInAContainer, IsNotTakenByAControlThatComesBack) {
   EXPECT_EQ(site_.count("OnFocus(true)"), 0);
 }
 
-// Keys as they come to the window that has the focus.
+// Keys sent to the window that has the focus.
 class InPlaceKeyboardInAContainer : public Listening<OnScreen> {
  protected:
   InPlaceKeyboardInAContainer() {
     if (object_) EXPECT_EQ(code(verb(OLEIVERB_UIACTIVATE)), code(S_OK));
   }
   static std::string focus() { return name_of(GetFocus()); }
-  // No two presses are the same message: a keyboard's differ in their time, these in their count.
+  // Each press is a different message: real ones differ in their time, these in their repeat count.
   void press(WPARAM key) {
     SendMessageW(GetFocus(), WM_KEYDOWN, key, ++presses_);
     SendMessageW(GetFocus(), WM_KEYUP, key, static_cast<LPARAM>(0xC0000001));
@@ -656,7 +656,7 @@ TEST_F(InPlaceKeyboardInAContainer, ACharacterIsToldAndMayBeTaken) {
   EXPECT_EQ(text_of(GetFocus()), "7");
 }
 
-// As a page does whose pupils type a comma for the decimal point.
+// As on a page where a typed comma becomes a decimal point.
 TEST_F(InPlaceKeyboardInAContainer, ACharacterThatAListenerChangesIsTheOther) {
   ASSERT_TRUE(object_);
   press(VK_TAB);
@@ -766,7 +766,7 @@ class InPlacePicture : public InPlace {
     return as<IViewObject2>(object_)->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, dc_, &box,
                                            nullptr, nullptr, 0);
   }
-  // The box in pixels, whichever way its axes go.
+  // The box in pixels, whichever way the axes point.
   RECT in_pixels(RECTL box) {
     POINT corners[] = {{box.left, box.top}, {box.right, box.bottom}};
     LPtoDP(dc_, corners, 2);

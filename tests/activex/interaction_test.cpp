@@ -1,5 +1,5 @@
-// Focus, keys, menus and scroll bars of the control among other windows of a program, with real input. What a
-// test does and sees is written in the language of tests/scenarios.
+// Focus, keys, menus and scroll bars of the control among a program's other windows, with real input. The
+// tests are written in the language of tests/scenarios.
 #include <gtest/gtest.h>
 
 #include "com_player.h"
@@ -27,7 +27,7 @@ class Visit {
     person_.click({(box.left + box.right) / 2, (box.top + box.bottom) / 2});
     person_.wait_until_idle();
   }
-  // A place on the control's surface, in pixels.
+  // At a position on the control's surface, in pixels.
   void click_surface(POINT at) {
     ClientToScreen(container_.surface(), &at);
     person_.click(at);
@@ -54,7 +54,7 @@ class Visit {
   ComPlayer player_;
 };
 
-// In containers that offer each key to the control first, and in those that only dispatch them.
+// In containers that offer each key to the control first, and in containers that only dispatch them.
 class InAContainer : public testing::TestWithParam<bool> {
  protected:
   static void visit(const std::function<void(Visit&)>& play) {

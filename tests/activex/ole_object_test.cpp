@@ -1,4 +1,4 @@
-// The control as an object that a container puts on its form.
+// The control as an OLE object on a container's form.
 #include "tests/activex/com.h"
 #include "tests/activex/viewer.h"
 

@@ -1,4 +1,4 @@
-// How a control starts: from the parameters of a page, from a form's stream or storage, or from nothing.
+// How a control is initialised: from a page's parameters, from a form's stream or storage, or from nothing.
 
 #include "hosts/activex/text.h"
 #include "tests/activex/bags.h"
@@ -14,7 +14,7 @@ constexpr std::size_t variables_line = 2, less_equal_line = 4, big_m_line = 7, f
 
 class PageParameters : public ComTest {
  protected:
-  // A control that has read them; null where it failed, and `result` says why.
+  // A control that has loaded them. `result` receives the result, which otherwise must be S_OK.
   ComPtr<ILPctrl> load(Bag::Given given, HRESULT* result = nullptr) {
     const ComPtr<IPersistPropertyBag> persist = make_as<IPersistPropertyBag>();
     if (!persist) return nullptr;

@@ -9,11 +9,11 @@ namespace tabulon::activex {
 
 namespace {
 
-// A key that no keyboard has. Input is handled in the order in which it comes, and after what was posted
-// before: when this key has been taken from the queue, all before it has been handled.
+// A key that no keyboard has. Input is handled in order, after messages posted earlier: when this key has
+// been removed from the queue, everything before it has been handled.
 constexpr WORD marker = 0xE8;
 
-// Hooks have no place for data of their own.
+// Hooks cannot carry data of their own.
 HANDLE marker_seen = nullptr;
 std::atomic<POINT> mouse_place{POINT{-1, -1}};
 
@@ -21,8 +21,8 @@ bool is_of_marker(const MSG& message) {
   return message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST && message.wParam == marker;
 }
 
-// Where the screen is a window of another system, that one tells of each move once more, and late. The
-// person's mouse is elsewhere by then.
+// A screen that is a window of another system reports each move a second time, late, when the mouse is
+// already elsewhere.
 bool is_late_move(const MSG& message) {
   const POINT place = mouse_place;
   return message.message == WM_MOUSEMOVE && (message.pt.x != place.x || message.pt.y != place.y);
@@ -64,12 +64,12 @@ void send(std::vector<INPUT> events) {
   SendInput(static_cast<UINT>(events.size()), events.data(), sizeof(INPUT));
 }
 
-// From pixels to the 65536 steps that the mouse reports for the whole screen.
+// From pixels to absolute mouse coordinates, which divide the screen into 65536 steps.
 LONG steps(LONG pixel, int across) {
   return (pixel * 65536 + across - 1) / across;
 }
 
-// Each event of the mouse says where it is, so that a late move between two of them does not matter.
+// Every mouse event carries its position, so that a late move between two of them does no harm.
 INPUT mouse_event(DWORD what, POINT at) {
   INPUT event{};
   event.type = INPUT_MOUSE;
@@ -98,7 +98,7 @@ constexpr ModifierKey modifier_keys[] = {
 Person::Person(const WindowThread& windows) {
   marker_seen = CreateEventW(nullptr, false, false, nullptr);
   hook_ = SetWindowsHookExW(WH_GETMESSAGE, see_message, nullptr, windows.id());
-  // A person who clicks the same place twice means two clicks, however fast a test goes.
+  // Two clicks at the same place are two clicks, however fast the test runs.
   SetDoubleClickTime(1);
 }
 
@@ -150,7 +150,7 @@ void Person::button_up(POINT at) {
 }
 
 bool Person::wait_until_idle(std::chrono::milliseconds patience) {
-  // A second round, for what the first has set off in windows that have to be painted.
+  // The second round is for painting that the first has caused.
   for (int round = 0; round < 2; ++round) {
     ResetEvent(marker_seen);
     send({key_event(marker, false), key_event(marker, true)});

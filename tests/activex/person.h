@@ -1,10 +1,10 @@
-// The person at the machine: presses keys and moves the mouse as the system's own input, so that the state of
-// the keys, capture, menus and focus are what they are in daily use. Works from a thread beside the one that
-// has the windows, because menus, forms and file dialogs hold that one in loops of their own.
+// The person at the machine: presses keys and moves the mouse through the system's input queue, so that key
+// state, capture, menus and focus behave as in daily use. Works on a thread of its own, because menus, forms
+// and file dialogs run modal loops on the thread that owns the windows.
 //
 //   Person person(container.thread());
 //   person.press({'W', Person::alt});
-//   person.wait_until_idle();                  // now that thread has handled the keys, and what they posted
+//   person.wait_until_idle();         // the keys have been handled, and the messages that they posted
 //   person.click({320, 200});         // in pixels of the screen
 #pragma once
 
@@ -32,11 +32,10 @@ class Person {
   Person& operator=(const Person&) = delete;
 
   void press(const Stroke& stroke);
-  // A key alone: down, and again for as long as it is held, and up.
+  // A key going down, which is repeated for a key that is held, or up.
   void key_down(int key);
   void key_up(int key);
-  // Writes the text with the keys that it has on this keyboard; a letter without one comes as it does from a
-  // pen.
+  // Types the text with the keys of this keyboard layout; a letter without a key is sent as Unicode input.
   void type(std::wstring_view text);
   void move(POINT to);
   void click(POINT at);
@@ -44,8 +43,8 @@ class Person {
   void button_down(POINT at);
   void button_up(POINT at);
 
-  // Until the window's thread has handled all input so far and what that posted. False where it takes longer
-  // than `patience`.
+  // Waits until the windows' thread has handled all input so far, and the messages that it posted. False if
+  // that takes longer than `patience`.
   bool wait_until_idle(std::chrono::milliseconds patience = std::chrono::seconds(10));
 
  private:

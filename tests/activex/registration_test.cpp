@@ -1,4 +1,4 @@
-// The control in the registry: what regsvr32 writes, and that it takes all of it away again.
+// The control in the registry: what regsvr32 writes, and that it removes all of it again.
 #include <optional>
 
 #include "hosts/activex/text.h"
@@ -34,7 +34,7 @@ class Registration : public ComTest {
         LoadLibraryW(value(HKEY_CLASSES_ROOT, class_key() + L"\\InprocServer32").value_or(L"").c_str());
     EXPECT_TRUE(library_) << "Tabulon.ocx is not registered";
   }
-  // Whatever a test has done, those after it find the control registered.
+  // Later tests find the control registered, whatever this one did.
   ~Registration() override {
     if (library_) EXPECT_EQ(code(run("DllRegisterServer")), code(S_OK));
     if (library_) FreeLibrary(library_);
@@ -68,7 +68,7 @@ TEST_F(Registration, SaysThatItIsAControlAndHowItIsShown) {
   const auto path = value(HKEY_CLASSES_ROOT, class_key() + L"\\InprocServer32");
   ASSERT_TRUE(path);
   EXPECT_TRUE(path->ends_with(L"Tabulon.ocx")) << activex::narrow(*path);
-  // All its controls live on the process's first thread, where the windows are.
+  // All controls live on the process's first thread, which owns their windows.
   EXPECT_FALSE(value(HKEY_CLASSES_ROOT, class_key() + L"\\InprocServer32", L"ThreadingModel"));
 }
 

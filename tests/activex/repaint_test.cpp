@@ -1,4 +1,4 @@
-// What is painted again when something of a surface changes: that, and nothing else.
+// A change repaints what it changes, and nothing else.
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -22,7 +22,7 @@ void PrintTo(const Paints& paints, std::ostream* out) {
 
 constexpr Paints nothing{};
 
-// Counts what comes to a window, for as long as it lives.
+// Counts the paint messages of a window while it exists.
 class Counted {
  public:
   explicit Counted(HWND window)
@@ -54,7 +54,7 @@ class Counted {
 
 class RepaintInAContainer : public SampleView {
  protected:
-  // What `control` is painted while that happens.
+  // How often `control` is painted by that.
   Paints painted(const Control& control, const std::function<void()>& act) {
     Counted counted(window_of(control));
     act();
@@ -107,7 +107,7 @@ TEST_F(RepaintInAContainer, AButtonPressedIsPainted) {
   EXPECT_EQ(painted(sample_.button, [&] { send(sample_.button, WM_LBUTTONUP, 0, {5, 5}); }).paints, 1);
 }
 
-// What stands on a picture shows it between its own lines.
+// An image on a picture shows the drawing between its own lines.
 TEST_F(RepaintInAContainer, ADrawingPaintsWhatStandsOnItToo) {
   DisplayList drawing;
   drawing.dots({{150, 150}}, rgb(1, 2, 3));
@@ -136,7 +136,7 @@ TEST_F(RepaintInAContainer, AnImageShowsThePictureBehindItWhereverItIsMoved) {
 
 class KeptPictures : public testing::Test {
  protected:
-  // How often it had to be painted.
+  // How often it had to be painted for this.
   int painted(SIZE size, COLORREF ground) {
     int count = 0;
     kept_.show(paper_.dc(), size, ground, [&](HDC dc) {

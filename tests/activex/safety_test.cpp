@@ -1,10 +1,10 @@
-// What a browser is told by the control itself.
+// What the control tells a browser about its safety.
 #include "tests/activex/com.h"
 
 namespace tabulon::client {
 namespace {
 
-// IObjectSafety as it is called from other languages, where an interface's ID can be left out.
+// IObjectSafety as other languages call it, which can pass a null interface ID.
 struct SafetyByPointer : IUnknown {
   virtual HRESULT STDMETHODCALLTYPE get(const IID* about, DWORD* supported, DWORD* enabled) = 0;
   virtual HRESULT STDMETHODCALLTYPE set(const IID* about, DWORD mask, DWORD enabled) = 0;

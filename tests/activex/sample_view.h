@@ -1,4 +1,4 @@
-// What the tests of a surface's view share: a small surface of their own, in a window on the screen.
+// Shared by the tests of SurfaceView: a small surface of their own, in a window on the screen.
 //
 //   class RepaintInAContainer : public SampleView {};
 //   TEST_F(RepaintInAContainer, ...) {
@@ -18,7 +18,7 @@
 
 namespace tabulon::activex {
 
-// A surface with a control of each kind that is painted; it writes down what happens to them.
+// A surface with a control of each kind that we paint; it logs clicks and the mouse.
 class Sample : public platform::Surface {
  public:
   explicit Sample(platform::Desk& desk) : Surface(desk, "Sample", 6000, 3000) {
@@ -58,7 +58,7 @@ class Sample : public platform::Surface {
   }
 };
 
-// A container that wants nothing and is told nothing.
+// A container that ignores everything.
 class NothingAround : public ViewSite {
  public:
   void focus_changed(bool) override {}
@@ -70,7 +70,7 @@ class NothingAround : public ViewSite {
   void fire_mouse(DISPID, short, short, POINT) override {}
 };
 
-// In front of everything, for only what is seen is painted.
+// In front of everything, because hidden windows are not painted.
 class SampleView : public testing::Test {
  protected:
   SampleView() {

@@ -1,4 +1,4 @@
-// A picture of what is on the screen, for whoever wants to look at a test.
+// Screenshots, for looking at what a test shows.
 //
 //   save_picture_of(frame, "first-tableau.bmp");
 #pragma once
@@ -9,7 +9,7 @@
 
 namespace tabulon::activex {
 
-// The screen where the window lies, with what lies over it. False where it cannot be written.
+// Saves the part of the screen with the window, and anything over it. False if the file cannot be written.
 bool save_picture_of(HWND window, const std::string& file);
 
 }  // namespace tabulon::activex

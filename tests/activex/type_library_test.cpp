@@ -1,4 +1,4 @@
-// The type library: what a development tool knows of the control.
+// The type library: what development tools learn about the control.
 #include <filesystem>
 
 #include "tests/activex/com.h"

@@ -1,4 +1,4 @@
-// How a control looks that nobody has activated: on a form in a design window, on paper.
+// The picture of a control that is not active: on a form in a designer, on paper.
 #include <cmath>
 #include <cstdint>
 #include <limits>
@@ -14,7 +14,7 @@ namespace {
 constexpr LONG width = 600, height = 296;
 constexpr COLORREF untouched = RGB(255, 0, 255);
 
-// Paper in memory, of a colour that the control does not have.
+// A bitmap filled with a colour that the control does not use.
 class Paper {
  public:
   Paper(LONG wide, LONG high) : size_{wide, high} {
@@ -88,7 +88,7 @@ TEST_F(View, ShowsTheGridAndItsNumbers) {
   const Paper paper(width, height);
   EXPECT_EQ(code(draw(paper.dc(), {0, 0, width, height})), code(S_OK));
   EXPECT_EQ(paper.drawn({0, 0, width, height}), width * height);
-  // The menu buttons above, the cells below: letters on a ground, so more colours than one.
+  // The menu buttons above, the cells below: text on a background has more than one colour.
   EXPECT_GT(paper.colours({0, 0, width, 30}), 2U);
   EXPECT_GT(paper.colours({0, 60, width, height}), 3U);
 }
@@ -160,7 +160,7 @@ TEST_F(View, CanBePutInAMetafile) {
   DeleteEnhMetaFile(picture);
 }
 
-// More than a hundred times its size is no picture that anything can show.
+// A hundred times its size is more than any screen or printer can show.
 TEST_F(View, IsNotDrawnInHugeBoxes) {
   ASSERT_TRUE(view_);
   constexpr LONG least = std::numeric_limits<LONG>::min(), most = std::numeric_limits<LONG>::max();
