@@ -50,6 +50,8 @@ std::string from_latin(std::string_view latin) {
 }  // namespace
 
 Result<TextFile> TextFile::open(FileStore& store, std::string_view name, Mode mode) {
+  if (name.empty() || name.find_first_of(std::string_view("*?\0", 3)) != std::string_view::npos)
+    return fail(ErrorNumber::BadFileName, std::string(name));
   return TextFile(TRY(mode == Mode::Input ? store.open_for_input(name) : store.open_for_output(name)), mode);
 }
 

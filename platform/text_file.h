@@ -27,7 +27,8 @@ class FileBytes {
   virtual Result<> close() = 0;
 };
 
-// Where a host keeps files. Refusals are errors 52, 53, 61, 70 and 76.
+// Where a host keeps files. Names are not empty and hold no "*", "?" or NUL. Refusals are errors 52, 53, 61,
+// 70 and 76.
 class FileStore {
  public:
   virtual ~FileStore() = default;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "hosts/activex/colours.h"
 #include "hosts/activex/pictures.h"
 #include "hosts/activex/pixels.h"
 #include "hosts/activex/text.h"
@@ -142,14 +143,6 @@ void paint_line(HDC dc, Point from, Point to, Colour colour, int dpi) {
   SetDCBrushColor(dc, colour_ref(colour));
   fill(dc, left, top, left + width + (across < straight ? 0 : across),
        top + width + (down < straight ? 0 : down));
-}
-
-bool is_transparent(Colour colour) {
-  return colour == platform::system_colour::transparent;
-}
-
-COLORREF colour_ref(Colour colour) {
-  return colour.is_system() ? GetSysColor(static_cast<int>(colour.value & 0xFFU)) : colour.value;
 }
 
 }  // namespace tabulon::activex

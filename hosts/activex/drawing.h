@@ -18,8 +18,4 @@ void paint_drawing(HDC dc, const RECT& box, const platform::Scale& scale,
 // A line like those in drawings, between two points in pixels of `dc`.
 void paint_line(HDC dc, platform::Point from, platform::Point to, platform::Colour colour, int dpi);
 
-bool is_transparent(platform::Colour colour);
-// The system's value of a colour that is not transparent.
-COLORREF colour_ref(platform::Colour colour);
-
 }  // namespace tabulon::activex

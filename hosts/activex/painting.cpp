@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string>
 
+#include "hosts/activex/colours.h"
 #include "hosts/activex/pictures.h"
 #include "hosts/activex/pixels.h"
 #include "hosts/activex/text.h"

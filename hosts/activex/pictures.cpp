@@ -6,6 +6,7 @@
 #include <span>
 
 #include "hosts/activex/bitmap.h"
+#include "hosts/activex/colours.h"
 #include "hosts/activex/pixels.h"
 #include "platform/pictures.h"
 

@@ -99,8 +99,6 @@ bool is_folder(const std::wstring& name) {
 }
 
 Result<std::unique_ptr<FileBytes>> open(std::string_view name, DWORD access, DWORD creation) {
-  if (name.empty() || name.find_first_of(std::string_view("*?\0", 3)) != std::string_view::npos)
-    return fail(ErrorNumber::BadFileName, std::string(name));
   const std::wstring path = wide(name);
   if (is_too_long(path)) return fail(ErrorNumber::BadFileName, std::string(name));
   if (is_folder(path)) return fail(ErrorNumber::PermissionDenied, std::string(name));

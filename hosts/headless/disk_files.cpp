@@ -75,8 +75,6 @@ bool folder_is_missing(const std::filesystem::path& path) {
 }
 
 Result<std::unique_ptr<FileBytes>> open(std::string_view name, const char* mode) {
-  if (name.empty() || name.find_first_of(std::string_view("*?\0", 3)) != std::string_view::npos)
-    return fail(ErrorNumber::BadFileName, std::string(name));
   const std::filesystem::path path(name);
   std::error_code ignored;
   if (std::filesystem::is_directory(path, ignored))

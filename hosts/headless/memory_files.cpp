@@ -37,21 +37,19 @@ class OpenFile : public FileBytes {
 }  // namespace
 
 Result<> MemoryFiles::refusal(std::string_view name) const {
-  if (name.empty() || name.find_first_of("*?") != std::string_view::npos)
-    return fail(ErrorNumber::BadFileName, std::string(name));
   if (const auto found = refusals.find(name); found != refusals.end())
     return fail(found->second, std::string(name));
   return {};
 }
 
 Result<std::unique_ptr<FileBytes>> MemoryFiles::open_for_input(std::string_view name) {
-  if (const auto refused = refusal(name); !refused) return std::unexpected(refused.error());
+  TRY(refusal(name));
   if (!contents.contains(name)) return fail(ErrorNumber::FileNotFound, std::string(name));
   return std::make_unique<OpenFile>(*this, name);
 }
 
 Result<std::unique_ptr<FileBytes>> MemoryFiles::open_for_output(std::string_view name) {
-  if (const auto refused = refusal(name); !refused) return std::unexpected(refused.error());
+  TRY(refusal(name));
   contents.insert_or_assign(std::string(name), std::string());
   return std::make_unique<OpenFile>(*this, name);
 }

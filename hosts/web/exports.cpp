@@ -132,7 +132,7 @@ int Exports::create() {
 }
 
 int Exports::start(int id) {
-  const PageParameters parameters(page.take_argument());
+  const ParameterList parameters = parameters_in(page.take_argument());
   LPctrl* const element = page.element(id);
   if (!element) return 0;
   // What another element of the page has left may be too large; the parameters decide.
@@ -140,7 +140,7 @@ int Exports::start(int id) {
   const Result<> read = element->UserControl_ReadProperties(parameters);
   page.desk.call(*element, element->UserControl_Show());
   const int number = page.finish(read);
-  if (number == 0) page.answer = parameters.not_asked_for();
+  if (number == 0) page.answer = not_asked_for(parameters);
   return number;
 }
 

@@ -6,13 +6,6 @@ namespace tabulon::web {
 
 namespace {
 
-bool same_name(std::string_view one, std::string_view other) {
-  const auto lower = [](char letter) {
-    return letter >= 'A' && letter <= 'Z' ? letter + ('a' - 'A') : letter;
-  };
-  return std::ranges::equal(one, other, {}, lower, lower);
-}
-
 // Cuts off what stands before the next NUL.
 std::string next_text(std::string_view& listing) {
   const std::size_t end = std::min(listing.find('\0'), listing.size());
@@ -23,25 +16,18 @@ std::string next_text(std::string_view& listing) {
 
 }  // namespace
 
-PageParameters::PageParameters(std::string_view listing) {
+ParameterList parameters_in(std::string_view listing) {
+  ParameterList parameters;
   while (!listing.empty()) {
     std::string name = next_text(listing);
-    parameters_.push_back({std::move(name), next_text(listing)});
+    parameters.add(std::move(name), next_text(listing));
   }
+  return parameters;
 }
 
-std::optional<std::string> PageParameters::read(std::string_view key) const {
-  const auto found =
-      std::ranges::find_if(parameters_, [&](const Parameter& each) { return same_name(each.name, key); });
-  if (found == parameters_.end()) return std::nullopt;
-  found->asked_for = true;
-  return found->text;
-}
-
-std::string PageParameters::not_asked_for() const {
+std::string not_asked_for(const ParameterList& parameters) {
   std::string names;
-  for (const Parameter& parameter : parameters_)
-    if (!parameter.asked_for) names += parameter.name + '\0';
+  for (const std::string_view name : parameters.not_asked_for()) (names += name) += '\0';
   return names;
 }
 

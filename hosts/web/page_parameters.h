@@ -1,33 +1,18 @@
-// The parameters that a page gives to one element.
+// The parameters that a page gives to one element, as the page lists them: name, NUL, text, NUL, for each.
 //
-//   PageParameters parameters("prmNrBeslisVar\0" "3\0" "prmBigM\0" "50\0"sv);
-//   parameters.read("PRMBIGM");    // "50"
-//   parameters.not_asked_for();    // "prmNrBeslisVar"
+//   parameters_in("prmNrBeslisVar\0" "3\0" "prmBigM\0" "50\0"sv).read("PRMBIGM");    // "50"
 #pragma once
 
 #include <string>
 #include <string_view>
-#include <vector>
 
-#include "control/LPctrl.h"
+#include "control/property_bag.h"
 
 namespace tabulon::web {
 
-class PageParameters : public PropertyBag {
- public:
-  // `listing`: name, NUL, text, NUL, for each.
-  explicit PageParameters(std::string_view listing);
+ParameterList parameters_in(std::string_view listing);
 
-  std::optional<std::string> read(std::string_view key) const override;
-  // The names that nobody has read, each followed by NUL: the page's author has misspelt them.
-  std::string not_asked_for() const;
-
- private:
-  struct Parameter {
-    std::string name, text;
-    mutable bool asked_for = false;
-  };
-  std::vector<Parameter> parameters_;
-};
+// The names that nobody has read, each followed by NUL.
+std::string not_asked_for(const ParameterList& parameters);
 
 }  // namespace tabulon::web

@@ -48,10 +48,6 @@ class Writing : public platform::FileBytes {
   std::string name_, content_;
 };
 
-bool is_bad(std::string_view name) {
-  return name.empty() || name.find_first_of("*?") != std::string_view::npos;
-}
-
 }  // namespace
 
 void WebFiles::put(std::string_view name, std::string content) {
@@ -60,14 +56,12 @@ void WebFiles::put(std::string_view name, std::string content) {
 }
 
 Result<std::unique_ptr<platform::FileBytes>> WebFiles::open_for_input(std::string_view name) {
-  if (is_bad(name)) return fail(ErrorNumber::BadFileName, std::string(name));
   const auto found = std::ranges::find(files_, name, &File::name);
   if (found == files_.end()) return fail(ErrorNumber::FileNotFound, std::string(name));
   return std::make_unique<Reading>(name, found->content);
 }
 
 Result<std::unique_ptr<platform::FileBytes>> WebFiles::open_for_output(std::string_view name) {
-  if (is_bad(name)) return fail(ErrorNumber::BadFileName, std::string(name));
   return std::make_unique<Writing>(*this, name);
 }
 

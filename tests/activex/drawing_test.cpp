@@ -1,5 +1,6 @@
 // The pixels of drawings and pictures, on paper and on the clipboard.
 #include "hosts/activex/drawing.h"
+#include "hosts/activex/colours.h"
 
 #include <gtest/gtest.h>
 #include <windows.h>

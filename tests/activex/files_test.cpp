@@ -37,8 +37,12 @@ class FilesOnWindows : public testing::Test {
     std::ifstream file(fs::path(wide(name)), std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
   }
-  int error_of_writing(const std::string& name) { return number_of(files.open_for_output(name)); }
-  int error_of_reading(const std::string& name) { return number_of(files.open_for_input(name)); }
+  using Mode = platform::TextFile::Mode;
+  Result<platform::TextFile> opened(const std::string& name, Mode mode) {
+    return platform::TextFile::open(files, name, mode);
+  }
+  int error_of_writing(const std::string& name) { return number_of(opened(name, Mode::Output)); }
+  int error_of_reading(const std::string& name) { return number_of(opened(name, Mode::Input)); }
   void expect_refused(const std::string& name, int number) {
     EXPECT_EQ(error_of_writing(name), number) << name.substr(0, 100);
     EXPECT_EQ(error_of_reading(name), number) << name.substr(0, 100);
@@ -158,8 +162,8 @@ TEST_F(FilesOnWindows, AFolderThatIsMissingIsError76) {
 
 TEST_F(FilesOnWindows, TheRefusalSaysWhichFile) {
   const std::string name = in_folder("weg\\a.tbl");
-  EXPECT_EQ(files.open_for_input(name).error().subject, name);
-  EXPECT_EQ(files.open_for_output("*").error().subject, "*");
+  EXPECT_EQ(opened(name, Mode::Input).error().subject, name);
+  EXPECT_EQ(opened("*", Mode::Output).error().subject, "*");
 }
 
 }  // namespace

@@ -193,7 +193,8 @@ struct Stage {
 
 // Creates, initialises and shows a control as a host does.
 inline Result<> open_control(platform::HeadlessHost& host, LPctrl& control, const Parameters& parameters) {
-  static_cast<void>(control.UserControl_Initialize());  // what the model held may be too large: the page decides
+  static_cast<void>(
+      control.UserControl_Initialize());  // what the model held may be too large: the page decides
   auto built = control.UserControl_ReadProperties(page_with(parameters));
   host.desk().call(control, control.UserControl_Show());
   host.answer_all();

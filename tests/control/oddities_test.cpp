@@ -9,9 +9,9 @@ class Oddities : public ControlTest {};
 // The objective has been read when the rows turn out to stand before the first.
 TEST_F(Oddities, APageWhoseRowsCannotBeReadGetsNothingOfWhatWasReadBefore) {
   const auto read = try_open({{"prmNrKleinerGelijkVglen", "-2"},
-                          {"prmNrGroterGelijkVglen", "2"},
-                          {"prmSTR_DLfunctie", " 7, 8"},
-                          {"prmSTR_GroterGelijkVglen", " 9, 9, 9, 9"}});
+                              {"prmNrGroterGelijkVglen", "2"},
+                              {"prmSTR_DLfunctie", " 7, 8"},
+                              {"prmSTR_GroterGelijkVglen", " 9, 9, 9, 9"}});
   ASSERT_FALSE(read);
   EXPECT_EQ(read.error().number, ErrorNumber::SubscriptOutOfRange);
   EXPECT_EQ(text("txtRij_F", 1), " 0");

@@ -18,7 +18,7 @@
 #include <variant>
 #include <vector>
 
-#include "control/LPctrl.h"
+#include "control/property_bag.h"
 #include "platform/keys.h"
 
 namespace tabulon::scenarios {

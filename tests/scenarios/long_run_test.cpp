@@ -5,7 +5,6 @@
 
 #include "control/LPctrl.h"
 #include "hosts/headless/headless_host.h"
-#include "hosts/headless/page_parameters.h"
 
 namespace tabulon {
 namespace {
@@ -18,7 +17,7 @@ std::string whole(double number) {
 
 // Klee and Minty's problem: F = sum of 10^(n-j) x_j, where row i is 2 * sum over j < i of 10^(i-j) x_j, plus
 // x_i, at most 100^(i-1). Going by the largest coefficient visits every one of its 2^n corners.
-PageParameters klee_minty() {
+ParameterList klee_minty() {
   std::string objective, rows, right;
   for (int i = 1; i <= variables; ++i) {
     const std::string comma = i == 1 ? "" : ",";

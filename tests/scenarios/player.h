@@ -13,7 +13,6 @@
 
 #include "control/LPctrl.h"
 #include "hosts/headless/headless_host.h"
-#include "hosts/headless/page_parameters.h"
 #include "interpreter.h"
 
 namespace tabulon::scenarios {
@@ -68,7 +67,7 @@ class Player final : public Interpreter {
   platform::HeadlessHost host_;
   basSafeCtl model_;
   LPctrl control_{host_.desk(), model_};
-  PageParameters page_;
+  ParameterList page_;
   platform::Control* typing_in_ = nullptr;  // typing goes on behind what was typed there
   bool has_typed_ = false;                  // just now
   std::size_t reports_seen_ = 0;
