@@ -3,13 +3,13 @@
 
 set(TABULON_WEB_STACK_BYTES 1048576)
 
-# A module of these sources, <name>.wasm.
+# A module of these sources, <name>.wasm, on what stands in for the system and the heap.
 function(tabulon_wasm target name)
-  set(no_system ${PROJECT_SOURCE_DIR}/hosts/web/build/no_system.cpp)
-  # It defines what the C library is linked to, and the libraries it stands in for are no LTO objects.
-  set_source_files_properties(${no_system} PROPERTIES COMPILE_OPTIONS -fno-lto)
+  set(stand_ins ${PROJECT_SOURCE_DIR}/hosts/web/build/no_system.cpp ${PROJECT_SOURCE_DIR}/hosts/web/build/heap.cpp)
+  # They define what the C library is linked to, and the libraries they stand in for are no LTO objects.
+  set_source_files_properties(${stand_ins} PROPERTIES COMPILE_OPTIONS -fno-lto)
 
-  add_executable(${target} ${ARGN} ${no_system} ${PROJECT_SOURCE_DIR}/hosts/web/build/heap.cpp)
+  add_executable(${target} ${ARGN} ${stand_ins})
   set_target_properties(${target} PROPERTIES OUTPUT_NAME ${name} SUFFIX .wasm)
   target_link_libraries(${target} PRIVATE tabulon_control)
   target_link_options(${target} PRIVATE
@@ -22,6 +22,11 @@ endfunction()
 # The arithmetic for the benchmarks of node and the browsers; built when it is asked for.
 function(tabulon_web_benchmarks)
   tabulon_wasm(tabulon_web_benchmarks benchmarks EXCLUDE_FROM_ALL ${PROJECT_SOURCE_DIR}/benchmarks/web/work.cpp)
+endfunction()
+
+# What the module has instead of a system, tried in a module itself by tests/module/*.test.mjs; built for ./test.
+function(tabulon_module_tests)
+  tabulon_wasm(tabulon_module_tests module_tests EXCLUDE_FROM_ALL ${PROJECT_SOURCE_DIR}/tests/module/heap.cpp)
 endfunction()
 
 function(tabulon_web)
