@@ -1,45 +1,100 @@
-// Which file may include which. Includes run one way: hosts -> LPctrl -> operations -> the shared model and
-// numbers -> platform.
+// Which file may include or import which: one table of arrows, and no circles.
 //
-//   wrongIncludes([{ path: "numbers/display.cpp", includes: ["control/LPctrl.h"] }])
-//     -> ["numbers/display.cpp includes control/LPctrl.h: numbers may not include control"]
+//   wrongArrows([{ path: "numbers/display.cpp", targets: ["control/LPctrl.h"] }])
+//     -> ["numbers/display.cpp -> control/LPctrl.h: numbers may not know control"]
+//   circles([{ path: "a.ts", targets: ["b.ts"] }, { path: "b.ts", targets: ["a.ts"] }])
+//     -> [["a", "b"]]
 //
-// Paths are from the root of the project.
+// Paths are from the root of the project. A header and the source that implements it are one: what either
+// includes, both know.
 
-const operations = ["simplex", "files", "graph", "shell"];
+// A layer, and the layers that it may know besides itself.
+const lowest = ["platform"];
+const arithmetic = [...lowest, "numbers"];
+const tableau = [...arithmetic, "model"];
+const subjects = [...tableau, "simplex", "files", "graph", "shell"];
+const arrows = {
+  platform: [],
+  numbers: lowest,
+  model: arithmetic,
+  simplex: tableau,
+  files: tableau,
+  graph: tableau,
+  shell: tableau,
+  "control's parts": subjects,
+  control: [...subjects, "control's parts"],
+  "hosts/headless": [...subjects, "control's parts", "control"],
+  "hosts/web": [...subjects, "control's parts", "control"],
+  "hosts/activex": [...subjects, "control's parts", "control"],
+};
 
-// The layer that a file stands in. The handlers are the control's own members, each in the folder of its
-// subject, so they may see the control and the operations beside them.
+// Tests and benchmarks may know everything, and are known by nothing above.
+const anything = ["tests", "fuzz", "benchmarks"];
+
+// What is made while building, by what it is made of.
+const made = [
+  [/^build\/contract\/shared\./, "platform"],
+  [/^build\/contract\/wire\./, "hosts/web"],
+];
+
 export function layerOf(path) {
   const [folder, second] = path.split("/");
   const name = path.split("/").at(-1);
-  if (folder === "control") return name.startsWith("basSafeCtl") ? "model" : "control";
   if (folder === "hosts") return `hosts/${second}`;
-  if (operations.includes(folder) && name.endsWith("_handlers.cpp")) return "handlers";
-  return folder;
+  if (folder !== "control") return made.find(([pattern]) => pattern.test(path))?.[1] ?? folder;
+  if (name.startsWith("basSafeCtl")) return "model";
+  return name.startsWith("LPctrl") ? "control" : "control's parts";
 }
 
-const below = { platform: [], numbers: ["platform"], model: ["numbers", "platform"] };
-for (const operation of operations) below[operation] = ["model", "numbers", "platform"];
-below.control = [...operations, "model", "numbers", "platform"];
-
-const anything = ["tests", "fuzz", "benchmarks"];
-
-function mayInclude(from, to) {
+function mayKnow(from, to) {
   const [source, target] = [layerOf(from), layerOf(to)];
-  if (anything.includes(source)) return true;
-  if (source === target) return true;
-  if (source === "handlers") return to === "control/LPctrl.h" || below.control.includes(target);
-  if (source.startsWith("hosts/")) return target === "control" || below.control.includes(target);
-  return below[source]?.includes(target) ?? false;
+  return anything.includes(source) || source === target || (arrows[source]?.includes(target) ?? false);
 }
 
-export const wrongIncludes = (files) =>
-  files.flatMap(({ path, includes }) =>
-    includes
-      .filter((target) => !mayInclude(path, target))
-      .map((target) => `${path} includes ${target}: ${layerOf(path)} may not include ${layerOf(target)}`),
+export const wrongArrows = (files) =>
+  files.flatMap(({ path, targets }) =>
+    targets
+      .filter((target) => !mayKnow(path, target))
+      .map((target) => `${path} -> ${target}: ${layerOf(path)} may not know ${layerOf(target)}`),
   );
+
+// ---- Circles
+
+const withoutExtension = (path) => path.replace(/\.\w+$/, "");
+
+function graphOf(files) {
+  const graph = new Map();
+  for (const { path, targets } of files) {
+    const from = withoutExtension(path);
+    const known = graph.get(from) ?? new Set();
+    for (const target of targets) if (withoutExtension(target) !== from) known.add(withoutExtension(target));
+    graph.set(from, known);
+  }
+  return graph;
+}
+
+function reachable(graph, start) {
+  const seen = new Set();
+  const waiting = [start];
+  while (waiting.length) {
+    for (const next of graph.get(waiting.pop()) ?? []) {
+      if (!seen.has(next)) waiting.push(next);
+      seen.add(next);
+    }
+  }
+  return seen;
+}
+
+// The files that know themselves through others, each circle as a list in order.
+export function circles(files) {
+  const graph = graphOf(files);
+  const reach = new Map([...graph.keys()].map((file) => [file, reachable(graph, file)]));
+  const circleOf = (file) => [...reach.get(file)].filter((other) => reach.get(other)?.has(file)).sort();
+  const found = [...graph.keys()].filter((file) => reach.get(file).has(file)).map(circleOf);
+  return [...new Map(found.map((circle) => [circle.join(), circle])).values()].sort();
+}
+
+// ---- Reading sources
 
 // What a source includes in quotes.
 export const quotedIncludes = (text) =>
@@ -48,3 +103,9 @@ export const quotedIncludes = (text) =>
 // What a source includes in angle brackets.
 export const bracketedIncludes = (text) =>
   [...text.matchAll(/^[ \t]*#[ \t]*include[ \t]*<([^>]+)>/gm)].map((match) => match[1]);
+
+// What a script imports or exports from elsewhere, types too.
+export const imports = (text) =>
+  [...text.matchAll(/^[ \t]*(?:import|export)\b(?:[^"';]*?\bfrom)?\s*"([^"]+)"|\bimport\(\s*"([^"]+)"/gm)].map(
+    (match) => match[1] ?? match[2],
+  );

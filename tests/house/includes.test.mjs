@@ -1,14 +1,47 @@
-// Includes run one way, from the hosts down to platform/.
+// Includes and imports run one way, from the hosts down to platform/, and never in a circle.
 import assert from "node:assert/strict";
 import { existsSync, readFileSync } from "node:fs";
 import { dirname, join, normalize } from "node:path";
 import { describe, test } from "node:test";
-import { bracketedIncludes, quotedIncludes, wrongIncludes } from "../../tools/include-direction.mjs";
+import { bracketedIncludes, circles, imports, quotedIncludes, wrongArrows } from "../../tools/include-direction.mjs";
 import { allFiles, isCpp, root } from "../../tools/sources.mjs";
 
-const isAllowed = (path, target) => wrongIncludes([{ path, includes: [target] }]).length === 0;
+// STILL TO GO: what breaks the rules today. To be emptied, never to be added to.
+const stillToGo = {
+  arrows: [
+    ...["cell_handlers", "fractions", "grid", "layout", "life_cycle", "parameters", "scrolling"].map(
+      (name) => `control/${name}.cpp -> control/LPctrl.h: control's parts may not know control`,
+    ),
+    "files/file_handlers.cpp -> control/LPctrl.h: files may not know control",
+    "graph/panel_handlers.cpp -> control/LPctrl.h: graph may not know control",
+    "shell/focus_handlers.cpp -> control/LPctrl.h: shell may not know control",
+    "shell/keyboard_handlers.cpp -> control/LPctrl.h: shell may not know control",
+    "shell/menu_handlers.cpp -> control/LPctrl.h: shell may not know control",
+    "simplex/dialog_handlers.cpp -> control/LPctrl.h: simplex may not know control",
+    "simplex/message_handlers.cpp -> control/LPctrl.h: simplex may not know control",
+    "simplex/operation_handlers.cpp -> control/LPctrl.h: simplex may not know control",
+  ],
+  circles: [
+    ["hosts/activex/control_view", "hosts/activex/library", "hosts/activex/surface_view", "hosts/activex/windows_host"],
+    ["hosts/activex/drawing", "hosts/activex/pictures"],
+    ["platform/controls", "platform/desk", "platform/host", "platform/menu_session", "platform/surface"],
+    [
+      "hosts/web/clipboard",
+      "hosts/web/control_view",
+      "hosts/web/element_view",
+      "hosts/web/files",
+      "hosts/web/form_view",
+      "hosts/web/menu_view",
+      "hosts/web/page",
+      "hosts/web/scroll_bar_view",
+      "hosts/web/surface_view",
+    ],
+  ],
+};
 
-describe("the rule", () => {
+const isAllowed = (path, target) => wrongArrows([{ path, targets: [target] }]).length === 0;
+
+describe("the arrows", () => {
   const allowed = [
     ["platform/focus.cpp", "platform/controls.h"],
     ["numbers/display.cpp", "platform/run_time_error.h"],
@@ -16,16 +49,19 @@ describe("the rule", () => {
     ["control/basSafeCtl_start.cpp", "control/basSafeCtl.h"],
     ["simplex/pivot.cpp", "control/basSafeCtl.h"],
     ["simplex/pivot.cpp", "simplex/pivot.h"],
-    ["graph/panel_handlers.cpp", "control/LPctrl.h"],
-    ["shell/menu_handlers.cpp", "files/writer.h"],
-    ["control/LPctrl.cpp", "simplex/pivot.h"],
+    ["control/grid.cpp", "simplex/pivot.h"],
+    ["control/grid.cpp", "control/cells.h"],
+    ["control/LPctrl.cpp", "control/grid.h"],
+    ["control/LPctrl.cpp", "graph/panel.h"],
     ["control/LPctrl.cpp", "control/basSafeCtl.h"],
     ["hosts/web/exports.cpp", "control/LPctrl.h"],
     ["hosts/web/exports.cpp", "hosts/web/bridge.h"],
+    ["hosts/web/page.ts", "build/contract/shared.ts"],
+    ["build/contract/wire.ts", "build/contract/shared.ts"],
     ["tests/graph/panel_test.cpp", "hosts/headless/page.h"],
   ];
   for (const [path, target] of allowed) {
-    test(`${path} may include ${target}`, () => assert.ok(isAllowed(path, target)));
+    test(`${path} may know ${target}`, () => assert.ok(isAllowed(path, target)));
   }
 
   const refused = [
@@ -34,56 +70,122 @@ describe("the rule", () => {
     ["numbers/display.cpp", "control/basSafeCtl.h"],
     ["numbers/display.cpp", "simplex/pivot.h"],
     ["control/basSafeCtl.cpp", "control/LPctrl.h"],
+    ["control/basSafeCtl.cpp", "control/grid.h"],
     ["control/basSafeCtl.cpp", "simplex/pivot.h"],
     ["simplex/pivot.cpp", "control/LPctrl.h"],
     ["simplex/pivot.cpp", "files/writer.h"],
-    ["simplex/pivot_handlers.h", "control/LPctrl.h"],
-    ["graph/panel_handlers.cpp", "hosts/web/bridge.h"],
-    ["graph/panel_handlers.cpp", "control/grid.h"],
+    ["simplex/pivot_handlers.cpp", "control/LPctrl.h"],
+    ["graph/panel.cpp", "hosts/web/bridge.h"],
+    ["graph/panel.cpp", "control/grid.h"],
+    ["shell/menus.cpp", "files/writer.h"],
+    ["control/grid.cpp", "control/LPctrl.h"],
     ["control/LPctrl.cpp", "hosts/headless/page.h"],
     ["control/LPctrl.cpp", "tests/support/page.h"],
     ["hosts/web/exports.cpp", "hosts/headless/page.h"],
-    ["hosts/activex/server.cpp", "hosts/web/bridge.h"],
     ["hosts/web/exports.cpp", "tests/support/page.h"],
+    ["hosts/activex/server.cpp", "hosts/web/bridge.h"],
+    ["hosts/activex/server.cpp", "build/contract/wire.ts"],
+    ["build/contract/shared.ts", "hosts/web/page.ts"],
     ["elsewhere/file.cpp", "platform/controls.h"],
   ];
   for (const [path, target] of refused) {
-    test(`${path} may not include ${target}`, () => assert.ok(!isAllowed(path, target)));
+    test(`${path} may not know ${target}`, () => assert.ok(!isAllowed(path, target)));
   }
+});
 
+describe("a circle", () => {
+  const circlesOf = (graph) => circles(Object.entries(graph).map(([path, targets]) => ({ path, targets })));
+
+  test("is found however long it is, each once", () => {
+    assert.deepEqual(circlesOf({ "a.ts": ["b.js"], "b.ts": ["c.js"], "c.ts": ["a.js"], "d.ts": ["a.js"] }), [
+      ["a", "b", "c"],
+    ]);
+    assert.deepEqual(circlesOf({ "a.ts": ["b.js"], "b.ts": ["a.js"], "c.ts": ["d.js", "a.js"], "d.ts": ["c.js"] }), [
+      ["a", "b"],
+      ["c", "d"],
+    ]);
+  });
+
+  test("goes through a header and what implements it", () => {
+    assert.deepEqual(circlesOf({ "a.h": [], "a.cpp": ["a.h", "b.h"], "b.h": ["a.h"] }), [["a", "b"]]);
+  });
+
+  test("is none where two ways lead to one file", () => {
+    assert.deepEqual(circlesOf({ "a.ts": ["b.js", "c.js"], "b.ts": ["d.js"], "c.ts": ["d.js"], "d.ts": [] }), []);
+  });
+});
+
+describe("reading sources", () => {
   test("an include is found however it is spaced, and a commented one is not", () => {
     const text = '#include "a.h"\n  #  include   "b/c.h"\n// #include "d.h"\n#include <vector>\n';
     assert.deepEqual(quotedIncludes(text), ["a.h", "b/c.h"]);
     assert.deepEqual(bracketedIncludes(text), ["vector"]);
   });
+
+  test("an import is found over more than one line, of types, and while running; a commented one is not", () => {
+    const text = [
+      'import { a,\n  b } from "./a.js";',
+      'import type { C } from "./c.js";',
+      'import "./d.js";',
+      'export * from "./e.js";',
+      'const f = await import("./f.js");',
+      '// import { g } from "./g.js";',
+      'export const words = "from";',
+    ].join("\n");
+    assert.deepEqual(imports(text), ["./a.js", "./c.js", "./d.js", "./e.js", "./f.js"]);
+  });
 });
 
 describe("our sources", () => {
+  const read = (path) => readFileSync(join(root, path), "utf8");
+
   // As the compiler looks: beside the file first, then from the root.
-  const resolve = (path, target) => {
+  const resolveInclude = (path, target) => {
     const beside = normalize(join(dirname(path), target));
     return existsSync(join(root, beside)) ? beside : normalize(target);
   };
-  const sources = allFiles()
-    .filter(isCpp)
-    .map((path) => {
-      const text = readFileSync(join(root, path), "utf8");
-      return {
-        path,
-        includes: quotedIncludes(text).map((target) => resolve(path, target)),
-        bracketed: bracketedIncludes(text),
-      };
-    });
+  const headers = allFiles()
+    .filter((path) => isCpp(path) && !path.startsWith("tests/activex/googletest/"))
+    .map((path) => ({ path, targets: quotedIncludes(read(path)).map((target) => resolveInclude(path, target)) }));
 
-  test("there are sources to read", () => assert.ok(sources.some(({ includes }) => includes.length > 0)));
+  // "#name" is what package.json says; any other name is a package's.
+  const named = JSON.parse(read("package.json")).imports ?? {};
+  const resolveImport = (path, target) => {
+    if (target in named) return [normalize(named[target])];
+    return target.startsWith(".") ? [normalize(join(dirname(path), target)).replace(/\.js$/, ".ts")] : [];
+  };
+  // What is made while building is read where it has been made.
+  const made = Object.values(named).map(normalize);
+  const scripts = [...allFiles().filter((path) => /\.(ts|mts|mjs)$/.test(path)), ...made]
+    .filter((path) => existsSync(join(root, path)))
+    .map((path) => ({ path, targets: imports(read(path)).flatMap((target) => resolveImport(path, target)) }));
+  const ofTheControl = scripts.filter(({ path }) => path.endsWith(".ts"));
 
-  test("includes run one way", () => assert.deepEqual(wrongIncludes(sources), []));
+  test("there are sources to read", () => {
+    for (const sources of [headers, ofTheControl]) assert.ok(sources.some(({ targets }) => targets.length > 0));
+  });
+
+  test("what is known lies below", () => {
+    const wrong = wrongArrows([...headers, ...ofTheControl]);
+    assert.deepEqual(
+      wrong.filter((arrow) => !stillToGo.arrows.includes(arrow)),
+      [],
+    );
+  });
+
+  test("no file knows itself through others", () => {
+    const isKnown = (circle) => stillToGo.circles.some((known) => circle.every((file) => known.includes(file)));
+    assert.deepEqual(
+      [...circles(headers), ...circles(scripts)].filter((circle) => !isKnown(circle)),
+      [],
+    );
+  });
 
   test("our own headers stand in quotes, from the root", () => {
-    const own = ({ path, bracketed }) =>
-      bracketed
+    const own = ({ path }) =>
+      bracketedIncludes(read(path))
         .filter((target) => target.includes("/") && existsSync(join(root, target)))
         .map((target) => `${path} includes <${target}>`);
-    assert.deepEqual(sources.flatMap(own), []);
+    assert.deepEqual(headers.flatMap(own), []);
   });
 });
