@@ -83,19 +83,23 @@ ensure_npm() {
   ) 9>"$root/build/npm.lock"
 }
 
-# build <preset> [<target>]: configures and builds, the target or all; the configuring is shown only where it fails. Commands that build the
-# same preset at a time wait for each other.
+# configure <preset>: what it says is shown only where it fails.
+configure() {
+  local log=$root/build/configure-$1.log
+  mkdir -p "$root/build"
+  (cd "$root" && cmake --preset "$1") >"$log" 2>&1 || {
+    cat "$log" >&2
+    return 1
+  }
+}
+
+# build <preset> [<target>]: configures and builds, the target or all. Commands that build the same preset at a time
+# wait for each other.
 build() {
   mkdir -p "$root/build"
-  local log=$root/build/configure-$1.log
   (
-    cd "$root" || exit 1
     flock 9
-    cmake --preset "$1" >"$log" 2>&1 || {
-      cat "$log" >&2
-      exit 1
-    }
-    cmake --build --preset "$1" ${2:+--target "$2"}
+    configure "$1" && cd "$root" && cmake --build --preset "$1" ${2:+--target "$2"}
   ) 9>"$root/build/$1.lock"
 }
 

@@ -160,7 +160,7 @@ class LPctrlObject final : public ILPctrl,
 
  private:
   LPctrlObject();
-  ~LPctrlObject();
+  ~LPctrlObject() override;
 
   WindowsHost& host() const { return library().host; }
   Dispatcher& dispatcher() const { return host().dispatcher(); }

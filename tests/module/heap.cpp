@@ -100,8 +100,9 @@ class Walk {
       blocks.push_back(block);
       return none;
     }
-    block.memory = static_cast<std::uint8_t*>(std::realloc(block.memory, size));
-    if (!block.memory) return no_memory;
+    void* const moved = std::realloc(block.memory, size);
+    if (!moved) return no_memory;
+    block.memory = static_cast<std::uint8_t*>(moved);
     if (!holds(block, std::min(size, block.size))) return overwritten;
     block.size = size;
     put(block);

@@ -249,7 +249,7 @@ TEST_F(DeskTest, TheHandlerGoesOnWhenTheFormHasClosed) {
   Log order;
   sheet.when_clicked = [&](Control&) -> Task<> {
     co_await ask(sheet);
-    order.push_back("after");
+    order.emplace_back("after");
   };
   desk.click(sheet.go);
   EXPECT_EQ(order, Log{});

@@ -36,7 +36,7 @@ class Noting : public Base {
     if (when_clicked) co_await when_clicked(control);
   }
   Task<> on_surface_click() override {
-    log_.push_back("Click");
+    log_.emplace_back("Click");
     co_return;
   }
   void on_change(Control& control) override {
@@ -68,11 +68,11 @@ class Noting : public Base {
     co_return;
   }
   Task<> on_enter() override {
-    log_.push_back("Enter");
+    log_.emplace_back("Enter");
     if (when_entered) co_await when_entered();
   }
   Task<> on_exit() override {
-    log_.push_back("Exit");
+    log_.emplace_back("Exit");
     co_return;
   }
 

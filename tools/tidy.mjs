@@ -1,0 +1,143 @@
+// Runs clang-tidy over every C++ source that a configured preset compiles: node tools/tidy.mjs
+//
+// Most of its time goes to the headers of the standard library, so the sources of a part are read as one. Where
+// two of them have a name of their own alike, it gets a number; what still does not go together is read by halves. A
+// part that was found clean is not read again as long as nothing in it changes: build/tidy/ has a mark
+// for each text that passed.
+import { execFile } from "node:child_process";
+import { createHash } from "node:crypto";
+import { existsSync, mkdirSync, readFileSync, writeFileSync } from "node:fs";
+import { dirname, join, relative } from "node:path";
+import { fileURLToPath } from "node:url";
+import { promisify } from "node:util";
+import { bracketedIncludes, quotedIncludes } from "./include-direction.mjs";
+import { root } from "./sources.mjs";
+
+const compiler = "clang++-19";
+const tidy = "clang-tidy-19";
+const folder = join(root, "build/tidy");
+const presets = ["native", "sanitize", "web", "windows"];
+
+// Of how a source is compiled, what decides what it means; the rest is optimisation and precompiled headers.
+const counts = /^(--target=|-stdlib=|-std=|-D|-I|-isystem|-fno-rtti|-fconstexpr-steps=)/;
+
+// The tests of the COM server have so many names alike that reading them would take longer than all else.
+export const isRead = (path) => path.endsWith(".cpp") && !/^(build\/|tests\/activex\/|\.\.)/.test(path);
+
+function compiled(preset) {
+  const database = join(root, "build", preset, "compile_commands.json");
+  if (!existsSync(database)) return [];
+  return JSON.parse(readFileSync(database, "utf8")).filter(({ file }) => isRead(relative(root, file)));
+}
+
+const words = (command) => command.replaceAll("-isystem ", "-isystem").replaceAll('\\"', '"').split(" ");
+
+const flagsOf = (entries) => [
+  ...new Set(entries.flatMap(({ command }) => words(command).filter((word) => counts.test(word)))),
+];
+
+// The sources by preset, tests apart, each source in the first preset that has it.
+export function parts() {
+  const seen = new Set();
+  return presets.flatMap((preset) => {
+    const entries = compiled(preset).filter(({ file }) => !seen.has(file));
+    for (const { file } of entries) seen.add(file);
+    const isTest = ({ file }) => /^(tests|fuzz|benchmarks)\//.test(relative(root, file));
+    return [
+      { name: preset, entries: entries.filter((entry) => !isTest(entry)) },
+      { name: `${preset}, tests`, entries: entries.filter(isTest) },
+    ]
+      .filter(({ entries }) => entries.length)
+      .map(({ name, entries }) => ({
+        name,
+        flags: flagsOf(entries),
+        sources: [...new Set(entries.map(({ file }) => file))].sort(),
+      }));
+  });
+}
+
+async function output(command, options) {
+  const run = promisify(execFile)(command, options, { cwd: root, maxBuffer: 1 << 28 });
+  return run.catch((error) => {
+    if (typeof error.code === "number") return { ...error, failed: true };
+    throw error;
+  });
+}
+
+// What a source includes, as it would from anywhere else.
+function includeLines(source) {
+  const text = readFileSync(source, "utf8");
+  const beside = (target) => [join(dirname(source), target), target].find(existsSync) ?? target;
+  return [
+    ...bracketedIncludes(text).map((target) => `#include <${target}>`),
+    ...quotedIncludes(text).map((target) => `#include "${beside(target)}"`),
+  ];
+}
+
+const digest = (...texts) => texts.reduce((hash, text) => hash.update(text), createHash("sha256")).digest("hex");
+
+// One source that includes those, with their headers first, which have no names of their own to tell apart.
+// `renamed` has the names of a source that others have too.
+function together(sources, renamed = new Map()) {
+  const headers = sources.flatMap((source) => includeLines(source));
+  const included = sources.flatMap((source, number) => {
+    const names = renamed.get(source) ?? [];
+    return [
+      ...names.map((name) => `#define ${name} ${name}_${number}`),
+      `#include "${source}"`,
+      ...names.map((name) => `#undef ${name}`),
+    ];
+  });
+  const text = [...new Set(headers), ...included, ""].join("\n");
+  const path = join(folder, `${digest(text)}.cpp`);
+  mkdirSync(folder, { recursive: true });
+  writeFileSync(path, text);
+  return path;
+}
+
+// The sources in which the compiler finds an error when all are read as one, each with the names that it is about.
+async function atOdds(path, flags) {
+  const { stderr } = await output(compiler, [...flags, "-w", "-ferror-limit=0", "-fsyntax-only", path]);
+  const names = new Map();
+  for (const [, source, message] of stderr.matchAll(/^([^:\n]+):\d+:\d+: error: (.*)$/gm)) {
+    const own = /(?:redefinition|declaration) of '(\w+)'/.exec(message);
+    names.set(source, [...(names.get(source) ?? []), ...(own ? [own[1]] : [])]);
+  }
+  return names;
+}
+
+// The sources as few texts for clang-tidy, by halves until they go together. One that does not even go alone is left
+// to clang-tidy to report.
+async function rounds(sources, flags) {
+  const renamed = await atOdds(together(sources), flags);
+  const path = together(sources, renamed);
+  if (sources.length === 1 || renamed.size === 0 || (await atOdds(path, flags)).size === 0) return [path];
+  const middle = sources.length >> 1;
+  return [...(await rounds(sources.slice(0, middle), flags)), ...(await rounds(sources.slice(middle), flags))];
+}
+
+async function findingsIn(path, flags) {
+  const { stdout, stderr, failed } = await output(tidy, ["--quiet", path, "--", ...flags, "-w"]);
+  return failed ? stdout || stderr : "";
+}
+
+// What clang-tidy has to say of a part, as text; empty when all is well.
+export async function findings({ sources, flags }) {
+  const { stdout: text } = await output(compiler, [...flags, "-w", "-E", "-CC", together(sources)]);
+  const rules = readFileSync(join(root, ".clang-tidy"));
+  const passed = join(folder, `${digest(rules, ...flags, text)}.passed`);
+  if (existsSync(passed)) return "";
+  const said = [];
+  for (const path of await rounds(sources, flags)) said.push(await findingsIn(path, flags));
+  const found = said.join("");
+  if (!found) writeFileSync(passed, "");
+  return found;
+}
+
+if (process.argv[1] === fileURLToPath(import.meta.url)) {
+  for (const part of parts()) {
+    const found = await findings(part);
+    process.stdout.write(found);
+    if (found) process.exitCode = 1;
+  }
+}
