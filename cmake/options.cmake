@@ -1,5 +1,13 @@
 # How every target is compiled. Optimisation, warnings and floating point are decided here and nowhere else.
 
+# Where there is a ccache, what has been compiled before is taken from it. Precompiled headers have no times in them
+# (-fno-pch-timestamp, below), so that those that are made again are the same.
+find_program(TABULON_CCACHE ccache)
+if(TABULON_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env
+    CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime ${TABULON_CCACHE})
+endif()
+
 set(CMAKE_CXX_STANDARD 23)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
@@ -24,7 +32,8 @@ target_compile_options(tabulon_options INTERFACE
   -ffp-contract=off
   # Tables that are made while compiling take more steps with libc++, whose containers call more functions.
   -fconstexpr-steps=16777216
-  -fno-rtti)
+  -fno-rtti
+  "SHELL:-Xclang -fno-pch-timestamp")
 
 if(TABULON_SANITIZE)
   target_compile_options(tabulon_options INTERFACE

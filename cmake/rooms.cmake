@@ -1,3 +1,18 @@
+# Half of the work of compiling a room is the standard library's headers, so all rooms share them compiled. The
+# web's build goes without, and so finds a source that does not include what it uses.
+function(tabulon_room_headers)
+  if(TABULON_WEB)
+    return()
+  endif()
+  file(CONFIGURE OUTPUT ${CMAKE_BINARY_DIR}/room_headers.cpp CONTENT "")
+  add_library(tabulon_room_headers OBJECT ${CMAKE_BINARY_DIR}/room_headers.cpp)
+  target_compile_options(tabulon_room_headers PRIVATE -fno-exceptions)
+  target_link_libraries(tabulon_room_headers PRIVATE tabulon_options)
+  target_precompile_headers(tabulon_room_headers PRIVATE
+    <algorithm> <array> <cmath> <coroutine> <expected> <functional> <memory> <optional> <span> <string> <string_view>
+    <utility> <variant> <vector>)
+endfunction()
+
 # tabulon_room(<name> FOLDERS <folder>... [ONLY <regex>] [EXCEPT <regex>] [DEPENDS <room>...])
 #
 #   tabulon_room(tabulon_numbers FOLDERS numbers DEPENDS tabulon_platform)
@@ -25,6 +40,9 @@ function(tabulon_room name)
     add_library(${name} STATIC ${sources})
     target_compile_options(${name} PRIVATE -fno-exceptions)
     target_link_libraries(${name} PUBLIC tabulon_options ${ROOM_DEPENDS})
+    if(TARGET tabulon_room_headers)
+      target_precompile_headers(${name} REUSE_FROM tabulon_room_headers)
+    endif()
   else()
     add_library(${name} INTERFACE)
     target_link_libraries(${name} INTERFACE tabulon_options ${ROOM_DEPENDS})

@@ -94,6 +94,9 @@ function(tabulon_windows)
   set_target_properties(tabulon_activex PROPERTIES UNITY_BUILD OFF)
   target_include_directories(tabulon_activex SYSTEM PUBLIC ${idl_folder})
   target_link_libraries(tabulon_activex PUBLIC tabulon_control tabulon_windows_options)
+  target_precompile_headers(tabulon_activex PRIVATE
+    <algorithm> <array> <cmath> <coroutine> <expected> <functional> <memory> <optional> <string> <string_view>
+    <utility> <variant> <vector> <windows.h> <ole2.h> <olectl.h>)
   tabulon_ocx(${idl_folder})
   if(TABULON_BITS EQUAL 64)
     tabulon_ocx_for_32_bit()
