@@ -2,25 +2,23 @@
 
 #include <algorithm>
 
-#include "platform/surface.h"
-
 namespace tabulon::platform {
 
-Control::Control(Surface& surface, Kind kind, std::string_view name, int index, const Control* container)
-    : surface_(surface),
-      name_(name),
-      container_(container),
-      index_(index),
-      id_(surface.add(*this)),
-      kind_(kind) {}
+int ControlOwner::add(Control& control) {
+  controls_.push_back(&control);
+  return static_cast<int>(controls_.size()) - 1;
+}
+
+Control::Control(ControlOwner& owner, Kind kind, std::string_view name, int index, const Control* container)
+    : owner_(owner), name_(name), container_(container), index_(index), id_(owner.add(*this)), kind_(kind) {}
 
 void Control::mark(Property property) {
   changes_.add(property);
-  surface_.mark_changed();
+  owner_.mark_changed();
 }
 
 void Control::set_text(std::string_view text) {
-  if (change_text(text_, text, Property::Text) && kind_ == Kind::TextBox) surface_.on_change(*this);
+  if (change_text(text_, text, Property::Text) && kind_ == Kind::TextBox) tell_change();
 }
 
 namespace {
@@ -43,8 +41,8 @@ bool Control::shown() const {
   for (const Control* control = this; control; control = control->container_)
     if (!control->visible_) return false;
   const Bounds place = place_on_surface(*this);
-  return place.left + place.width > 0 && place.top + place.height > 0 && place.left < surface_.width() &&
-         place.top < surface_.height();
+  return place.left + place.width > 0 && place.top + place.height > 0 && place.left < owner_.width() &&
+         place.top < owner_.height();
 }
 
 // A visible control that stands beside the surface is not seen, but it can take the focus.
@@ -80,7 +78,7 @@ void ScrollBar::set_steps(int small_change, int large_change) {
 void ScrollBar::set_value(int value) {
   Range range = range_;
   range.value = std::clamp(value, std::min(range.min, range.max), std::max(range.min, range.max));
-  if (change(range_, range, Property::Range)) surface().on_change(*this);
+  if (change(range_, range, Property::Range)) tell_change();
 }
 
 int ScrollBar::stepped(int change) const {
@@ -89,8 +87,8 @@ int ScrollBar::stepped(int change) const {
                     std::max(range_.min, range_.max));
 }
 
-Menu::Menu(Surface& surface, std::string_view name, std::string_view caption, Menu* parent)
-    : Control(surface, Kind::Menu, name, 0, parent), parent_(parent) {
+Menu::Menu(ControlOwner& owner, std::string_view name, std::string_view caption, Menu* parent)
+    : Control(owner, Kind::Menu, name, 0, parent), parent_(parent) {
   set_text(caption);
   if (parent) parent->items_.push_back(this);
 }

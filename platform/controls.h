@@ -55,6 +55,39 @@ class Properties {
   std::uint32_t bits_ = 0;
 };
 
+class Control;
+
+// What a control needs of the surface on which it stands.
+class ControlOwner {
+ public:
+  ControlOwner(Twips width, Twips height) : width_(width), height_(height) {}
+  ControlOwner(const ControlOwner&) = delete;
+  ControlOwner& operator=(const ControlOwner&) = delete;
+  virtual ~ControlOwner() = default;
+
+  virtual Surface& surface() = 0;
+  // Runs at once, also for changes made by code.
+  virtual void on_change(Control& control) = 0;
+
+  Twips width() const { return width_; }
+  Twips height() const { return height_; }
+  // Before it is shown.
+  void set_height(Twips height) { height_ = height; }
+  const std::vector<Control*>& controls() const { return controls_; }
+
+  void mark_changed() { changed_ = true; }
+  // True once for each time that something changed since the last call.
+  bool take_changed() { return std::exchange(changed_, false); }
+
+ private:
+  friend class Control;
+  int add(Control& control);
+
+  Twips width_, height_;
+  std::vector<Control*> controls_;
+  bool changed_ = true;
+};
+
 // What every control has. `text` is the caption of a label, button, frame or menu item and the content of
 // a text box; "&" in the caption of a button or menu item marks its access key.
 class Control {
@@ -67,7 +100,7 @@ class Control {
   std::string_view name() const { return name_; }
   int index() const { return index_; }  // from 1 in a control array, else 0
   int id() const { return id_; }        // its place among the surface's controls
-  Surface& surface() const { return surface_; }
+  Surface& surface() const { return owner_.surface(); }
   const Control* container() const { return container_; }
 
   const Bounds& bounds() const { return bounds_; }
@@ -107,7 +140,7 @@ class Control {
   Properties take_changes() { return std::exchange(changes_, {}); }
 
  protected:
-  Control(Surface& surface, Kind kind, std::string_view name, int index, const Control* container);
+  Control(ControlOwner& owner, Kind kind, std::string_view name, int index, const Control* container);
 
   template <class T>
   bool change(T& field, T value, Property property) {
@@ -123,11 +156,10 @@ class Control {
     return true;
   }
   void mark(Property property);
+  void tell_change() { owner_.on_change(*this); }
 
  private:
-  friend class Surface;
-
-  Surface& surface_;
+  ControlOwner& owner_;
   std::string_view name_;
   const Control* container_;
   Bounds bounds_;
@@ -143,26 +175,26 @@ class Control {
 
 class Frame : public Control {
  public:
-  Frame(Surface& surface, std::string_view name, const Control* container = nullptr)
-      : Control(surface, Kind::Frame, name, 0, container) {}
+  Frame(ControlOwner& owner, std::string_view name, const Control* container = nullptr)
+      : Control(owner, Kind::Frame, name, 0, container) {}
 };
 
 class Label : public Control {
  public:
-  Label(Surface& surface, std::string_view name, int index = 0, const Control* container = nullptr)
-      : Control(surface, Kind::Label, name, index, container) {}
+  Label(ControlOwner& owner, std::string_view name, int index = 0, const Control* container = nullptr)
+      : Control(owner, Kind::Label, name, index, container) {}
 };
 
 class CommandButton : public Control {
  public:
-  CommandButton(Surface& surface, std::string_view name, const Control* container = nullptr)
-      : Control(surface, Kind::CommandButton, name, 0, container) {}
+  CommandButton(ControlOwner& owner, std::string_view name, const Control* container = nullptr)
+      : Control(owner, Kind::CommandButton, name, 0, container) {}
 };
 
 class TextBox : public Control {
  public:
-  TextBox(Surface& surface, std::string_view name, int index = 0, const Control* container = nullptr)
-      : Control(surface, Kind::TextBox, name, index, container) {
+  TextBox(ControlOwner& owner, std::string_view name, int index = 0, const Control* container = nullptr)
+      : Control(owner, Kind::TextBox, name, index, container) {
     set_back_colour(system_colour::window);
     set_fore_colour(system_colour::window_text);
   }
@@ -204,20 +236,20 @@ class ScrollBar : public Control {
 
 class HScrollBar : public ScrollBar {
  public:
-  HScrollBar(Surface& surface, std::string_view name, const Control* container = nullptr)
-      : ScrollBar(surface, Kind::HScrollBar, name, 0, container) {}
+  HScrollBar(ControlOwner& owner, std::string_view name, const Control* container = nullptr)
+      : ScrollBar(owner, Kind::HScrollBar, name, 0, container) {}
 };
 
 class VScrollBar : public ScrollBar {
  public:
-  VScrollBar(Surface& surface, std::string_view name, const Control* container = nullptr)
-      : ScrollBar(surface, Kind::VScrollBar, name, 0, container) {}
+  VScrollBar(ControlOwner& owner, std::string_view name, const Control* container = nullptr)
+      : ScrollBar(owner, Kind::VScrollBar, name, 0, container) {}
 };
 
 class Line : public Control {
  public:
-  Line(Surface& surface, std::string_view name, int index = 0, const Control* container = nullptr)
-      : Control(surface, Kind::Line, name, index, container) {}
+  Line(ControlOwner& owner, std::string_view name, int index = 0, const Control* container = nullptr)
+      : Control(owner, Kind::Line, name, index, container) {}
   Point from() const { return ends_.first; }
   Point to() const { return ends_.second; }
   void set_ends(Point from, Point to) { change(ends_, {from, to}, Property::Ends); }
@@ -228,8 +260,8 @@ class Line : public Control {
 
 class Image : public Control {
  public:
-  Image(Surface& surface, std::string_view name, int index = 0, const Control* container = nullptr)
-      : Control(surface, Kind::Image, name, index, container) {}
+  Image(ControlOwner& owner, std::string_view name, int index = 0, const Control* container = nullptr)
+      : Control(owner, Kind::Image, name, index, container) {}
   Picture picture() const { return picture_; }
   void set_picture(Picture picture) { change(picture_, picture, Property::Picture); }
 
@@ -239,8 +271,8 @@ class Image : public Control {
 
 class PictureBox : public Control {
  public:
-  PictureBox(Surface& surface, std::string_view name, const Control* container = nullptr)
-      : Control(surface, Kind::PictureBox, name, 0, container) {}
+  PictureBox(ControlOwner& owner, std::string_view name, const Control* container = nullptr)
+      : Control(owner, Kind::PictureBox, name, 0, container) {}
   const Scale& scale() const { return scale_; }
   const DisplayList& drawing() const { return drawing_; }
   void set_scale(const Scale& scale) { change(scale_, scale, Property::Drawing); }
@@ -254,7 +286,7 @@ class PictureBox : public Control {
 // A menu: a pop-up, an item in it, a submenu, or (with the caption "-") a separator line.
 class Menu : public Control {
  public:
-  Menu(Surface& surface, std::string_view name, std::string_view caption, Menu* parent = nullptr);
+  Menu(ControlOwner& owner, std::string_view name, std::string_view caption, Menu* parent = nullptr);
   Menu* parent() const { return parent_; }
   const std::vector<Menu*>& items() const { return items_; }
   bool is_separator() const { return text() == "-"; }
@@ -295,8 +327,8 @@ class ControlList {
 template <class C, int count>
 class ControlArray {
  public:
-  explicit ControlArray(Surface& surface, std::string_view name, const Control* container = nullptr)
-      : ControlArray(surface, name, container, std::make_integer_sequence<int, count>{}) {}
+  explicit ControlArray(ControlOwner& owner, std::string_view name, const Control* container = nullptr)
+      : ControlArray(owner, name, container, std::make_integer_sequence<int, count>{}) {}
   static constexpr int size() { return count; }
   C& operator()(int index) { return controls_[static_cast<std::size_t>(index - 1)]; }
   const C& operator()(int index) const { return controls_[static_cast<std::size_t>(index - 1)]; }
@@ -309,9 +341,9 @@ class ControlArray {
 
  private:
   template <int... at>
-  ControlArray(Surface& surface, std::string_view name, const Control* container,
+  ControlArray(ControlOwner& owner, std::string_view name, const Control* container,
                std::integer_sequence<int, at...>)
-      : controls_{C(surface, name, at + 1, container)...} {}
+      : controls_{C(owner, name, at + 1, container)...} {}
   std::array<C, count> controls_;
 };
 

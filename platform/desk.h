@@ -13,10 +13,12 @@
 #include <vector>
 
 #include "platform/host.h"
+#include "platform/menu_session.h"
+#include "platform/surface.h"
 
 namespace tabulon::platform {
 
-class Desk {
+class Desk : public SurfaceOwner {
  public:
   explicit Desk(Host& host) : host_(host) {}
   Desk(const Desk&) = delete;
@@ -24,6 +26,13 @@ class Desk {
   ~Desk();
 
   Host& host() const { return host_; }
+
+  // ---- What surfaces call
+  Desk& desk() override { return *this; }
+  void add(Surface& surface) override { surfaces_.push_back(&surface); }
+  void remove(Surface& surface) override;
+  bool take_focus(Surface& surface) override { return host_.take_focus(surface); }
+  void report(Surface& surface, const RunTimeError& error) override { host_.report(surface, error); }
 
   // ---- What handlers await
   Task<> show_modal(Form& form);
@@ -70,7 +79,6 @@ class Desk {
   void abandon(Surface& surface);
 
  private:
-  friend class Surface;
   struct Modal;
   struct Waiting;
   struct Running {
@@ -82,10 +90,6 @@ class Desk {
     bool abandoned = false;  // to go as soon as nothing of it is on the stack
   };
   enum class Outcome : std::uint8_t { Dropped, Ended, Waits };
-
-  void add(Surface& surface) { surfaces_.push_back(&surface); }
-  // Stops the process when a handler of the surface is not done: its next step would touch what is gone.
-  void remove(Surface& surface);
 
   Outcome start_event(Surface& surface, Task<> task);
   Outcome start(Surface& surface, Task<> task, Ticket call = 0);

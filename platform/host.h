@@ -8,12 +8,15 @@
 #include <string>
 #include <string_view>
 
-#include "platform/menu_session.h"
+#include "platform/display_list.h"
 #include "platform/run_time_error.h"
-#include "platform/surface.h"
 #include "platform/text_file.h"
 
 namespace tabulon::platform {
+
+class Form;
+class MenuSession;
+class Surface;
 
 using Ticket = int;
 

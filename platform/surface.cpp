@@ -3,39 +3,33 @@
 #include <algorithm>
 
 #include "platform/captions.h"
-#include "platform/desk.h"
 
 namespace tabulon::platform {
 
-Surface::Surface(Desk& desk, std::string_view name, Twips width, Twips height)
-    : desk_(desk), name_(name), width_(width), height_(height) {
-  desk_.add(*this);
+Surface::Surface(SurfaceOwner& owner, std::string_view name, Twips width, Twips height)
+    : ControlOwner(width, height), owner_(owner), name_(name) {
+  owner_.add(*this);
 }
 
 Surface::~Surface() {
-  desk_.remove(*this);
+  owner_.remove(*this);
 }
 
 void Surface::report(const RunTimeError& error) {
-  desk_.host().report(*this, error);
-}
-
-int Surface::add(Control& control) {
-  controls_.push_back(&control);
-  return static_cast<int>(controls_.size()) - 1;
+  owner_.report(*this, error);
 }
 
 Control* Surface::find(std::string_view name, int index) const {
-  const auto found = std::ranges::find_if(controls_, [&](const Control* control) {
+  const auto found = std::ranges::find_if(controls(), [&](const Control* control) {
     return control->name() == name && control->index() == index;
   });
-  return found != controls_.end() ? *found : nullptr;
+  return found != controls().end() ? *found : nullptr;
 }
 
 Task<bool> Surface::set_focus(Control& target) {
   if (&target == active_) co_return true;
   if (!target.can_take_focus()) co_return false;
-  if (!has_focus_) has_focus_ = desk_.host().take_focus(*this);
+  if (!has_focus_) has_focus_ = owner_.take_focus(*this);
   if (active_) {
     bool refused = false;
     co_await on_validate(*active_, refused);
@@ -56,7 +50,7 @@ Control* Surface::tab_neighbour(const Control* from, bool backward) const {
     return backward ? place(one) > place(other) : place(one) < place(other);
   };
   Control* nearest = nullptr;
-  for (Control* control : controls_) {
+  for (Control* control : controls()) {
     if (!control->tab_stop() || !control->can_take_focus()) continue;
     if (from && !comes_first(from, control)) continue;
     if (!nearest || comes_first(control, nearest)) nearest = control;
@@ -109,7 +103,7 @@ Task<> Surface::default_key(KeyPress press, bool& used) {
     used = neighbour != nullptr;
     if (neighbour) co_await set_focus(*neighbour);
   } else if (press.shift == modifier::alt) {
-    for (Control* control : controls_) {
+    for (Control* control : controls()) {
       if (control->kind() != Kind::CommandButton || !control->shown() ||
           access_key(control->text()) != press.code)
         continue;
@@ -163,7 +157,7 @@ void Form::set_caption(std::string_view caption) {
 }
 
 Form::Form(Surface& owner, std::string_view name, Twips width, Twips height)
-    : Surface(owner.desk(), name, width, height), owner_(owner) {}
+    : Surface(owner.owner_, name, width, height), opener_(owner) {}
 
 Task<> Form::on_activate() {
   co_return;

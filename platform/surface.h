@@ -18,6 +18,22 @@
 namespace tabulon::platform {
 
 class Desk;
+class Surface;
+
+// What a surface needs of the desk on which it lies.
+class SurfaceOwner {
+ public:
+  virtual Desk& desk() = 0;
+  virtual void add(Surface& surface) = 0;
+  // Stops the process when a handler of the surface is not done: its next step would touch what is gone.
+  virtual void remove(Surface& surface) = 0;
+  // The surface asks for the keyboard; false when the host leaves it where it is.
+  virtual bool take_focus(Surface& surface) = 0;
+  virtual void report(Surface& surface, const RunTimeError& error) = 0;
+
+ protected:
+  ~SurfaceOwner() = default;
+};
 
 // A pointer over a control; `x` and `y` in the units of that control, from its top left corner.
 struct Pointer {
@@ -27,22 +43,16 @@ struct Pointer {
   double x = 0, y = 0;
 };
 
-class Surface {
+class Surface : public ControlOwner {
  public:
-  Surface(Desk& desk, std::string_view name, Twips width, Twips height);
-  Surface(const Surface&) = delete;
-  Surface& operator=(const Surface&) = delete;
-  virtual ~Surface();
+  Surface(SurfaceOwner& owner, std::string_view name, Twips width, Twips height);
+  ~Surface() override;
 
-  Desk& desk() const { return desk_; }
+  Desk& desk() const { return owner_.desk(); }
   std::string_view name() const { return name_; }
-  Twips width() const { return width_; }
-  Twips height() const { return height_; }
   virtual bool is_form() const { return false; }
-  // Before it is shown.
-  void set_height(Twips height) { height_ = height; }
+  Surface& surface() final { return *this; }
 
-  const std::vector<Control*>& controls() const { return controls_; }
   Control* find(std::string_view name, int index = 0) const;
 
   // ---- Focus. `active` is the control that has the focus, or had it when the surface last had it.
@@ -66,10 +76,6 @@ class Surface {
   Task<> entered();
   Task<> left();
 
-  // True once for each time that something changed since the last call.
-  bool take_changed() { return std::exchange(changed_, false); }
-  void mark_changed() { changed_ = true; }
-
   // Hands an error that nobody else catches to the host; does nothing where all went well.
   template <class T>
   void report(const Result<T>& result) {
@@ -83,7 +89,7 @@ class Surface {
   // ---- Handlers. `on_change` runs at once, also for changes made by code; the others may wait.
   virtual Task<> on_click(Control& control);
   virtual Task<> on_surface_click();
-  virtual void on_change(Control& control);
+  void on_change(Control& control) override;
   virtual Task<> on_scroll(ScrollBar& bar);
   virtual Task<> on_got_focus(Control& control);
   virtual Task<> on_lost_focus(Control& control);
@@ -99,15 +105,12 @@ class Surface {
   virtual Task<> default_key(KeyPress press, bool& used);
 
  private:
-  friend class Control;
-  int add(Control& control);
+  friend class Form;
 
-  Desk& desk_;
+  SurfaceOwner& owner_;
   std::string_view name_;
-  Twips width_, height_;
-  std::vector<Control*> controls_;
   Control* active_ = nullptr;
-  bool has_focus_ = false, changed_ = true;
+  bool has_focus_ = false;
 };
 
 // A modal form. Created when it is needed, shown with Desk::show_modal, gone with its scope.
@@ -115,7 +118,7 @@ class Form : public Surface {
  public:
   // `owner` is the surface that opens the form; the form stands over it.
   Form(Surface& owner, std::string_view name, Twips width, Twips height);
-  Surface& owner() const { return owner_; }
+  Surface& owner() const { return opener_; }
   bool is_form() const final { return true; }
 
   const std::string& caption() const { return caption_; }
@@ -136,7 +139,7 @@ class Form : public Surface {
  private:
   Task<> wrap_focus(bool backward, bool& used);
 
-  Surface& owner_;
+  Surface& opener_;
   std::string caption_;
   bool unloaded_ = false;
 };

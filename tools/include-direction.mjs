@@ -20,7 +20,7 @@ const arrows = {
   simplex: tableau,
   files: tableau,
   graph: tableau,
-  shell: tableau,
+  shell: [...tableau, "simplex", "files", "graph"], // its menus start what stands there
   "control's parts": subjects,
   control: [...subjects, "control's parts"],
   "hosts/headless": [...subjects, "control's parts", "control"],
@@ -60,7 +60,8 @@ export const wrongArrows = (files) =>
 
 // ---- Circles
 
-const withoutExtension = (path) => path.replace(/\.\w+$/, "");
+// A table (.def) is a file of its own: it knows nothing, and more than one header may be made of it.
+const withoutExtension = (path) => (path.endsWith(".def") ? path : path.replace(/\.\w+$/, ""));
 
 function graphOf(files) {
   const graph = new Map();
