@@ -7,6 +7,8 @@
 
 #include "hosts/web/record.h"
 #include "platform/host.h"
+#include "platform/menu_session.h"
+#include "platform/surface.h"
 
 namespace tabulon::web {
 

@@ -15,6 +15,8 @@
 #include "hosts/web/record.h"
 #include "hosts/web/web_files.h"
 #include "platform/host.h"
+#include "platform/menu_session.h"
+#include "platform/surface.h"
 
 namespace tabulon::web {
 
