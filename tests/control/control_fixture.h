@@ -19,8 +19,8 @@
 #include <string>
 #include <string_view>
 
-#include "control/LPctrl.h"
 #include "hosts/headless/headless_host.h"
+#include "tests/support/tested_control.h"
 
 namespace tabulon {
 
@@ -88,7 +88,7 @@ inline platform::KeyPress key_named(std::string_view name) {
 // A person in front of one control.
 class Person {
  public:
-  Person(platform::HeadlessHost& host, LPctrl& control) : host_(host), control_(control) {}
+  Person(platform::HeadlessHost& host, platform::Surface& control) : host_(host), control_(control) {}
 
   // ---- What the person does; false where the control did not take the event.
   bool click(std::string_view name, int index = 0) {
@@ -182,17 +182,18 @@ class Person {
   platform::Control& on_control(std::string_view name, int index) const { return on(control_, name, index); }
 
   platform::HeadlessHost& host_;
-  LPctrl& control_;
+  platform::Surface& control_;
 };
 
 struct Stage {
   platform::HeadlessHost host;
   basSafeCtl model;
-  LPctrl control{host.desk(), model};
+  TestedControl control{host.desk(), model};
 };
 
 // Creates, initialises and shows a control as a host does.
-inline Result<> open_control(platform::HeadlessHost& host, LPctrl& control, const Parameters& parameters) {
+template <class Control>
+Result<> open_control(platform::HeadlessHost& host, Control& control, const Parameters& parameters) {
   static_cast<void>(
       control.UserControl_Initialize());  // what the model held may be too large: the page decides
   auto built = control.UserControl_ReadProperties(page_with(parameters));

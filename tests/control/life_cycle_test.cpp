@@ -211,7 +211,7 @@ TEST_F(Scrolling, AHiddenBarCannotBeMoved) {
 
 class TwoControls : public ControlTest {
  protected:
-  LPctrl other{host.desk(), model};
+  TestedControl other{host.desk(), model};
   Person neighbour{host, other};
 };
 

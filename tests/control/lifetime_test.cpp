@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 
+#include "control/LPctrl.h"
 #include "tests/control/control_fixture.h"
 
 namespace tabulon {

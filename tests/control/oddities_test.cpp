@@ -88,7 +88,7 @@ class OdditiesOfTwo : public Oddities {
     host.desk().call(other, other.UserControl_Show());
   }
 
-  LPctrl other{host.desk(), model};
+  TestedControl other{host.desk(), model};
   Person neighbour{host, other};
 };
 

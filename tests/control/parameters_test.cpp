@@ -399,7 +399,7 @@ TEST_F(ListQuirks, AnotherKindOfListUsesTheSameItems) {
 
 TEST_F(ListQuirks, EachControlHasItsOwnItems) {
   open(numbered(long_columns, long_rows));
-  LPctrl other(host.desk(), model);
+  TestedControl other(host.desk(), model);
   ASSERT_TRUE(other.set_property("prmKleinerGelijkVglen", std::string(" 5")).value());
   EXPECT_EQ(model.current.row(7).text(11), "");
 }

@@ -71,7 +71,7 @@ TEST(OdditiesAtMidnight, ASecondThatBeginsJustBeforeNeverEnds) {
   ClockOfADay host;
   host.set_now(86'399.5);
   basSafeCtl model;
-  LPctrl control(host.desk(), model);
+  TestedControl control(host.desk(), model);
   Person person(host, control);
   ASSERT_TRUE(open_control(host, control, two_products));
   person.choose("mnu_Automatisch_vegen");
