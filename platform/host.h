@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "platform/display_list.h"
+#include "platform/enums.h"
 #include "platform/run_time_error.h"
 #include "platform/text_file.h"
 
@@ -21,7 +22,7 @@ class Surface;
 using Ticket = int;
 
 struct FileDialog {
-  enum class Purpose : std::uint8_t { Open, Save };
+  using Purpose = FilePurpose;
   Purpose purpose = Purpose::Open;
   std::string_view title;
   std::string_view filter;     // description, "|", pattern

@@ -37,7 +37,7 @@ class SurfaceOwner {
 
 // A pointer over a control; `x` and `y` in the units of that control, from its top left corner.
 struct Pointer {
-  enum class Action : std::uint8_t { Down, Move, Up, Lost };
+  using Action = PointerAction;
   Action action = Action::Move;
   bool left_button = false;
   double x = 0, y = 0;

@@ -283,7 +283,7 @@ export function wireContract(table) {
     "// What the page asks of its module.",
     functions("Exports", given(rowsOf(table("hosts/web/wire/exports.def")), "EXPORT"), enums, offers, memory),
   ];
-  const used = sharedEnums.filter((name) => new RegExp(`: ${name};`).test(body.join("\n")));
+  const used = sharedEnums.filter((name) => new RegExp(`: ${name}\\b`).test(body.join("\n")));
   return made(
     "platform/*.def and hosts/web/wire/*.def",
     `import type { ${used.sort().join(", ")} } from "./shared.js";`,

@@ -1,6 +1,6 @@
 // What one element of the page shows, and what the person does there.
-import { Kind } from "#shared";
-import type { OpenedSurface, PointerAction } from "#wire";
+import { Kind, type PointerAction } from "#shared";
+import type { OpenedSurface } from "#wire";
 import type { ControlView } from "./control_view.js";
 import { FormView } from "./form_view.js";
 import { keyCode, modifiers } from "./keys.js";

@@ -69,19 +69,6 @@ PropertyValue value_of(Given given, double number, const std::string& text) {
   }
 }
 
-Pointer::Action action_of(PointerAction action) {
-  switch (action) {
-    case PointerAction::Down:
-      return Pointer::Action::Down;
-    case PointerAction::Move:
-      return Pointer::Action::Move;
-    case PointerAction::Up:
-      return Pointer::Action::Up;
-    case PointerAction::Lost:
-      return Pointer::Action::Lost;
-  }
-}
-
 // Cuts "name NUL rest" in two.
 std::pair<std::string, std::string> cut(const std::string& listing) {
   const std::size_t end = std::min(listing.find('\0'), listing.size());
@@ -240,7 +227,7 @@ void Exports::scroll_step(int surface, int control, int direction, bool page_wis
 
 void Exports::pointer(int surface, int control, PointerAction action, bool left_button, double x, double y) {
   if (Control* const found = page.host.control(surface, control))
-    page.desk.pointer(*found, {action_of(action), left_button, x, y});
+    page.desk.pointer(*found, {action, left_button, x, y});
 }
 
 void Exports::enter(int surface) {

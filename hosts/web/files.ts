@@ -1,5 +1,6 @@
 // Asking for a file and saving one, with what the browser has for it.
-import { FilePurpose, type FileQuestion, type WrittenFile } from "#wire";
+import { FilePurpose } from "#shared";
+import type { FileQuestion, WrittenFile } from "#wire";
 import { make } from "./dom.js";
 
 const usualName = "tableau.tbl";

@@ -1,5 +1,5 @@
 // What a browser tells of a pointer, as the control has it.
-import { PointerAction } from "#wire";
+import { PointerAction } from "#shared";
 
 // While one button is held, a browser tells of the others as moves; then `button` is the one that changed, and
 // `buttons` has a bit for each that is held now.

@@ -8,19 +8,6 @@ namespace tabulon::web {
 
 using namespace platform;
 
-namespace {
-
-wire::FilePurpose wire_name(FileDialog::Purpose purpose) {
-  switch (purpose) {
-    case FileDialog::Purpose::Open:
-      return wire::FilePurpose::Open;
-    case FileDialog::Purpose::Save:
-      return wire::FilePurpose::Save;
-  }
-}
-
-}  // namespace
-
 int WebHost::add(Surface& surface) {
   return show(surface, 0);
 }
@@ -117,7 +104,7 @@ void WebHost::beep() {
 
 void WebHost::show_file_dialog(const FileDialog& dialog, Ticket ticket) {
   record_.clear();
-  wire::write(record_, wire::FileQuestion{.purpose = wire_name(dialog.purpose),
+  wire::write(record_, wire::FileQuestion{.purpose = dialog.purpose,
                                           .title = dialog.title,
                                           .filter = dialog.filter,
                                           .file_name = dialog.file_name});
