@@ -31,9 +31,8 @@ bool ended_in(const Result<T>& result, ErrorNumber number) {
 Result<TableauRead> read(basSafeCtl& model, MemoryFiles& files) {
   auto file = TextFile::open(files, "a.tbl", TextFile::Mode::Input);
   require(file.has_value());
-  const auto header = file->read_line();
-  if (!header) return std::unexpected(header.error());
-  return read_after_header(model, *header, *file);
+  const std::string header = TRY(file->read_line());
+  return read_after_header(model, header, *file);
 }
 
 Result<> write(basSafeCtl& model, MemoryFiles& files) {

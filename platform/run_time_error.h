@@ -39,9 +39,9 @@ class [[nodiscard]] Result : public std::expected<T, RunTimeError> {
  public:
   using Base::Base;
 
-  // The same, an error naming what it is about.
+  // The same, an error that names nothing yet naming what it is about.
   Result about(std::string_view subject) && {
-    if (!*this) this->error().subject = subject;
+    if (!*this && this->error().subject.empty()) this->error().subject = subject;
     return std::move(*this);
   }
 };

@@ -9,15 +9,6 @@
 
 namespace tabulon::activex {
 
-namespace {
-
-Result<> about(Result<> result, std::string_view subject) {
-  if (!result && result.error().subject.empty()) result.error().subject = subject;
-  return result;
-}
-
-}  // namespace
-
 HRESULT LPctrlObject::own_type(ITypeInfo** out) {
   if (!own_type_)
     if (const HRESULT found = type_info(IID_ILPctrl, own_type_.receive()); FAILED(found)) return found;
@@ -76,12 +67,12 @@ Result<> LPctrlObject::call(DISPID method, DISPPARAMS& given, VARIANT* answer) {
     case member::ShowfrmPivotelement:
       return show(control_.ShowfrmPivotelement());
     case member::strSoortGetal:
-      return about(display_text(argument(given, 0), argument(given, 1), answer), "strSoortGetal");
+      return display_text(argument(given, 0), argument(given, 1), answer).about("strSoortGetal");
     default: {
       const bool saves = method == member::SchrijfTableau;
-      const auto name = text_in(*argument(given, 0));
-      if (!name) return about(std::unexpected(name.error()), saves ? "SchrijfTableau" : "LeesTableau");
-      return with_file(*name, saves ? &LPctrl::SchrijfTableau : &LPctrl::LeesTableau);
+      const std::string name =
+          TRY(text_in(*argument(given, 0)).about(saves ? "SchrijfTableau" : "LeesTableau"));
+      return with_file(name, saves ? &LPctrl::SchrijfTableau : &LPctrl::LeesTableau);
     }
   }
 }
@@ -89,18 +80,17 @@ Result<> LPctrlObject::call(DISPID method, DISPPARAMS& given, VARIANT* answer) {
 // ---- Values
 
 Result<> LPctrlObject::set(DISPID property, VARIANT& given) {
-  const auto value = is_list(property) ? list_of(given) : value_of(given, 0.0);
-  return value ? set(property, *value) : about(std::unexpected(value.error()), property_name(property));
+  auto value = is_list(property) ? list_of(given) : value_of(given, 0.0);
+  return set(property, TRY(std::move(value).about(property_name(property))));
 }
 
 Result<> LPctrlObject::display_text(VARIANT* kind, VARIANT* number, VARIANT* answer) {
   const auto kind_number = number_of(*kind);
   const auto value = number_of(*number);
   if (!kind_number || !value) return fail(ErrorNumber::TypeMismatch);
-  const auto mode = numbers::to_int16(*kind_number);
-  if (!mode) return std::unexpected(mode.error());
+  const std::int16_t mode = TRY(numbers::to_int16(*kind_number));
   double shown = *value;
-  const std::string text = control_.strSoortGetal(*mode, shown);
+  const std::string text = control_.strSoortGetal(mode, shown);
   give_back(*number, shown);
   if (!answer) return {};
   VariantInit(answer);

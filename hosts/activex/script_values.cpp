@@ -68,15 +68,13 @@ VARIANT* argument(const DISPPARAMS& given, UINT place) {
 
 Result<double> number_of(VARIANT& given) {
   Variant number;
-  const auto converted = convert(given, VT_R8, number);
-  if (!converted) return std::unexpected(converted.error());
+  TRY(convert(given, VT_R8, number));
   return number.dblVal;
 }
 
 Result<std::string> text_in(VARIANT& given) {
   Variant text;
-  const auto converted = convert(given, VT_BSTR, text);
-  if (!converted) return std::unexpected(converted.error());
+  TRY(convert(given, VT_BSTR, text));
   return text_of(text.bstrVal);
 }
 
@@ -94,9 +92,7 @@ Result<PropertyValue> list_of(VARIANT& given) {
   if (FAILED(VariantCopyInd(&value, &given))) return fail(ErrorNumber::TypeMismatch);
   const bool has_items = (value.vt & VT_ARRAY) != 0 || value.vt == VT_DISPATCH || value.vt == VT_UNKNOWN;
   if (!has_items) return value_of(value, std::string());
-  auto text = item_text(value, 0);
-  if (!text) return std::unexpected(text.error());
-  return *std::move(text);
+  return TRY(item_text(value, 0));
 }
 
 void give_back(VARIANT& given, double number) {

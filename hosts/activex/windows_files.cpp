@@ -52,8 +52,7 @@ class WindowsFile : public FileBytes {
   Result<std::string> read(std::size_t most) override {
     std::string bytes(most, '\0');
     DWORD count = 0;
-    if (!ReadFile(file_, bytes.data(), static_cast<DWORD>(most), &count, nullptr))
-      return std::unexpected(refused().error());
+    if (!ReadFile(file_, bytes.data(), static_cast<DWORD>(most), &count, nullptr)) TRY(refused());
     bytes.resize(count);
     return bytes;
   }

@@ -50,7 +50,7 @@ class DiskFile : public FileBytes {
     std::string bytes(most, '\0');
     errno = 0;
     bytes.resize(std::fread(bytes.data(), 1, most, file_));
-    if (std::ferror(file_)) return std::unexpected(refused().error());
+    if (std::ferror(file_)) TRY(refused());
     return bytes;
   }
 
