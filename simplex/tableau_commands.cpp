@@ -66,21 +66,21 @@ bool TableauCommands::KolomVegen() {
   return done.has_value();
 }
 
+// The dialog has gone when the operation begins.
+Task<> TableauCommands::ask(const ColumnDialogDesign& design) {
+  ColumnDialog form(around_.surface, design, model());
+  co_await desk().show_modal(form);
+}
+
 Task<> TableauCommands::mnu_Kolommen_Normeren_Click() {
-  {
-    ColumnDialog form(around_.surface, frmKolommen_normeren, model());
-    co_await desk().show_modal(form);
-  }
+  co_await ask(frmKolommen_normeren);
   KolomNormeren();
   co_await rest_focus();
   around_.graph.rebuild();
 }
 
 Task<> TableauCommands::mnu_Kolommen_vegen_Click() {
-  {
-    ColumnDialog form(around_.surface, frmKolommen_vegen, model());
-    co_await desk().show_modal(form);
-  }
+  co_await ask(frmKolommen_vegen);
   KolomVegen();
   co_await rest_focus();
   around_.graph.rebuild();

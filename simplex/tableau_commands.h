@@ -12,6 +12,8 @@
 
 namespace tabulon {
 
+struct ColumnDialogDesign;
+
 class TableauCommands {
  public:
   // What the commands work on, and who shows what comes of it.
@@ -55,6 +57,7 @@ class TableauCommands {
   platform::Task<bool> BasisoplossingOpvragen();
   // Searches the pivot element, shows it or says why there is none; false when there is none.
   platform::Task<bool> ZoekPivotElement();
+  platform::Task<> ask(const ColumnDialogDesign& design);
   void KolomNormeren();
   bool KolomVegen();
   platform::Task<> pause_one_second();

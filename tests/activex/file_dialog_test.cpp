@@ -35,7 +35,7 @@ HWND name_box(HWND dialog) {
 }
 
 // Answers one dialog from within its message loop.
-struct Person {
+struct DialogUser {
   int button = 0;
   std::wstring name;
 
@@ -65,7 +65,7 @@ struct Person {
   }
 };
 
-Person person;
+DialogUser person;
 
 void CALLBACK tick(HWND, UINT, UINT_PTR, DWORD) {
   person.look();
