@@ -11,7 +11,7 @@ LPctrl::LPctrl(platform::Desk& desk, basSafeCtl& model)
     : Surface(desk, "LPctrl", fixed_width, fixed_height), model_(model) {}
 
 LPctrl::~LPctrl() {
-  desk().abandon(*this);
+  desk().retire(*this);
 }
 
 std::string LPctrl::strSoortGetal(std::int16_t Soort, double& Getal) const {

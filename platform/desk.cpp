@@ -304,6 +304,17 @@ void Desk::abandon(Surface& surface) {
   flush();
 }
 
+void Desk::retire(Surface& surface) {
+  take_away(surface);
+  abandon(surface);
+}
+
+void Desk::take_away(Surface& surface) {
+  std::erase(surfaces_, &surface);
+  std::erase(busy_, &surface);
+  ++removals_;
+}
+
 // The last started first: what runs on a form before what opened the form.
 void Desk::drop_abandoned() {
   while (true) {
@@ -315,9 +326,7 @@ void Desk::drop_abandoned() {
 
 void Desk::remove(Surface& surface) {
   if (std::ranges::find(running_, &surface, &Running::owner) != running_.end()) std::abort();
-  std::erase(surfaces_, &surface);
-  std::erase(busy_, &surface);
-  ++removals_;
+  take_away(surface);
 }
 
 }  // namespace tabulon::platform

@@ -77,6 +77,8 @@ class Desk : public SurfaceOwner {
   // Gives up whatever the surface is doing, and closes what it has opened: at once, or, where the host was
   // called by a handler of that surface, as soon as that handler waits or ends.
   void abandon(Surface& surface);
+  // The same for a surface that is about to go: from now on the host is handed nothing of it.
+  void retire(Surface& surface);
 
  private:
   struct Modal;
@@ -100,6 +102,7 @@ class Desk : public SurfaceOwner {
   // Runs a step of a task: its start, or the answer that it has waited for.
   template <class Step>
   void execute(Running& running, Step step);
+  void take_away(Surface& surface);
   void drop_abandoned();
   bool remove_ended_tasks();
   bool end_modal();

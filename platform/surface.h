@@ -2,7 +2,8 @@
 //
 // A subclass declares its controls as members, or parts that own them, and overrides the handlers that it
 // needs. Hosts do not call the handlers; they call the desk (platform/desk.h), which sees to the order of
-// things. A surface whose handlers may wait abandons them in its destructor, while its controls still are.
+// things. A surface whose handlers may wait retires in its destructor (Desk::retire), while its controls
+// still are.
 #pragma once
 
 #include <span>

@@ -123,7 +123,7 @@ void SurfaceView::place_inside(const Control& container) {
     if (view && view->control()->container() == &container) view->place();
 }
 
-void SurfaceView::focus_active() {
+void SurfaceView::focus_active() const {
   if (!view_.surface || !window() || !view_.surface->has_focus() || !GetActiveWindow()) return;
   const Control* const active = view_.surface->active();
   ControlView* const view = active ? view_of(*active) : nullptr;

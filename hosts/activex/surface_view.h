@@ -42,7 +42,7 @@ class SurfaceView {
   virtual void mirror();
   void set_busy(bool busy) { busy_ = busy; }
   // Moves the system's focus to the surface's active control.
-  void focus_active();
+  void focus_active() const;
   // To be called when the window may have moved to a screen of another density.
   void follow_density();
 

@@ -113,8 +113,9 @@ constexpr Writer writers[] = {
 consteval bool writers_follow_the_table() {
   std::size_t at = 0;
 #define MENU_PROPERTY(name)
-#define PROPERTY(name, fields) \
-  if (at == std::size(writers) || writers[at++].property != Property::name) return false;
+#define PROPERTY(name, fields)                                                          \
+  if (at == std::size(writers) || writers[at].property != Property::name) return false; \
+  ++at;
 #include "platform/properties.def"
   return at == std::size(writers);
 }

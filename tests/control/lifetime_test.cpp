@@ -47,7 +47,7 @@ class ListenedHost : public platform::HeadlessHost {
   }
 
  private:
-  void tell(std::string_view what) {
+  void tell(std::string_view what) const {
     if (listener) listener(what);
   }
 };

@@ -99,7 +99,7 @@ class Sheet : public Noting<Surface> {
     stop.set_text("&Stop");
   }
 
-  ~Sheet() override { desk().abandon(*this); }
+  ~Sheet() override { desk().retire(*this); }
 
   TextBox first{*this, "first"}, second{*this, "second"}, third{*this, "third"};
   CommandButton go{*this, "go"}, stop{*this, "stop"};

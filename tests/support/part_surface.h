@@ -14,7 +14,7 @@ namespace tabulon {
 class PartSurface : public platform::Surface {
  public:
   explicit PartSurface(platform::Desk& desk) : Surface(desk, "PartSurface", 9000, 4440) {}
-  ~PartSurface() override { desk().abandon(*this); }
+  ~PartSurface() override { desk().retire(*this); }
 
   std::function<platform::Task<>(platform::Control&)> when_clicked;
   std::function<platform::Task<>(platform::Control&, bool&)> when_validating;
