@@ -64,13 +64,15 @@ async function output(command, options) {
   });
 }
 
-// What a source includes, as it would from anywhere else.
+// The headers that a source includes, as it would from anywhere else. A table (.def) means nothing by itself.
 function includeLines(source) {
   const text = readFileSync(source, "utf8");
   const beside = (target) => [join(dirname(source), target), target].find(existsSync) ?? target;
   return [
     ...bracketedIncludes(text).map((target) => `#include <${target}>`),
-    ...quotedIncludes(text).map((target) => `#include "${beside(target)}"`),
+    ...quotedIncludes(text)
+      .filter((target) => !target.endsWith(".def"))
+      .map((target) => `#include "${beside(target)}"`),
   ];
 }
 
