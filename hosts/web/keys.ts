@@ -23,10 +23,10 @@ const codes = new Map(Object.entries(names).map(([code, name]) => [name, Number(
 const letterOrDigit = (text: string) => /^[a-z0-9]$/i.test(text);
 
 // The key's code; 0 for a key that the control knows nothing of. Where Alt turns a letter into a sign, the
-// place of the key tells the letter.
+// place of the key tells the letter; WebKitGTK has no name for Shift+Tab, but its place.
 export function keyCode({ key, code }: KeyboardEvent): number {
   if (letterOrDigit(key)) return key.toUpperCase().charCodeAt(0);
-  const named = codes.get(key);
+  const named = codes.get(key === "Unidentified" ? code : key);
   if (named) return named;
   return /^(Key[A-Z]|Digit[0-9])$/.test(code) ? code.charCodeAt(code.length - 1) : 0;
 }
