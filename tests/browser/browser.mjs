@@ -9,13 +9,14 @@
 //
 // The pages are served by the project's own server, under the rules that the control promises to keep. The
 // package is dist/web, or the folder that TABULON_WEB names; the browser is Chromium, or what TABULON_ENGINE names.
-import { cp, mkdtemp, rm, writeFile } from "node:fs/promises";
+import { cp, mkdtemp, readFile, readdir, rm, writeFile } from "node:fs/promises";
 import { existsSync } from "node:fs";
 import { tmpdir } from "node:os";
 import { join } from "node:path";
 import { fileURLToPath, pathToFileURL } from "node:url";
 import puppeteer from "puppeteer-core";
 import { createPageServer, listen } from "../../tools/serve.mjs";
+import { launchWebKit, listening } from "./webkit.mjs";
 
 const packageFolder = process.env.TABULON_WEB ?? fileURLToPath(new URL("../../dist/web", import.meta.url));
 
@@ -82,8 +83,15 @@ export const control = (name, index, element = "tabulon-lpctrl") =>
 
 // What a control shows: the value of a text box, else the text; null where it is not rendered.
 export async function text(page, name, index, element) {
-  const found = await page.$(control(name, index, element));
-  return found?.evaluate((node) => (node.checkVisibility() ? (node.value ?? node.textContent) : null)) ?? null;
+  const shown = await page.evaluate(
+    (path) => {
+      const find = (place, part) => (place?.shadowRoot ?? place)?.querySelector(part);
+      const node = path.reduce(find, document);
+      return node?.checkVisibility() ? (node.value ?? node.textContent) : null;
+    },
+    control(name, index, element).split(" >>> "),
+  );
+  return shown ?? null;
 }
 
 // Until every element has been shown and waits for the person.
@@ -101,27 +109,51 @@ const noises = new WeakMap();
 // What the page complained of so far: warnings, errors, refusals by its rules.
 export const noise = (page) => noises.get(page);
 
-function listenToNoise(page) {
+async function listenToNoise(page) {
   const heard = [];
   noises.set(page, heard);
+  if (page.listen) return page.listen((complaint) => heard.push(complaint));
   page.on("console", (message) => {
     if (["warn", "error"].includes(message.type())) heard.push(message.text());
   });
   page.on("pageerror", (error) => heard.push(String(error)));
+  await page.evaluateOnNewDocument(() => {
+    const refused = ({ violatedDirective, blockedURI }) => console.error(`refused: ${violatedDirective} ${blockedURI}`);
+    document.addEventListener("securitypolicyviolation", refused);
+  });
 }
 
-// engine: "chromium" or "firefox".
+const launchEngine = (engine) =>
+  engine === "webkit"
+    ? launchWebKit()
+    : puppeteer.launch({
+        browser: engine === "firefox" ? "firefox" : "chrome",
+        executablePath: executable(engines[engine]),
+        args: engines[engine].args,
+        headless: true,
+      });
+
+// WebKit's driver hears nothing by itself: its pages have a script that does, before those of their own.
+const listeningFile = "listening.js";
+const withListening = (html) => html.replace('<meta charset="utf-8">', `$&<script src="${listeningFile}"></script>`);
+
+async function listenInPackage(folder) {
+  await writeFile(join(folder, listeningFile), listening);
+  for (const name of (await readdir(folder)).filter((each) => each.endsWith(".html"))) {
+    const path = join(folder, name);
+    await writeFile(path, withListening(await readFile(path, "utf8")));
+  }
+}
+
+// engine: "chromium", "firefox" or "webkit".
 export async function launch({ engine = process.env.TABULON_ENGINE ?? "chromium" } = {}) {
+  const isWebKit = engine === "webkit";
   const folder = await mkdtemp(join(tmpdir(), "tabulon-pages-"));
   await cp(packageFolder, folder, { recursive: true });
+  if (isWebKit) await listenInPackage(folder);
   const server = createPageServer(folder);
   const origin = `http://127.0.0.1:${await listen(server, 0)}`;
-  const browser = await puppeteer.launch({
-    browser: engine === "firefox" ? "firefox" : "chrome",
-    executablePath: executable(engines[engine]),
-    args: engines[engine].args,
-    headless: true,
-  });
+  const browser = await launchEngine(engine);
   let pages = 0;
 
   // `place` is a body, a whole page (it starts with "<!doctype"), or a path in the package. `from` is "server"
@@ -130,15 +162,11 @@ export async function launch({ engine = process.env.TABULON_ENGINE ?? "chromium"
     let path = place;
     if (place.startsWith("<")) {
       path = `page${++pages}.html`;
-      await writeFile(join(folder, path), place.startsWith("<!doctype") ? place : wholePage(place));
+      const html = place.startsWith("<!doctype") ? place : wholePage(place);
+      await writeFile(join(folder, path), isWebKit ? withListening(html) : html);
     }
     const page = await browser.newPage();
-    listenToNoise(page);
-    await page.evaluateOnNewDocument(() => {
-      const refused = ({ violatedDirective, blockedURI }) =>
-        console.error(`refused: ${violatedDirective} ${blockedURI}`);
-      document.addEventListener("securitypolicyviolation", refused);
-    });
+    await listenToNoise(page);
     await page.setViewport({ width, height, deviceScaleFactor: scale });
     await page.goto(from === "file" ? pathToFileURL(join(folder, path)).href : `${origin}/${path}`);
     if (wait) await idle(page);

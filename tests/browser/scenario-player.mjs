@@ -68,6 +68,7 @@ const pageWith = (element, scripts) => `<!doctype html>
 <title>Scenario</title>
 <link rel="icon" href="data:,">
 ${scripts.map((source) => `<script src="${source}"></script>`).join("\n")}
+<link rel="stylesheet" href="scenario.css">
 <body>
 ${element}
 </body>
@@ -117,21 +118,18 @@ class Player {
     return control;
   }
 
-  // Until the page has painted and has handled what was waiting.
-  waitUntilIdle = async () => {
-    for (let turn = 0; turn < 2; ++turn) {
-      await this.page.evaluate(
-        () =>
-          new Promise((resolve) =>
-            requestAnimationFrame(() => {
-              const { port1, port2 } = new MessageChannel();
-              port1.onmessage = () => resolve();
-              port2.postMessage(0);
-            }),
-          ),
-      );
-    }
-  };
+  // Until the page has handled what was waiting, and a control that let it paint meanwhile has gone on.
+  waitUntilIdle = () =>
+    this.page.evaluate(async () => {
+      for (let turn = 0; turn < 2; ++turn) {
+        if (document.querySelector("[aria-busy]")) await new Promise(requestAnimationFrame);
+        await new Promise((resolve) => {
+          const { port1, port2 } = new MessageChannel();
+          port1.onmessage = resolve;
+          port2.postMessage(0);
+        });
+      }
+    });
 
   async noteErrors() {
     const errors = await this.page.evaluate(() => window.scenarioErrors);
@@ -139,9 +137,10 @@ class Player {
     this.errorsSeen = errors.length;
   }
 
-  // The browser's own question for a file to open, as soon as it comes.
+  // The browser's own question for a file to open, as soon as it comes, where the browser tells of it.
   awaitChooser() {
     this.chooser = undefined;
+    if (!this.page.waitForFileChooser) return;
     this.page.waitForFileChooser({ timeout: 0 }).then(
       (chooser) => (this.chooser = chooser),
       () => {},
@@ -149,7 +148,9 @@ class Player {
   }
 
   savedFiles = () => this.page.evaluate(() => Object.keys(window.scenarioFiles));
-  answerToOpen = () => this.eventually(() => this.chooser ?? assert.fail("nothing asks for a file to open"));
+  asksToOpen = () => this.chooser ?? this.page.fileChooser?.();
+  answerToOpen = () =>
+    this.eventually(async () => (await this.asksToOpen()) ?? assert.fail("nothing asks for a file to open"));
   asksToSave = () => this.page.evaluate(() => "answerSave" in window);
   answerSave = (name) => this.page.evaluate((given) => window.answerSave(given ?? undefined), name);
 
@@ -220,13 +221,16 @@ export const sentences = {
     await browser.write("scenario-clock.js", this.fakeTimers + clockScript);
     await browser.write("scenario-errors.js", errorsScript);
     await browser.write("scenario-files.js", filesScript);
+    // So that the mouse can leave the control on every side.
+    await browser.write("scenario.css", "body { margin: 300px }");
     const scripts = [
       ...(this.hasClock ? ["scenario-clock.js"] : []),
       "scenario-errors.js",
       "scenario-files.js",
       "tabulon.js",
     ];
-    this.page = await browser.open(pageWith(problem(this.parameters), scripts), { wait: false });
+    const page = pageWith(problem(this.parameters), scripts);
+    this.page = await browser.open(page, { wait: false, width: 1280, height: 900 });
     if (this.opensFiles) this.awaitChooser();
     await idle(this.page);
     this.error = await this.page.evaluate(() =>
@@ -319,7 +323,7 @@ export const sentences = {
   async "cancel file"() {
     const asked = await this.eventually(async () => {
       if (await this.asksToSave()) return "save";
-      return this.chooser ?? assert.fail("nothing asks for a file");
+      return (await this.asksToOpen()) ?? assert.fail("nothing asks for a file");
     });
     if (asked === "save") return this.answerSave(undefined);
     this.awaitChooser();

@@ -1,5 +1,7 @@
 // Every scenario, in a browser, with real mouse and key events; what is seen must be what the headless host
-// shows, to the letter.
+// shows, to the letter. There is a test file for each engine, so that they run side by side.
+//
+//   playScenarios("firefox");
 import assert from "node:assert/strict";
 import { execFile } from "node:child_process";
 import { existsSync } from "node:fs";
@@ -75,33 +77,35 @@ async function fakeTimersScript() {
   return built.outputFiles[0].text;
 }
 
-describe("scenarios in the browser", () => {
-  let browser, language, scenarios, fakeTimers;
+export function playScenarios(engine) {
+  describe(`scenarios in ${engine}`, () => {
+    let browser, language, scenarios, fakeTimers;
 
-  before(async () => {
-    [{ language, scenarios }, fakeTimers] = await Promise.all([headless(), fakeTimersScript()]);
-    browser = await launch();
+    before(async () => {
+      [{ language, scenarios }, fakeTimers] = await Promise.all([headless(), fakeTimersScript()]);
+      browser = await launch({ engine });
+    });
+    after(() => browser?.close());
+
+    test("there are scenarios to play", () => assert.ok(files.length > 0));
+
+    test("the player knows every sentence of the language, and no other", () => {
+      assert.deepEqual(Object.keys(sentences).sort(), [...language.sentences].sort());
+    });
+
+    test("the eyes see all that a sentence asks for", async () => {
+      const page = await browser.open(`<script src="tabulon.js"></script>${problem({})}`);
+      const seen = await page.evaluate(look, { what: "control", name: "txtRL", index: 1 });
+      assert.deepEqual(
+        language.seen.filter((each) => !(each in seen)),
+        [],
+      );
+      await page.close();
+    });
+
+    for (const file of files) {
+      const name = basename(file, ".txt");
+      test(name.replaceAll("-", " "), () => play(browser, { ...scenarios.get(name), fakeTimers, file }));
+    }
   });
-  after(() => browser?.close());
-
-  test("there are scenarios to play", () => assert.ok(files.length > 0));
-
-  test("the player knows every sentence of the language, and no other", () => {
-    assert.deepEqual(Object.keys(sentences).sort(), [...language.sentences].sort());
-  });
-
-  test("the eyes see all that a sentence asks for", async () => {
-    const page = await browser.open(`<script src="tabulon.js"></script>${problem({})}`);
-    const seen = await page.evaluate(look, { what: "control", name: "txtRL", index: 1 });
-    assert.deepEqual(
-      language.seen.filter((each) => !(each in seen)),
-      [],
-    );
-    await page.close();
-  });
-
-  for (const file of files) {
-    const name = basename(file, ".txt");
-    test(name.replaceAll("-", " "), () => play(browser, { ...scenarios.get(name), fakeTimers, file }));
-  }
-});
+}

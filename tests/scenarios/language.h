@@ -82,7 +82,7 @@ struct KeyWord {
 // A letter or a digit is a key too, by itself.
 inline constexpr KeyWord key_words[] = {
     {"Tab", platform::key::tab, "Tab"},           {"Enter", platform::key::enter, "Enter"},
-    {"Escape", platform::key::escape, "Escape"},  {"Space", platform::key::space, "Space"},
+    {"Escape", platform::key::escape, "Escape"},  {"Space", platform::key::space, " "},
     {"Up", platform::key::up, "ArrowUp"},         {"Down", platform::key::down, "ArrowDown"},
     {"Left", platform::key::left, "ArrowLeft"},   {"Right", platform::key::right, "ArrowRight"},
     {"Home", platform::key::home, "Home"},        {"End", platform::key::end, "End"},

@@ -1,0 +1,3 @@
+import { playScenarios } from "./scenarios.mjs";
+
+playScenarios("chromium");
