@@ -23,6 +23,7 @@ std::string LPctrl::strSoortGetal(std::int16_t Soort, double& Getal) const {
 Result<> LPctrl::UserControl_Initialize() {
   fill_in_.CellenBewerkbaar = true;
   EersteKeer = true;
+  keyboard_.walk();
   return_to_start();
   TRY(model_.set_derived_counts());
   TRY(InitTableau());
@@ -101,11 +102,13 @@ Task<> LPctrl::on_got_focus(Control& control) {
     cells_.got_focus(*cell);
     keyboard_.cell_got_focus();
   }
-  if (grid_.is_scroll_bar(&control)) co_await resting_.take_focus();
   if (&control == &resting_.txtFocus) {
     resting_.txtFocus_GotFocus();
     keyboard_.forget_tab_cell(-1);
+    co_return;
   }
+  keyboard_.walk();
+  if (grid_.is_scroll_bar(&control)) co_await resting_.take_focus();
 }
 
 Task<> LPctrl::on_lost_focus(Control& control) {
@@ -123,6 +126,7 @@ bool LPctrl::keeps_focus(const Control* active) const {
 }
 
 Task<> LPctrl::UserControl_Click() {
+  keyboard_.walk();
   if (keeps_focus(active())) co_return;
   co_await resting_.take_focus();
   resting_.KleurFrameHead(-1);

@@ -81,6 +81,7 @@ class LPctrl : public platform::Surface, private ProblemView {
   platform::Task<> on_pointer(platform::Control& control, platform::Pointer pointer) override;
   platform::Task<> on_enter() override { return UserControl_EnterFocus(); }
   platform::Task<> on_exit() override;
+  void on_covered() override { keyboard_.walk(); }
   void update() override { menu_bar_.update(); }
 
  private:

@@ -56,6 +56,7 @@ Desk::~Desk() {
 
 Task<> Desk::show_modal(Form& form) {
   Modal modal(form.owner(), &form, nullptr);
+  form.owner().on_covered();
   form.on_load();
   host_.open_form(form);
   co_await form.entered();
@@ -68,6 +69,7 @@ Task<> Desk::show_modal(Form& form) {
 Task<Menu*> Desk::show_menu(Menu& menu, Twips x, Twips y) {
   MenuSession session(menu, x, y);
   Modal modal(menu.surface(), nullptr, &session);
+  menu.surface().on_covered();
   host_.open_menu(session);
   co_await modal.ended;
   co_return session.chosen();

@@ -100,6 +100,7 @@ class Surface : public ControlOwner {
   virtual Task<> on_pointer(Control& control, Pointer pointer);
   virtual Task<> on_enter();
   virtual Task<> on_exit();
+  virtual void on_covered() {}  // a form or a menu opens over the surface
 
  protected:
   // What a key does by itself: Tab, access keys, Enter and space on a button.

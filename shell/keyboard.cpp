@@ -55,14 +55,16 @@ Task<> Keyboard::key_pressed(KeyPress press, bool& used) {
   } else if (cell && press.code != key::tab && step_of(press)) {
     used = true;
     co_await NavigeerCel(*cell, press);
-  } else if (active == &resting_.txtFocus && press == KeyPress{key::tab} && !escaped_) {
-    used = co_await surface_.set_focus(cells_.box_of({CellArray::RowF, 1}));
+  } else if (active == &resting_.txtFocus && press.code == key::tab) {
+    const bool leaves = std::exchange(escaped_, false) || press.shift != modifier::none;
+    if (!leaves) used = co_await surface_.set_focus(cells_.box_of({CellArray::RowF, 1}));
   } else if (press == KeyPress{key::enter}) {
     used = !active || active->kind() != platform::Kind::CommandButton;
   }
 }
 
-// After Escape, Tab leaves the control.
+// After Escape the next Tab leaves the control. Only that one: a host that has nowhere else to go hands the
+// keys back to the cells.
 Task<> Keyboard::leave_cell() {
   m_intLaatsteToets = key::escape;
   co_await resting_.take_focus();
@@ -101,7 +103,6 @@ void Keyboard::open_traps(bool open) {
 }
 
 void Keyboard::cell_got_focus() {
-  escaped_ = false;
   open_traps(true);
 }
 

@@ -40,6 +40,8 @@ class Keyboard {
   Keyboard(platform::Surface& surface, basSafeCtl& model, RestingFocus& resting, WalkedCells& cells);
 
   platform::Task<> key_pressed(platform::KeyPress press, bool& used);
+  // Tab walks the cells again, and leaves only after another Escape.
+  void walk() { escaped_ = false; }
   void cell_got_focus();
   void cell_lost_focus(GridBox cell);
   // True when the control is a trap, which has sent the focus on.
@@ -66,7 +68,7 @@ class Keyboard {
   std::optional<CellArray> m_strTabCel;  // the array of the cell that Tab has just left
   std::int16_t m_intTabIndex = -1;       // and its index there
   std::int16_t m_intLaatsteToets = 0;    // 27 while Escape takes effect
-  bool escaped_ = false;                 // since Escape no cell has had the focus: Tab leaves the control
+  bool escaped_ = false;                 // the next Tab leaves the control
 
   platform::TextBox txtShiftTab{surface_, "txtShiftTab"};
   platform::TextBox txtTab{surface_, "txtTab"};

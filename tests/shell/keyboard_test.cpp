@@ -292,6 +292,112 @@ TEST_F(Keyboard, AfterEscapeACellThatIsClickedIsWalkedFromAgain) {
   EXPECT_EQ(focus(), "txtRij_F 1");
 }
 
+TEST_F(Keyboard, AfterEscapeOneTabOrShiftTabLeavesAndTheNextWalks) {
+  for (const char* leaving : {"Tab", "Shift+Tab"}) {
+    open();
+    press("Escape");
+    EXPECT_FALSE(press(leaving));
+    EXPECT_TRUE(press("Tab")) << leaving;
+    EXPECT_EQ(focus(), "txtRij_F 1");
+  }
+}
+
+TEST_F(Keyboard, AfterEscapeOtherKeysDoNotTakeTheWayOutAway) {
+  open();
+  click("txtTableau", 1);
+  press("Escape");
+  for (const char* key : {"Down", "Enter", "Ctrl+Right", "Space", "A", "Home"}) press(key);
+  EXPECT_FALSE(press("Tab"));
+}
+
+// What takes the way out away again, so that Tab walks the cells.
+class AfterEscape : public ControlTest {
+ protected:
+  void escape() {
+    click("txtTableau", 1);
+    type("7");
+    press("Escape");
+    ASSERT_EQ(focus(), "txtFocus");
+  }
+  void expect_walk() {
+    EXPECT_TRUE(press("Tab"));
+    EXPECT_EQ(focus(), "txtRij_F 1");
+  }
+};
+
+TEST_F(AfterEscape, ComingBackIntoTheControlTabWalksTheCells) {
+  open();
+  escape();
+  EXPECT_FALSE(press("Tab"));
+  host.desk().leave(control);
+  host.desk().enter(control);
+  expect_walk();
+  escape();
+  host.desk().leave(control);  // by the mouse
+  host.desk().enter(control);
+  expect_walk();
+}
+
+TEST_F(AfterEscape, ACommandMakesTabWalkTheCells) {
+  open(two_products);
+  for (const char* command : {"mnu_Breuken", "mnu_Tableau_Invullen", "mnu_Reset", "mnu_optimaliseren"}) {
+    escape();
+    choose(command);
+    press("Enter");
+    expect_walk();
+  }
+}
+
+TEST_F(AfterEscape, AMenuThatIsOpenedByAltAndLeftMakesTabWalkTheCells) {
+  open();
+  escape();
+  press("Alt+W");
+  press("Escape");
+  expect_walk();
+}
+
+TEST_F(AfterEscape, ANewProblemMakesTabWalkItsCells) {
+  open();
+  escape();
+  choose("mnu_Nieuw_Simplex");
+  press("Enter");
+  expect_walk();
+  escape();
+  set("prmShow", true);
+  expect_walk();
+}
+
+TEST_F(AfterEscape, AFormMakesTabWalkTheCellsAlsoWhenAScriptShowsIt) {
+  open();
+  escape();
+  host.desk().call(control, control.ShowAboutBox());
+  press("Escape");
+  expect_walk();
+}
+
+TEST_F(AfterEscape, AClickAnywhereMakesTabWalkTheCells) {
+  open(numbered(8, 9));
+  escape();
+  host.desk().click(control);
+  expect_walk();
+  for (const char* what : {"FrameHead", "lblNRTableau", "lblFRL"}) {
+    escape();
+    click(what);
+    expect_walk();
+  }
+  escape();
+  scroll("HScroll", 2);
+  expect_walk();
+}
+
+TEST_F(AfterEscape, AButtonOfTheGraphMakesTabWalkTheCells) {
+  open(two_products);
+  choose("mnu_Grafiek");
+  escape();
+  click("cmdReset");
+  expect_walk();
+}
+
 TEST_F(Keyboard, ShiftTabFromTheBeginningLeavesTheControl) {
   open();
   EXPECT_FALSE(press("Shift+Tab"));
