@@ -82,6 +82,7 @@ class LPctrl : public platform::Surface, private ProblemView {
   platform::Task<> on_enter() override { return UserControl_EnterFocus(); }
   platform::Task<> on_exit() override;
   void on_covered() override { keyboard_.walk(); }
+  platform::Task<> on_failure(const RunTimeError& error) override { return messages_.show_failure(error); }
   void update() override { menu_bar_.update(); }
 
  private:

@@ -118,11 +118,24 @@ bool Desk::accepts(const Surface& surface) const {
 }
 
 Desk::Outcome Desk::start_event(Surface& surface, Task<> task) {
-  return accepts(surface) ? start(surface, std::move(task)) : Outcome::Dropped;
+  if (!accepts(surface)) return Outcome::Dropped;
+  return start(surface, gesture(surface, std::move(task)), 0, true);
 }
 
-Desk::Outcome Desk::start(Surface& surface, Task<> task, Ticket call) {
-  Running& running = running_.emplace_back(Running{&surface, level(), call, std::move(task)});
+Task<> Desk::gesture(Surface& surface, Task<> task) {
+  co_await std::move(task);
+  Running& running = *executing_;
+  running.by_person = false;  // a failure of the telling is not told
+  if (running.failure) co_await surface.on_failure(*running.failure);
+}
+
+void Desk::report(Surface& surface, const RunTimeError& error) {
+  if (!executing_ || !executing_->by_person) return host_.report(surface, error);
+  if (!executing_->failure) executing_->failure = error;
+}
+
+Desk::Outcome Desk::start(Surface& surface, Task<> task, Ticket call, bool by_person) {
+  Running& running = running_.emplace_back(Running{&surface, level(), call, std::move(task), by_person});
   Outcome outcome = Outcome::Waits;
   execute(running, [&] {
     running.task.start();

@@ -9,6 +9,7 @@
 #pragma once
 
 #include <list>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -32,7 +33,9 @@ class Desk : public SurfaceOwner {
   void add(Surface& surface) override { surfaces_.push_back(&surface); }
   void remove(Surface& surface) override;
   bool take_focus(Surface& surface) override { return host_.take_focus(surface); }
-  void report(Surface& surface, const RunTimeError& error) override { host_.report(surface, error); }
+  // What the person does and fails is told to the person when it has ended (Surface::on_failure), anything
+  // else to the host.
+  void report(Surface& surface, const RunTimeError& error) override;
 
   // ---- What handlers await
   Task<> show_modal(Form& form);
@@ -48,6 +51,8 @@ class Desk : public SurfaceOwner {
 
   // ---- What hosts call. Each returns whether the event was taken.
   bool accepts(const Surface& surface) const;
+  // Something is open that takes every event.
+  bool is_covered() const { return !modals_.empty(); }
   bool click(Control& control);
   bool click(Surface& surface);
   bool type(TextBox& box, std::string text);
@@ -88,13 +93,16 @@ class Desk : public SurfaceOwner {
     const Modal* level;
     Ticket call;  // 0 where nobody waits for the end
     Task<> task;
-    bool on_stack = false;   // its code runs now
-    bool abandoned = false;  // to go as soon as nothing of it is on the stack
+    bool by_person = false;
+    std::optional<RunTimeError> failure{};  // the first, of what a person has begun
+    bool on_stack = false;                  // its code runs now
+    bool abandoned = false;                 // to go as soon as nothing of it is on the stack
   };
   enum class Outcome : std::uint8_t { Dropped, Ended, Waits };
 
   Outcome start_event(Surface& surface, Task<> task);
-  Outcome start(Surface& surface, Task<> task, Ticket call = 0);
+  Task<> gesture(Surface& surface, Task<> task);
+  Outcome start(Surface& surface, Task<> task, Ticket call = 0, bool by_person = false);
   bool busy(const Surface& surface) const;
   const Modal* level() const { return modals_.empty() ? nullptr : modals_.back(); }
   MenuSession* menu_on_top();

@@ -60,7 +60,8 @@ Control* Surface::tab_neighbour(const Control* from, bool backward) const {
 
 Task<> Surface::clicked(Control& control) {
   if (!control.enabled()) co_return;
-  if (control.kind() == Kind::CommandButton && !co_await set_focus(control)) co_return;
+  if (control.kind() == Kind::CommandButton && (!control.can_take_focus() || !co_await set_focus(control)))
+    co_return;
   co_await on_click(control);
 }
 
@@ -147,6 +148,11 @@ Task<> Surface::on_enter() {
   co_return;
 }
 Task<> Surface::on_exit() {
+  co_return;
+}
+
+Task<> Surface::on_failure(const RunTimeError& error) {
+  report(error);
   co_return;
 }
 

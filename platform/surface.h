@@ -77,7 +77,7 @@ class Surface : public ControlOwner {
   Task<> entered();
   Task<> left();
 
-  // Hands an error that nobody else catches to the host; does nothing where all went well.
+  // Tells of an error that nobody else catches (Desk::report); does nothing where all went well.
   template <class T>
   void report(const Result<T>& result) {
     if (!result) report(result.error());
@@ -101,6 +101,8 @@ class Surface : public ControlOwner {
   virtual Task<> on_enter();
   virtual Task<> on_exit();
   virtual void on_covered() {}  // a form or a menu opens over the surface
+  // What the person did here has failed. By default the host is told.
+  virtual Task<> on_failure(const RunTimeError& error);
 
  protected:
   // What a key does by itself: Tab, access keys, Enter and space on a button.

@@ -26,6 +26,8 @@ class Messages : public FailureView {
   platform::Task<> show(std::int16_t number);
   platform::Task<> announce(std::string words);
   platform::Task<> show_failure(std::string words) override;
+  // In words about the work, where those of the error are for who writes a script.
+  platform::Task<> show_failure(const RunTimeError& error);
 
  private:
   platform::Task<> show_form(const MessageFormDesign& design);

@@ -192,6 +192,48 @@ TEST_F(Optimising, AnUnboundedProblemIsAModelError) {
   EXPECT_EQ(text("lblMelding"), "Modelfout!");
 }
 
+// F is to become infinite.
+const Parameters beyond_doubles{{"prmSTR_DLfunctie", "-1e300, 0"},
+                                {"prmSTR_KleinerGelijkVglen", " 1, 0, 0, 1"},
+                                {"prmSTR_RL", " 1e300, 1"}};
+
+TEST_F(Optimising, NumbersThatBecomeTooLargeAreToldAndTheControlGoesOnWorking) {
+  open(beyond_doubles);
+  for (int round = 0; round < 2; ++round) {
+    choose("mnu_optimaliseren");
+    EXPECT_EQ(form(), "frmFoutmelding");
+    EXPECT_EQ(form_caption(), " Tabloria");
+    EXPECT_EQ(text("lblMelding"), "Een getal wordt te groot om mee te rekenen. Deze stap kan niet.");
+    press("Enter");
+    EXPECT_EQ(form(), "");
+    EXPECT_EQ(focus(), "txtFocus");
+  }
+  EXPECT_TRUE(host.reports.empty());
+  EXPECT_FALSE(host.is_busy(control));
+  EXPECT_EQ(text("lblNRTableau"), "1-e Simplex-tableau");
+  choose("mnu_Reset");
+  enter_text("txtRL", 1, "4");
+  enter_text("txtRij_F", 1, "-3");
+  choose("mnu_optimaliseren");
+  EXPECT_EQ(text("lblMelding"), "Optimale oplossing gevonden!");
+}
+
+TEST_F(Optimising, EveryStepTellsOfNumbersThatBecomeTooLarge) {
+  for (const char* command : {"mnu_Kolommen_vegen", "mnu_Automatisch_vegen"}) {
+    open(beyond_doubles);
+    choose(command);
+    for (int pressed = 0; form() != "frmFoutmelding" && pressed < 5; ++pressed) {
+      press("Enter");
+      host.advance(1.1);
+      host.answer_all();
+    }
+    EXPECT_EQ(form(), "frmFoutmelding") << command;
+    press("Enter");
+    EXPECT_EQ(form(), "") << command;
+    EXPECT_FALSE(host.is_busy(control)) << command;
+  }
+}
+
 TEST_F(Optimising, TheStepsBeforeAModelErrorStay) {
   open(unbounded_later);
   choose("mnu_optimaliseren");
