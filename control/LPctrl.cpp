@@ -27,6 +27,7 @@ Result<> LPctrl::UserControl_Initialize() {
   return_to_start();
   TRY(model_.set_derived_counts());
   TRY(InitTableau());
+  cells_.drop_entry(active());
   graph_.close();
   update();
   return {};
@@ -42,6 +43,8 @@ Task<> LPctrl::UserControl_Show() {
   grid_.redraw();
   grid_.reset_scroll_bars();
   graph_.close();
+  // Closing the graph may have hidden what has the focus.
+  if (active() && !active()->can_take_focus()) co_await resting_.take_focus();
 }
 
 void LPctrl::return_to_start() {
@@ -134,11 +137,13 @@ Task<> LPctrl::UserControl_Click() {
 
 Task<> LPctrl::UserControl_EnterFocus() {
   resting_.KleurFrameHead(-1);
-  return UserControl_Click();
+  co_await UserControl_Click();
+  co_await cells_.control_entered(active());
 }
 
 Task<> LPctrl::on_exit() {
   resting_.KleurFrameHead(0);
+  cells_.control_left(active());
   co_return;
 }
 

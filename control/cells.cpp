@@ -1,5 +1,7 @@
 #include "control/cells.h"
 
+#include <utility>
+
 #include "numbers/expression.h"
 #include "platform/desk.h"
 #include "platform/texts.h"
@@ -29,26 +31,65 @@ std::optional<Cells::StoredCell> Cells::stored_cell(GridBox cell) {
 void Cells::got_focus(GridBox cell) {
   model_.CelFout = false;
   grid_.box_of(cell).select_all();
+  text_at_entry_ = grid_.box_of(cell).text();
+}
+
+// A locked box may show what was there before another control of the page changed the tableau, a hidden one
+// what was typed for a larger problem.
+std::optional<Cells::Entry> Cells::entry_in(const platform::Control* control) {
+  const std::optional<GridBox> at = grid_.cell_of(control);
+  const std::optional<StoredCell> cell = at ? stored_cell(*at) : std::nullopt;
+  if (!cell || grid_.box_of(*at).locked() || !control->visible()) return {};
+  platform::TextBox& box = grid_.box_of(*at);
+  if (box.text() == cell->current.text(cell->column)) return {};
+  return Entry{box, *cell};
+}
+
+// False when the text cannot be read, and then nothing is stored.
+bool Cells::store(const Entry& entry) {
+  const auto value = evaluated(entry.box.text());
+  if (!value) return false;
+  entry.cell.current.write(entry.cell.column, *value, entry.box.text());
+  entry.cell.first.write(entry.cell.column, *value, entry.box.text());
+  return true;
+}
+
+void Cells::undo(const Entry& entry) {
+  entry.box.set_text(entry.cell.current.text(entry.cell.column));
 }
 
 Task<> Cells::validate(const platform::Control& control, bool escaped, bool& refused) {
-  const std::optional<GridBox> at = grid_.cell_of(&control);
-  const std::optional<StoredCell> cell = at ? stored_cell(*at) : std::nullopt;
-  // A locked box may show what was there before another control of the page changed the tableau, a hidden
-  // one what was typed for a larger problem.
-  if (!cell || grid_.box_of(*at).locked() || !control.visible()) co_return;
-  platform::TextBox& box = grid_.box_of(*at);
-  if (box.text() == cell->current.text(cell->column)) co_return;
+  const std::optional<Entry> entry = entry_in(&control);
+  if (!entry) co_return;
   if (escaped) {
-    box.set_text(cell->current.text(cell->column));
-  } else if (const auto value = evaluated(box.text())) {
-    cell->current.write(cell->column, *value, box.text());
-    cell->first.write(cell->column, *value, box.text());
-  } else {
+    undo(*entry);
+  } else if (!store(*entry)) {
     refused = true;
-    co_return co_await refuse(box);
+    co_return co_await refuse(entry->box);
   }
   graph_.rebuild();
+}
+
+// A text that was there when the person came is none of the person's, even if the tableau has another since.
+void Cells::control_left(const platform::Control* active) {
+  const std::optional<Entry> entry = entry_in(active);
+  if (!entry) return;
+  refuses_later_ = !evaluated(entry->box.text());
+  if (refuses_later_ || entry->box.text() == text_at_entry_) return;
+  store(*entry);
+  graph_.rebuild();
+}
+
+Task<> Cells::control_entered(const platform::Control* active) {
+  if (!grid_.cell_of(active)) co_return;
+  text_at_entry_ = active->text();
+  if (surface_.desk().is_covered() || !std::exchange(refuses_later_, false)) co_return;
+  bool refused = false;
+  co_await validate(*active, false, refused);
+}
+
+void Cells::drop_entry(const platform::Control* active) {
+  if (const std::optional<Entry> entry = entry_in(active)) undo(*entry);
 }
 
 Task<bool> Cells::accept(GridBox cell) {

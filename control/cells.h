@@ -1,10 +1,14 @@
-// What is typed into the cells: checked, evaluated and stored when the cell is left.
+// What is typed into the cells: checked, evaluated and stored when the cell is left, or the control.
 //
 //   Cells cells(surface, model, grid, messages, graph);
 //   co_await cells.validate(control, escaped, refused);
+//
+// Who leaves the control is not held, and nothing opens over the page: a good entry is stored, bad input
+// stays in its box, and is refused when the person comes back.
 #pragma once
 
 #include <optional>
+#include <string>
 #include <string_view>
 
 #include "control/basSafeCtl.h"
@@ -25,6 +29,12 @@ class Cells : public WalkedCells {
   // there. Bad input is refused with a message, and stays in the cell.
   platform::Task<> validate(const platform::Control& control, bool escaped, bool& refused);
 
+  // The focus leaves the control, or comes back to it. `active` may be any control, or null.
+  void control_left(const platform::Control* active);
+  platform::Task<> control_entered(const platform::Control* active);
+  // What is being typed belongs to a problem that is gone: the stored text stands there again.
+  void drop_entry(const platform::Control* active);
+
   std::optional<GridBox> cell_of(const platform::Control* control) const override {
     return grid_.cell_of(control);
   }
@@ -38,7 +48,15 @@ class Cells : public WalkedCells {
     CellRow& first;
     int column;
   };
+  // A cell whose box has another text than is stored.
+  struct Entry {
+    platform::TextBox& box;
+    StoredCell cell;
+  };
   std::optional<StoredCell> stored_cell(GridBox cell);
+  std::optional<Entry> entry_in(const platform::Control* control);
+  static bool store(const Entry& entry);
+  static void undo(const Entry& entry);
   platform::Task<> refuse(platform::TextBox& box);
 
   platform::Surface& surface_;
@@ -46,6 +64,8 @@ class Cells : public WalkedCells {
   Grid& grid_;
   Messages& messages_;
   GraphView& graph_;
+  std::string text_at_entry_;   // of the active cell, when it or the control was entered
+  bool refuses_later_ = false;  // bad input was left in its box
 };
 
 }  // namespace tabulon

@@ -82,6 +82,34 @@ TEST_F(LifeCycle, ShowLaysOutNothing) {
   EXPECT_EQ(text("txtRL", 2), " 12");
 }
 
+TEST_F(LifeCycle, ShowingItAgainTakesTheFocusFromAButtonOfTheGraphThatIsHidden) {
+  open(two_products);
+  choose("mnu_Grafiek");
+  for (const char* way : {"Reset", "Kopieren", "Sluiten"}) {
+    host.desk().focus(*control.find("cmd" + std::string(way)));
+    host.desk().call(control, control.UserControl_Show());
+    EXPECT_EQ(focus(), "txtFocus") << way;
+    choose("mnu_Grafiek");
+  }
+}
+
+TEST_F(LifeCycle, ALoadedProblemWithThreeVariablesHasNoGraphToOpenByEnter) {
+  open(two_products);
+  choose("mnu_Grafiek");
+  host.desk().focus(*control.find("cmdReset"));
+  open({{"prmNrBeslisVar", "3"}});
+  for (const char* key : {"Enter", "Space"}) press(key);
+  EXPECT_FALSE(shown("frmGrafiek"));
+  EXPECT_EQ(focus(), "txtFocus");
+}
+
+// A host that is late may still report a click on what was there.
+TEST_F(LifeCycle, AClickOnAHiddenButtonDoesNothing) {
+  open({{"prmNrBeslisVar", "3"}});
+  click("cmdReset");
+  EXPECT_FALSE(shown("frmGrafiek"));
+}
+
 TEST_F(LifeCycle, ShowReportsCountsBeyondTheStorage) {
   open();
   model.NrBeslisVar = 31;

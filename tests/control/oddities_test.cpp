@@ -117,5 +117,15 @@ TEST_F(OdditiesOfTwo, AnOldTextInABoxToTypeInIsStoredWhenItIsLeft) {
   EXPECT_EQ(model.current.row(3).value(2), 2);
 }
 
+TEST_F(OdditiesOfTwo, AnOldTextIsNotStoredByPassingThrough) {
+  neighbour.click("txtRL", 1);  // 4 when it was drawn
+  enter_text("txtRL", 1, "5");
+  host.desk().leave(control);
+  host.desk().leave(other);
+  host.desk().enter(other);
+  host.desk().leave(other);
+  EXPECT_EQ(model.current.row(1).right(), 5);
+}
+
 }  // namespace
 }  // namespace tabulon

@@ -468,15 +468,76 @@ TEST_F(Focus, ComingInForTheFirstTimeGoesToTheHiddenBox) {
   EXPECT_EQ(colour("FrameHead"), with_focus);
 }
 
-TEST_F(Focus, LeavingTheControlKeepsWhatIsBeingTyped) {
+TEST_F(Focus, LeavingTheControlStoresAGoodEntry) {
+  open();
+  enter_text("txtTableau", 1, " 1/2");
+  host.desk().leave(control);
+  EXPECT_EQ(model.current.row(1).value(1), 0.5);
+  EXPECT_EQ(model.first.row(1).text(1), " 1/2");
+  EXPECT_EQ(text("txtTableau", 1), " 1/2");
+  EXPECT_EQ(form(), "");
+  host.desk().enter(control);
+  EXPECT_EQ(form(), "");
+  EXPECT_EQ(focus(), "txtTableau 1");
+}
+
+TEST_F(Focus, AScriptThatSavesAfterTheControlWasLeftSavesTheEntry) {
+  open();
+  enter_text("txtRL", 2, "77");
+  host.desk().leave(control);
+  ASSERT_TRUE(control.SchrijfTableau("les.tbl"));
+  EXPECT_NE(host.memory_files.contents["les.tbl"].find("77"), std::string::npos);
+}
+
+TEST_F(Focus, AnEntryStoredByLeavingTheControlRebuildsTheGraph) {
+  open(two_products);
+  choose("mnu_Grafiek");
+  const auto drawing = [&] {
+    return static_cast<const platform::PictureBox&>(*control.find("PictureLN")).drawing();
+  };
+  const auto before = drawing();
+  enter_text("txtRL", 1, "2");
+  host.desk().leave(control);
+  EXPECT_NE(drawing(), before);
+}
+
+TEST_F(Focus, BadInputStaysWhenTheControlIsLeftAndIsRefusedEachTimeThePupilComesBack) {
+  open();
+  enter_text("txtTableau", 1, "1/");
+  for (int round = 0; round < 2; ++round) {
+    host.desk().leave(control);
+    EXPECT_EQ(text("txtTableau", 1), "1/");
+    EXPECT_EQ(model.current.row(1).text(1), " 0");
+    EXPECT_EQ(form(), "");
+    host.desk().enter(control);
+    EXPECT_EQ(text("lblMelding"), "Invoerfout!");
+    press("Enter");
+    EXPECT_EQ(form(), "");
+    EXPECT_EQ(focus(), "txtTableau 1");
+  }
+  press("Escape");
+  host.desk().leave(control);
+  host.desk().enter(control);
+  EXPECT_EQ(form(), "");
+}
+
+TEST_F(Focus, BadInputThatAScriptReplacesMeanwhileIsNotAskedAbout) {
   open();
   enter_text("txtTableau", 1, "1/");
   host.desk().leave(control);
-  EXPECT_EQ(text("txtTableau", 1), "1/");
-  EXPECT_EQ(form(), "");
+  set("prmKleinerGelijkVglen", std::string(" 1, 2, 3, 4"));
   host.desk().enter(control);
-  press("Tab");
-  EXPECT_EQ(form(), "frmMelding");
+  EXPECT_EQ(form(), "");
+  EXPECT_EQ(text("txtTableau", 1), " 1");
+}
+
+TEST_F(Focus, BadInputIsNotAskedAboutOverAFormOfAScript) {
+  open();
+  enter_text("txtTableau", 1, "1/");
+  host.desk().leave(control);
+  host.desk().call(control, control.ShowAboutBox());
+  host.desk().enter(control);
+  EXPECT_EQ(form(), "frmAboutLP");
 }
 
 TEST_F(Focus, HiddenBoxesAreNotSeen) {
