@@ -219,6 +219,10 @@ void ComPlayer::click(const Named& what) {
   person_.click(middle_of(find(what).box));
 }
 
+void ComPlayer::leave() {
+  person_.click(middle_of(container_.own_box()));
+}
+
 void ComPlayer::choose(const std::string& name) {
   Seen item;
   eventually([&] { item = find_item(name); });

@@ -45,6 +45,7 @@ class ComPlayer final : public scenarios::Interpreter {
   void parameter(const std::string& name, const std::string& text) override;
   void show() override;
   void click(const Named& what) override;
+  void leave() override;
   void choose(const std::string& name) override;
   void hover(const std::string& name) override;
   void press_key(const platform::KeyPress& key) override;

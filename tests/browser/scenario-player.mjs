@@ -245,6 +245,11 @@ export const sentences = {
     await this.clickAt((await this.findShown(named)).box);
   },
 
+  async leave() {
+    const { bottom } = await this.page.$eval("tabulon-lpctrl", (element) => element.getBoundingClientRect().toJSON());
+    await this.page.mouse.click(20, bottom + 20);
+  },
+
   async "choose ITEM"(name) {
     const item = await this.eventually(() => this.find({ name }));
     await this.page.mouse.move(item.box.left + item.box.width / 2, item.box.top + item.box.height / 2);

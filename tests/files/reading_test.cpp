@@ -15,8 +15,8 @@ class Reading : public FilesTest {
 };
 
 TEST_F(Reading, EveryGoldenFileIsReadAsItWasWritten) {
-  for (const char* name :
-       {"default-problem.tbl", "one-variable.tbl", "big-m-in-fractions.tbl", "thirty-columns.tbl"}) {
+  for (const char* name : {"default-problem.tbl", "half-typed-in.tbl", "one-variable.tbl",
+                           "big-m-in-fractions.tbl", "thirty-columns.tbl"}) {
     EXPECT_EQ(read(golden(name)), TableauRead::Read) << name;
     EXPECT_EQ(written(model), golden(name));
   }

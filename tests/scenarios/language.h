@@ -159,6 +159,7 @@ class Words {
   virtual void page(const Parameters& parameters) = 0;
   virtual void show() = 0;
   virtual void click(const Named& what) = 0;
+  virtual void leave() = 0;
   virtual void choose(const std::string& item) = 0;
   virtual void hover(const std::string& item) = 0;
   virtual void press(const Keys& keys) = 0;
@@ -246,6 +247,7 @@ inline constexpr Sentence sentences[] = {
     form::sentence<&Words::page>("page PARAMETERS", "the page's parameters, on the lines below"),
     form::sentence<&Words::show>("show", "the page with its control"),
     form::sentence<&Words::click>("click CONTROL", "a click on a text box, button or label"),
+    form::sentence<&Words::leave>("leave", "a click beside the control"),
     form::sentence<&Words::choose>("choose ITEM", "a click on an item of the open menu"),
     form::sentence<&Words::hover>("hover ITEM", "the pointer rests on an item of the open menu"),
     form::sentence<&Words::press>("press KEY...", "one key after the other"),

@@ -109,8 +109,13 @@ void Player::click(const Named& what) {
   Control& control = find_shown(what);
   Desk& desk = host_.desk();
   if (host_.open_menu()) return desk.menu_dismiss();
+  if (!host_.top_form()) desk.enter(control_);
   if (control.kind() == Kind::TextBox) desk.focus(control);
   desk.click(control);
+}
+
+void Player::leave() {
+  host_.desk().leave(control_);
 }
 
 void Player::choose(const std::string& name) {

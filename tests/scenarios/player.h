@@ -28,6 +28,7 @@ class Player final : public Interpreter {
   void parameter(const std::string& name, const std::string& text) override;
   void show() override;
   void click(const Named& what) override;
+  void leave() override;
   void choose(const std::string& item) override;
   void hover(const std::string& item) override;
   void press_key(const platform::KeyPress& key) override;
