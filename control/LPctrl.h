@@ -81,6 +81,7 @@ class LPctrl : public platform::Surface, private ProblemView {
   platform::Task<> on_pointer(platform::Control& control, platform::Pointer pointer) override;
   platform::Task<> on_enter() override { return UserControl_EnterFocus(); }
   platform::Task<> on_exit() override;
+  platform::Bounds kept_free() const override { return grid_.pivot_bounds(); }
   void on_covered() override { keyboard_.walk(); }
   platform::Task<> on_failure(const RunTimeError& error) override { return messages_.show_failure(error); }
   void update() override { menu_bar_.update(); }
@@ -110,7 +111,7 @@ class LPctrl : public platform::Surface, private ProblemView {
 
   Messages messages_{*this, model_};
   Cells cells_{*this, model_, grid_, messages_, graph_};
-  ProblemParameters parameters_{*this, model_, grid_, *this};
+  ProblemParameters parameters_{*this, model_, grid_, graph_, *this};
   TableauCommands commands_{{*this, model_, fill_in_, messages_, resting_.txtFocus, grid_, graph_}};
   NewProblemCommands new_problem_{*this, model_, resting_.txtFocus, commands_, *this};
   FileCommands files_{*this, model_, resting_.txtFocus, *this};

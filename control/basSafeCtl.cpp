@@ -211,6 +211,7 @@ Result<> InitTableau(basSafeCtl& model) {
   const Shape shape = TRY(model.shape());
   model.NrTableau = 1;
   model.TableauGestart = 1;
+  model.laid_out_for = model.size();
   for (TableauState* tableau : {&model.current, &model.first}) {
     init_row_F(tableau->row_F(), model, shape.columns);
     for (int row = 1; row <= shape.rows; ++row)

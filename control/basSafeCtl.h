@@ -127,6 +127,12 @@ struct Shape {
   int columns = 0;  // 0..30
 };
 
+// What a problem consists of: its decision variables and its constraints of each kind.
+struct ProblemSize {
+  std::int16_t variables = 0, less_equal = 0, greater_equal = 0, equal = 0;
+  friend bool operator==(const ProblemSize&, const ProblemSize&) = default;
+};
+
 struct basSafeCtl {
   // ---- Counts
   std::int16_t NrBeslisVar = 2;
@@ -143,6 +149,7 @@ struct basSafeCtl {
   // ---- The tableau, and the first one of the problem
   TableauState current;
   TableauState first;
+  ProblemSize laid_out_for;
 
   // ---- Flags and positions
   bool Breuken = false;  // numbers are shown as fractions
@@ -165,6 +172,9 @@ struct basSafeCtl {
 
   int rows() const { return NrKleinerGelijkVglen + NrGroterGelijkVglen + NrGelijkVglen; }
   int columns() const { return NrBeslisVar + NrSpelingsVar + NrSurplusVar + NrKunstmatigeVar; }
+  ProblemSize size() const { return {NrBeslisVar, NrKleinerGelijkVglen, NrGroterGelijkVglen, NrGelijkVglen}; }
+  // Whether the tableau is one of the counts' size; a script may have set others since.
+  bool is_laid_out() const { return laid_out_for == size(); }
   // Rows and columns of the problem; error 9 when the counts ask for more than the storage holds.
   Result<Shape> shape() const;
   // Slack, surplus and artificial counts from the row counts. Error 6, and nothing written, beyond 16 bits.

@@ -33,6 +33,9 @@ class GraphView {
  public:
   // After a command that may have changed what it shows; does nothing while it is closed.
   virtual void rebuild() = 0;
+  // The same after the problem itself has changed, and after numbers are written in another way.
+  virtual void problem_changed() = 0;
+  virtual void numbers_rewritten() = 0;
 
  protected:
   ~GraphView() = default;

@@ -200,6 +200,13 @@ platform::TextBox& Grid::box_of(GridBox cell) {
   return txtRL(cell.index);
 }
 
+platform::Bounds Grid::pivot_bounds() const {
+  const int row = model_.PivotRij - model_.StartRij + 1, column = model_.PivotKolom - model_.StartKolom + 1;
+  if (row < 1 || row > grid_rows || column < 1 || column > grid_columns) return {};
+  const platform::TextBox& box = txtTableau((row - 1) * grid_columns + column);
+  return box.shown() ? box.bounds() : platform::Bounds{};
+}
+
 std::optional<GridBox> Grid::cell_of(const platform::Control* control) const {
   if (txtRij_F.has(control)) return GridBox{CellArray::RowF, control->index()};
   if (txtTableau.has(control)) return GridBox{CellArray::Cells, control->index()};

@@ -45,6 +45,8 @@ class Grid : public TableauView {
   platform::TextBox& box_of(GridBox cell);
   // Nothing for a control that is no cell.
   std::optional<GridBox> cell_of(const platform::Control* control) const;
+  // Of the cell that is marked as the pivot element; without a size where none is to be seen.
+  platform::Bounds pivot_bounds() const;
   // What the box shows; nothing when the grid is scrolled to where the storage has none.
   std::optional<TableauPlace> place_of(GridBox cell) const;
 

@@ -177,14 +177,22 @@ std::optional<Result<>> ProblemParameters::set(std::string_view name, const Prop
 
 Result<> ProblemParameters::set_prmShow(const PropertyValue& value) {
   if (!TRY(to_truth(value))) return {};
+  return show_new_problem();
+}
+
+Result<> ProblemParameters::show_new_problem() {
   TRY(problem_.start_problem());
   surface_.desk().call(surface_, problem_.show_problem());
   return {};
 }
 
+// A list is for the counts of the moment. Where the tableau is not, because a script has set other counts and
+// not yet shown them, a new one comes first: else rows and columns would belong to different problems.
 Result<> ProblemParameters::set_list(const ListParameter& parameter, std::string_view text) {
+  if (!model_.is_laid_out()) TRY(show_new_problem());
   Result<> applied = apply_list(parameter, text);
   if (applied) applied = grid_.ToonTableau(model_.StartKolom, model_.StartRij);
+  if (applied) graph_.problem_changed();
   surface_.desk().flush();
   return applied;
 }

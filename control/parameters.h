@@ -21,8 +21,9 @@ struct ListParameter;
 
 class ProblemParameters {
  public:
-  ProblemParameters(platform::Surface& surface, basSafeCtl& model, Grid& grid, ProblemView& problem)
-      : surface_(surface), model_(model), grid_(grid), problem_(problem) {}
+  ProblemParameters(platform::Surface& surface, basSafeCtl& model, Grid& grid, GraphView& graph,
+                    ProblemView& problem)
+      : surface_(surface), model_(model), grid_(grid), graph_(graph), problem_(problem) {}
 
   // Reads the page's parameters and the tableau from them, and draws it. Errors 6, 9 and 13, the subject
   // naming the parameter; the counts are then what they were, and the tableau is a new one of that size.
@@ -37,6 +38,7 @@ class ProblemParameters {
   Result<> read_counts(const PropertyBag& page);
   Result<> read_lists(const PropertyBag& page);
   Result<> set_prmShow(const PropertyValue& value);
+  Result<> show_new_problem();
   Result<> set_list(const ListParameter& parameter, std::string_view text);
   Result<> apply_list(const ListParameter& parameter, std::string_view text);
   Result<> apply_objective(std::string_view text);
@@ -46,6 +48,7 @@ class ProblemParameters {
   platform::Surface& surface_;
   basSafeCtl& model_;
   Grid& grid_;
+  GraphView& graph_;
   ProblemView& problem_;
 
   // The last text of each list: kept for who looks at the control, nothing reads it.

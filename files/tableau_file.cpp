@@ -91,6 +91,7 @@ Result<TableauRead> read_after_header(basSafeCtl& model, std::string_view header
   lines.whole(model.StartKolom);
   pass_cells(lines, model);
   TRY(lines.result());
+  model.laid_out_for = model.size();
   TRY(file.close());
   return TableauRead::Read;
 }

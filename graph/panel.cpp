@@ -28,6 +28,8 @@ constexpr int long_step = 10;          // how many steps an arrow key goes with 
 
 constexpr std::string_view copy_refused =
     "De afbeelding kon niet naar het klembord worden gekopieerd. Probeer het nog eens.";
+constexpr std::string_view saved_instead =
+    "Deze pagina is niet beveiligd (https) en mag niet bij het klembord. De afbeelding is gedownload.";
 
 // To the nearest whole number, halves to the even one.
 std::int32_t whole(double number) {
@@ -80,9 +82,21 @@ void GraphPanel::show(bool open) {
   if (open && around_.model.NrTableau > 0) draw();
 }
 
+// A level line that the next problem does not reach would else be that of the problem before.
 void GraphPanel::close() {
+  hide_point();
   open_ = false;
   frmGrafiek.set_visible(false);
+}
+
+void GraphPanel::problem_changed() {
+  hide_point();
+  rebuild();
+}
+
+// The cross stays where the person has dragged it.
+void GraphPanel::numbers_rewritten() {
+  if (open_ && draw_problem() && imgCross.visible()) show_point(shown_point_);
 }
 
 // ---- Drawing
@@ -98,20 +112,24 @@ void GraphPanel::hide_point() {
 }
 
 void GraphPanel::draw() {
-  const auto constraints = graph::constraints_of(around_.model);
   const auto point = graph::basic_point(around_.model);
+  if (!draw_problem() || !point || around_.model.NrTableau == 1) return;
+  place_cross(graph::cross_place(*point, m_dblMaxX1));
+  imgCross.set_visible(true);
+  PictureLN.set_tab(PictureLN.tab_index(), true);
+  show_point(*point);
+}
+
+bool GraphPanel::draw_problem() {
+  const auto constraints = graph::constraints_of(around_.model);
   around_.surface.report(constraints);
-  if (!constraints || !point) return;
+  if (!constraints) return false;
   m_dblMaxX1 = graph::axis_range(*constraints);
   m_strMaxX1 = numbers::strSoortGetal(number_mode(), m_dblMaxX1);
   m_dblMaxX2 = m_dblMaxX1;
   m_strMaxX2 = m_strMaxX1;
   PictureLN.set_drawing(graph::problem_drawing(*constraints, m_dblMaxX1, {m_strMaxX1, m_strMaxX2}));
-  if (around_.model.NrTableau == 1) return;
-  place_cross(graph::cross_place(*point, m_dblMaxX1));
-  imgCross.set_visible(true);
-  PictureLN.set_tab(PictureLN.tab_index(), true);
-  show_point(*point);
+  return true;
 }
 
 std::int16_t GraphPanel::number_mode() const {
@@ -124,6 +142,7 @@ void GraphPanel::place_cross(platform::Point place) {
 
 // The values of a point, and the level line through it.
 void GraphPanel::show_point(graph::PlanePoint point) {
+  shown_point_ = point;
   const graph::Objective objective = graph::objective_of(around_.model);
   const auto shown = [this](double value) { return numbers::strSoortGetal(number_mode(), value); };
   lblDoelfunctie.set_text(shown(graph::objective_value(objective, point)));
@@ -240,10 +259,12 @@ Task<> GraphPanel::cmdKopieren_Click() {
   if (imgCross.visible()) cross = cross_place();
   platform::Desk& desk = around_.surface.desk();
   desk.host().clear_clipboard();
-  const bool copied =
+  const std::string refusal =
       co_await desk.copy_picture({graph::copied_drawing(PictureLN.drawing(), level, cross), PictureLN.scale(),
                                   PictureLN.bounds().width, PictureLN.bounds().height});
-  if (!copied) co_await around_.failures.show_failure(std::string(copy_refused));
+  if (refusal.empty()) co_return;
+  co_await around_.failures.show_failure(
+      std::string(refusal == platform::saved_instead ? saved_instead : copy_refused));
 }
 
 }  // namespace tabulon

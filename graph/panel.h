@@ -32,6 +32,9 @@ class GraphPanel : public GraphView {
   bool is_offered() const { return around_.model.NrBeslisVar == 2; }
   void mnu_Grafiek_Click();
   void rebuild() override;
+  void problem_changed() override;
+  void numbers_rewritten() override;
+  // For another problem.
   void close();
 
   // ---- What happens on its controls. Each tells whether the event was the panel's.
@@ -50,6 +53,7 @@ class GraphPanel : public GraphView {
   void show(bool open);
   void hide_point();
   void draw();
+  bool draw_problem();
   std::int16_t number_mode() const;
   void place_cross(platform::Point place);
   void show_point(graph::PlanePoint point);
@@ -70,6 +74,7 @@ class GraphPanel : public GraphView {
   bool open_ = false;                     // the mark of mnu_Grafiek
   double m_dblMaxX1 = 0, m_dblMaxX2 = 0;  // where the axes end; always the same
   std::string m_strMaxX1, m_strMaxX2;     // and what stands there
+  graph::PlanePoint shown_point_;
   bool m_blnGrafiek = false;      // it has been shown; kept for who looks at the control, nothing reads it
   std::int32_t m_lngGrabX = 0;    // where a drag began, on the control that was pressed
   std::int32_t m_lngGrabY = 500;  // 500 when there is none

@@ -102,11 +102,10 @@ Task<> Desk::wait_milliseconds(double milliseconds) {
   co_await waiting.answer;
 }
 
-Task<bool> Desk::copy_picture(ClipboardPicture picture) {
+Task<std::string> Desk::copy_picture(ClipboardPicture picture) {
   Waiting waiting(*this);
   host_.copy_picture(picture, waiting.ticket);
-  const std::string refusal = co_await waiting.answer;
-  co_return refusal.empty();
+  co_return co_await waiting.answer;
 }
 
 // ---- Events

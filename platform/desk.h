@@ -47,7 +47,8 @@ class Desk : public SurfaceOwner {
   // Gives the host's thread back for a moment when the handler has held it long; nearly free otherwise.
   Task<> yield();
   Task<> wait_milliseconds(double milliseconds);
-  Task<bool> copy_picture(ClipboardPicture picture);
+  // What the host answers: why there is no picture on the clipboard, or nothing.
+  Task<std::string> copy_picture(ClipboardPicture picture);
 
   // ---- What hosts call. Each returns whether the event was taken.
   bool accepts(const Surface& surface) const;

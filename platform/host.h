@@ -36,6 +36,9 @@ struct ClipboardPicture {
   Twips width = 0, height = 0;
 };
 
+// What a host answers for a picture that it has saved as a file, because its page may not use the clipboard.
+inline constexpr std::string_view saved_instead = "saved instead";
+
 class Host {
  public:
   virtual ~Host() = default;
@@ -64,6 +67,7 @@ class Host {
   virtual void show_file_dialog(const FileDialog& dialog, Ticket ticket) = 0;  // answered with the name
   virtual FileStore& files() = 0;
   virtual void clear_clipboard() = 0;
+  // Answered with why it is not on the clipboard, or with nothing.
   virtual void copy_picture(const ClipboardPicture& picture, Ticket ticket) = 0;
 
   // ---- Reports

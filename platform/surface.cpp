@@ -165,6 +165,12 @@ void Form::set_caption(std::string_view caption) {
 Form::Form(Surface& owner, std::string_view name, Twips width, Twips height)
     : Surface(owner.owner_, name, width, height), opener_(owner) {}
 
+Point Form::place() const {
+  constexpr Twips title_height = 510;  // with what hosts draw around it, and rather more than less
+  return form_place({width(), height() + title_height}, {opener_.width(), opener_.height()},
+                    opener_.kept_free());
+}
+
 Task<> Form::on_activate() {
   co_return;
 }

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "platform/controls.h"
+#include "platform/form_place.h"
 #include "platform/keys.h"
 #include "platform/run_time_error.h"
 #include "platform/task.h"
@@ -100,6 +101,8 @@ class Surface : public ControlOwner {
   virtual Task<> on_pointer(Control& control, Pointer pointer);
   virtual Task<> on_enter();
   virtual Task<> on_exit();
+  // What a form that opens over the surface leaves to be seen, in twips; without a size there is nothing.
+  virtual Bounds kept_free() const { return {}; }
   virtual void on_covered() {}  // a form or a menu opens over the surface
   // What the person did here has failed. By default the host is told.
   virtual Task<> on_failure(const RunTimeError& error);
@@ -124,6 +127,9 @@ class Form : public Surface {
   Form(Surface& owner, std::string_view name, Twips width, Twips height);
   Surface& owner() const { return opener_; }
   bool is_form() const final { return true; }
+
+  // Where its title begins when it opens, in twips on its owner.
+  Point place() const;
 
   const std::string& caption() const { return caption_; }
   void set_caption(std::string_view caption);

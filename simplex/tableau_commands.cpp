@@ -178,6 +178,7 @@ void TableauCommands::mnu_Breuken_Click() {
   model().Breuken = !model().Breuken;
   around_.surface.report(rewrite_texts(model()));
   around_.tableau.redraw();
+  around_.graph.numbers_rewritten();
 }
 
 }  // namespace tabulon

@@ -5,6 +5,7 @@
 
 #include "hosts/activex/density.h"
 #include "hosts/activex/names.h"
+#include "hosts/activex/pixels.h"
 #include "hosts/activex/text.h"
 #include "hosts/activex/window_text.h"
 
@@ -26,10 +27,16 @@ RECT within_screen(RECT place, HWND near_to) {
   return place;
 }
 
-RECT centred(RECT place, const RECT& around) {
-  OffsetRect(&place, (around.left + around.right - place.left - place.right) / 2,
-             (around.top + around.bottom - place.top - place.bottom) / 2);
+// With its middle where it is wanted.
+RECT around(POINT middle, RECT place) {
+  OffsetRect(&place, middle.x - (place.left + place.right) / 2, middle.y - (place.top + place.bottom) / 2);
   return place;
+}
+
+POINT middle_of(HWND window) {
+  RECT place{};
+  GetWindowRect(window, &place);
+  return {(place.left + place.right) / 2, (place.top + place.bottom) / 2};
 }
 
 }  // namespace
@@ -41,10 +48,19 @@ FormView::FormView(const Services& services, platform::Form& form, ViewSite& sit
 bool FormView::open_over(HWND over) {
   owner_ = over ? GetAncestor(over, GA_ROOT) : nullptr;
   set_dpi(dpi_of(over));
-  RECT place{0, 0, size().cx, size().cy}, around{};
+  RECT place{0, 0, size().cx, size().cy};
   add_edge(place);
-  GetWindowRect(over ? over : GetDesktopWindow(), &around);
-  return create({form_class, style, extended_style}, within_screen(centred(place, around), over), owner_);
+  const POINT middle = over ? middle_on(over, place) : middle_of(GetDesktopWindow());
+  return create({form_class, style, extended_style}, within_screen(around(middle, place), over), owner_);
+}
+
+// The form's own place is that of its window's corner.
+POINT FormView::middle_on(HWND over, const RECT& window) const {
+  const platform::Point corner = static_cast<const platform::Form&>(*surface()).place();
+  POINT middle{pixels_at(corner.x, dpi()) + (window.right - window.left) / 2,
+               pixels_at(corner.y, dpi()) + (window.bottom - window.top) / 2};
+  ClientToScreen(over, &middle);
+  return middle;
 }
 
 void FormView::add_edge(RECT& inside) const {

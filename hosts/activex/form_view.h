@@ -16,13 +16,14 @@ class FormView final : public SurfaceView {
   // `given_up` is called when the window is destroyed with its owner before anybody has answered the form.
   FormView(const Services& services, platform::Form& form, ViewSite& site, std::function<void()> given_up);
 
-  // Creates the window centred over another, or on the screen; it stays hidden.
+  // Creates the window in the form's place on another, or in the middle of the screen; it stays hidden.
   bool open_over(HWND over);
   void show();
   void detach() override;
   void mirror() override;
 
  private:
+  POINT middle_on(HWND over, const RECT& window) const;
   void add_edge(RECT& inside) const override;
   void on_destroyed() override;
 

@@ -25,7 +25,7 @@ function kindOf(filter: string): Kind {
   return { description, extension: pattern.replace("*", "") };
 }
 
-function download(name: string, content: Blob): void {
+export function download(name: string, content: Blob): void {
   const link = make("a", "");
   link.href = URL.createObjectURL(content);
   link.download = name;

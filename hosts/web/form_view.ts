@@ -1,20 +1,42 @@
-// An open form: a modal dialog over the control.
-import { Key } from "#shared";
+// An open form: a modal dialog over the control, which the person can move by its title: with the mouse, a finger,
+// or the arrow keys and Ctrl.
+import { Key, Measure, PointerAction } from "#shared";
 import type { OpenedSurface, SurfaceChange } from "#wire";
 import type { ControlView } from "./control_view.js";
 import { make } from "./dom.js";
 import type { Send } from "./module.js";
+import { holdPointer } from "./pointer.js";
 import type { RecordReader } from "./record.js";
 import { Around } from "./styles.js";
 import { SurfaceView } from "./surface_view.js";
 
 const leastMargin = 8;
+const keyStep = 16; // pixels by which an arrow key moves a form
+const leastGrip = 48; // pixels of the title that stay in the window, to take hold of
+
+const directions: Record<string, readonly [number, number]> = {
+  ArrowLeft: [-1, 0],
+  ArrowRight: [1, 0],
+  ArrowUp: [0, -1],
+  ArrowDown: [0, 1],
+};
+
+const between = (low: number, at: number, high: number): number => Math.round(Math.max(low, Math.min(at, high)));
+
+// The nearest place at which all of it is in the window, or its beginning where it is larger.
+function within(at: number, size: number, room: number): number {
+  const margin = between(0, (room - size) / 2, leastMargin);
+  return between(margin, at, room - size - margin);
+}
 
 export class FormView extends SurfaceView {
   readonly dialog = make("dialog", "form");
   readonly #title = make("div", "title");
   // What the form opens over.
   readonly #below: HTMLElement;
+  // Its middle, on what it opens over.
+  readonly #middle: readonly [number, number];
+  readonly #listening = new AbortController();
   #hasClosed = false;
 
   constructor(
@@ -26,6 +48,10 @@ export class FormView extends SurfaceView {
   ) {
     super(opened, send, introduced);
     this.#below = below;
+    this.#middle = [
+      opened.left / Measure.twipsPerPixel + this.width / 2,
+      opened.top / Measure.twipsPerPixel + (this.height + Around.formTitle) / 2,
+    ];
     this.ground.id = `form${opened.id}`;
     this.#title.id = `title${opened.id}`;
     this.dialog.dataset.name = opened.name;
@@ -35,6 +61,10 @@ export class FormView extends SurfaceView {
     this.dialog.setAttribute("closedby", "none");
     this.dialog.addEventListener("cancel", (event) => event.preventDefault());
     this.dialog.addEventListener("close", () => this.#refuseToClose(send));
+    this.dialog.addEventListener("keydown", (event) => this.#moveByKey(event));
+    this.dialog.addEventListener("focusin", (event) => this.#bringIntoView(event.target));
+    this.#title.addEventListener("pointerdown", (event) => this.#drag(event));
+    addEventListener("resize", () => this.#stayInWindow(), this.#listening);
     this.dialog.append(this.#title, this.ground);
     root.append(this.dialog);
   }
@@ -53,8 +83,8 @@ export class FormView extends SurfaceView {
 
   show(): void {
     if (this.dialog.open || !this.dialog.isConnected) return;
-    this.#placeOverControl();
     this.dialog.showModal();
+    this.#placeOverControl();
   }
 
   // After its element has moved in the page the dialog stands no longer above it.
@@ -65,17 +95,59 @@ export class FormView extends SurfaceView {
 
   close(): void {
     this.#hasClosed = true;
+    this.#listening.abort();
     this.dialog.close();
     this.dialog.remove();
   }
 
+  // ---- Where it stands. A page may scale the control, or all that is in it.
+
   #placeOverControl(): void {
     const control = this.#below.getBoundingClientRect();
-    const width = this.width + 2 * Around.border;
-    const height = this.height + Around.formTitle + 2 * Around.border;
-    const within = (at: number, room: number) => Math.round(Math.max(leastMargin, Math.min(at, room - leastMargin)));
-    this.dialog.style.left = `${within(control.left + (control.width - width) / 2, innerWidth - width)}px`;
-    this.dialog.style.top = `${within(control.top + (control.height - height) / 2, innerHeight - height)}px`;
+    const { width, height } = this.dialog.getBoundingClientRect();
+    const scale = control.width / this.#below.offsetWidth || 1;
+    const [x, y] = this.#middle;
+    this.#moveTo(
+      within(control.left + x * scale - width / 2, width, innerWidth),
+      within(control.top + y * scale - height / 2, height, innerHeight),
+    );
+  }
+
+  #moveTo(left: number, top: number): void {
+    const { width } = this.dialog.getBoundingClientRect();
+    const scale = width / this.dialog.offsetWidth || 1;
+    this.dialog.style.left = `${between(leastGrip - width, left, innerWidth - leastGrip) / scale}px`;
+    this.dialog.style.top = `${between(0, top, innerHeight - Around.formTitle) / scale}px`;
+  }
+
+  #stayInWindow(): void {
+    if (!this.dialog.open) return;
+    const { left, top, width, height } = this.dialog.getBoundingClientRect();
+    this.#moveTo(within(left, width, innerWidth), within(top, height, innerHeight));
+  }
+
+  #drag(pressed: PointerEvent): void {
+    if (!pressed.isPrimary || pressed.button !== 0) return;
+    const { left, top } = this.dialog.getBoundingClientRect();
+    holdPointer(this.#title, pressed, ({ clientX, clientY }, action) => {
+      if (action === PointerAction.Move)
+        this.#moveTo(left + clientX - pressed.clientX, top + clientY - pressed.clientY);
+    });
+  }
+
+  #moveByKey(event: KeyboardEvent): void {
+    const direction = directions[event.key];
+    if (!direction || !event.ctrlKey || event.altKey || event.shiftKey || event.metaKey) return;
+    event.preventDefault();
+    event.stopPropagation();
+    const { left, top } = this.dialog.getBoundingClientRect();
+    this.#moveTo(left + direction[0] * keyStep, top + direction[1] * keyStep);
+  }
+
+  // In a small window a form scrolls: what has the focus is to be seen.
+  #bringIntoView(target: EventTarget | null): void {
+    if (target instanceof HTMLElement && target !== this.dialog)
+      target.scrollIntoView({ block: "nearest", inline: "nearest" });
   }
 
   // A browser may close a dialog by a gesture of its own: that is the form's Escape.

@@ -195,18 +195,24 @@ const css = `
   position: fixed;
   margin: 0;
   padding: 0;
-  max-width: none;
-  max-height: none;
+  max-width: 100vw;
+  max-height: 100dvh;
   border: ${Around.border}px solid #8d97a5;
   border-radius: 8px;
   background-color: ${Look.form};
   box-shadow: 0 1px 2px rgb(16 24 40 / 12%), 0 12px 32px rgb(16 24 40 / 24%);
-  overflow: clip;
+  overflow: auto;
+  scroll-padding: ${Around.formTitle + 8}px 8px 8px;
   outline: none;
   color-scheme: light;
 }
 .form::backdrop { background-color: rgb(16 24 40 / 10%); }
 .form .title {
+  position: sticky;
+  top: 0;
+  left: 0;
+  z-index: 1;
+  touch-action: none;
   height: ${Around.formTitle}px;
   padding: 0 12px 0 9px;
   line-height: ${Around.formTitle - 1}px;

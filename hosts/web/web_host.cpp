@@ -9,7 +9,7 @@ namespace tabulon::web {
 using namespace platform;
 
 int WebHost::add(Surface& surface) {
-  return show(surface, 0);
+  return show(surface, 0, {});
 }
 
 void WebHost::remove(Surface& surface) {
@@ -35,7 +35,7 @@ int WebHost::id_of(const Surface& surface) const {
   return found != shown_.end() ? found->id : 0;
 }
 
-int WebHost::show(Surface& surface, int owner) {
+int WebHost::show(Surface& surface, int owner, Point place) {
   shown_.push_back({++last_id_, &surface});
   surface.mark_changed();
   record_.clear();
@@ -43,6 +43,8 @@ int WebHost::show(Surface& surface, int owner) {
                                            .owner = owner,
                                            .width = surface.width(),
                                            .height = surface.height(),
+                                           .left = place.x,
+                                           .top = place.y,
                                            .name = surface.name()});
   page::open_surface(record_.data(), record_.size());
   return last_id_;
@@ -59,7 +61,7 @@ void WebHost::mirror(Surface& surface) {
 }
 
 void WebHost::open_form(Form& form) {
-  show(form, id_of(form.owner()));
+  show(form, id_of(form.owner()), form.place());
 }
 
 void WebHost::update_menu(const MenuSession& menu) {

@@ -64,7 +64,8 @@ class WebHost : public platform::Host {
 
   // 0 for a surface that the page does not show.
   int id_of(const platform::Surface& surface) const;
-  int show(platform::Surface& surface, int owner);
+  // `place`: of a form, on its owner.
+  int show(platform::Surface& surface, int owner, platform::Point place);
 
   std::vector<Shown> shown_;
   int last_id_ = 0;

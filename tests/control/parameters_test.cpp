@@ -433,8 +433,66 @@ TEST_F(ListQuirks, WithCountZeroTheFirstItemIsWrittenAllTheSame) {
   set("prmNrBeslisVar", 0.0);
   set("prmDLfunctie", std::string(" 7, 8"));
   EXPECT_EQ(model.current.row_F().text(1), " 7");
-  EXPECT_EQ(model.current.row_F().value(1), -3);
-  EXPECT_EQ(model.current.row_F().text(2), " -5");
+  EXPECT_EQ(model.current.row_F().value(1), 0);
+  EXPECT_EQ(model.current.row_F().text(2), " 0");
+}
+
+// ---- A script that forgets to show what it has counted
+
+class ListsWithoutShow : public ControlTest {};
+
+// What is seen belongs together: so many rows and columns, with the names and the unit columns of that
+// problem.
+TEST_F(ListsWithoutShow, ShowTheProblemOfTheCountsThatWereSet) {
+  open(two_products);
+  set("prmNrKleinerGelijkVglen", 2.0);
+  set("prmNrGelijkVglen", 2.0);
+  set("prmKleinerGelijkVglen", std::string(" 1, 2, 3, 4"));
+  set("prmGelijkVglen", std::string(" 5, 6, 7, 8"));
+  set("prmRL", std::string(" 10, 20, 30, 40"));
+  const std::string names[] = {"x  3", "x  4", "r  1", "r  2"};
+  for (int row = 1; row <= 4; ++row) {
+    const auto of_row = [](int number) { return " " + std::to_string(number); };
+    EXPECT_EQ(text("lblBasis", row), names[row - 1]);
+    EXPECT_EQ(cell(row, 1), of_row(2 * row - 1));
+    EXPECT_EQ(cell(row, 2), of_row(2 * row));
+    EXPECT_EQ(text("txtRL", row), of_row(10 * row));
+    EXPECT_EQ(cell(row, 3), row == 1 ? " 1" : " 0");
+  }
+  EXPECT_FALSE(shown("txtRL", 5));
+  EXPECT_EQ(text("lblKolom", 5), "r  1");
+  EXPECT_EQ(bar("HScroll").max(), 2);  // of six columns
+  EXPECT_EQ(model.columns(), 6);
+}
+
+TEST_F(ListsWithoutShow, ThatGiveMoreVariablesMoveTheSlackColumns) {
+  open(two_products);
+  set("prmNrBeslisVar", 3.0);
+  set("prmDLfunctie", std::string(" 1, 2, 3"));
+  EXPECT_EQ(text("txtRij_F", 3), " 3");
+  EXPECT_EQ(text("lblBasis", 1), "x  4");
+  EXPECT_EQ(cell(1, 3), " 0");
+  EXPECT_EQ(cell(1, 4), " 1");
+  EXPECT_FALSE(enabled("mnu_Grafiek"));
+}
+
+// Only the first list after the counts lays out: the others would wipe what it has filled in.
+TEST_F(ListsWithoutShow, KeepWhatTheListsBeforeHaveFilledIn) {
+  open(two_products);
+  set("prmNrKleinerGelijkVglen", 2.0);
+  set("prmDLfunctie", std::string("-7, -8"));
+  set("prmRL", std::string(" 5, 6"));
+  EXPECT_EQ(text("txtRij_F", 1), "-7");
+  set("prmNrKleinerGelijkVglen", 2.0);  // as it is
+  set("prmKleinerGelijkVglen", std::string(" 1, 1, 1, 1"));
+  EXPECT_EQ(text("txtRL", 2), " 6");
+}
+
+TEST_F(ListsWithoutShow, BeyondTheStorageAreRefusedAndTheTableauStays) {
+  open(two_products);
+  set("prmNrKleinerGelijkVglen", 11.0);
+  EXPECT_EQ(error_of("prmRL", std::string(" 1")), 9);
+  EXPECT_EQ(cell(3, 1), " 3");
 }
 
 // ---- A script that comes at a bad moment

@@ -14,6 +14,8 @@ using platform::Task;
 struct Views : GraphView, ProblemView {
   int rebuilds = 0, started = 0;
   void rebuild() override { ++rebuilds; }
+  void problem_changed() override { ++rebuilds; }
+  void numbers_rewritten() override {}
   Result<> start_problem() override {
     ++started;
     return {};
@@ -45,7 +47,7 @@ class GridAlone : public testing::Test {
   Grid grid{surface, model, fill_in, resting};
   Messages messages{surface, model};
   Cells cells{surface, model, grid, messages, views};
-  ProblemParameters parameters{surface, model, grid, views};
+  ProblemParameters parameters{surface, model, grid, views, views};
 };
 
 constexpr GridBox row_2_column_2{CellArray::Cells, 7};

@@ -168,11 +168,60 @@ TEST_F(Panel, ValuesFollowTheFractionsOption) {
   EXPECT_EQ(values(), " 1/4; 1/4; 1/2");
 }
 
-TEST_F(Panel, IsNotRebuiltByTheFractionsOption) {
+TEST_F(Panel, ShowsItsNumbersAsTheFractionsOptionSays) {
   open_solved(
       {{"prmSTR_DLfunctie", "-1, -1"}, {"prmSTR_KleinerGelijkVglen", " 3, 1, 1, 3"}, {"prmSTR_RL", " 1, 1"}});
+  EXPECT_EQ(values(), " 0.25; 0.25; 0.5");
+  choose("mnu_Breuken");
+  EXPECT_EQ(values(), " 1/4; 1/4; 1/2");
   choose("mnu_Breuken");
   EXPECT_EQ(values(), " 0.25; 0.25; 0.5");
+}
+
+TEST_F(Panel, TheFractionsOptionLeavesTheCrossWhereItWasDragged) {
+  open_solved();
+  drag("imgCross", 300, 0);
+  const Point before = cross();
+  choose("mnu_Breuken");
+  EXPECT_EQ(cross(), before);
+}
+
+TEST_F(Panel, TheEndsOfItsAxesAreWrittenAsTheFractionsOptionSays) {
+  open_graph({{"prmSTR_KleinerGelijkVglen", " 4, 0, 0, 4"}, {"prmSTR_RL", " 1, 1"}});
+  const platform::DisplayList decimals = picture().drawing();
+  choose("mnu_Breuken");
+  EXPECT_NE(picture().drawing(), decimals);
+  choose("mnu_Breuken");
+  EXPECT_EQ(picture().drawing(), decimals);
+}
+
+TEST_F(Panel, IsRebuiltByAListOfAScript) {
+  open_graph();
+  const platform::DisplayList before = picture().drawing();
+  set("prmRL", std::string(" 3, 12, 18"));
+  EXPECT_NE(picture().drawing(), before);
+  EXPECT_EQ(picture().drawing(), graph::problem_drawing(*graph::constraints_of(model), 10, {" 10", " 10"}));
+}
+
+TEST_F(Panel, AListOfAScriptGivesTheValuesOfTheNewProblem) {
+  open_solved();
+  set("prmDLfunctie", std::string("-1, -1"));
+  EXPECT_EQ(values(), " 2; 6; 8");
+  set("prmDLfunctie", std::string(" 0, 0"));  // which has no level line
+  EXPECT_FALSE(shown("lineNiveau"));
+}
+
+// The point of the next problem has no level line of its own.
+TEST_F(Panel, ANewProblemByScriptKeepsNoLevelLineOfTheProblemBefore) {
+  open_solved();
+  ASSERT_TRUE(shown("lineNiveau"));
+  set("prmShow", true);
+  set("prmKleinerGelijkVglen", std::string(" 1, 0, 0, 2, 3, 2"));
+  set("prmRL", std::string(" 4, 12, 18"));
+  sweep_by_hand();
+  choose("mnu_Grafiek");
+  EXPECT_TRUE(shown("imgCross"));
+  EXPECT_FALSE(shown("lineNiveau"));
 }
 
 TEST_F(Panel, ALevelLineInAnAxisIsNotShown) {
@@ -593,6 +642,16 @@ TEST_F(Panel, ARefusedCopyIsToldAndBreaksNothing) {
   EXPECT_TRUE(panel_is_open());
   EXPECT_EQ(focus(), "txtFocus");
   EXPECT_FALSE(host.clipboard);
+}
+
+TEST_F(Panel, ACopyThatWasSavedInsteadSaysWhy) {
+  open_solved();
+  host.clipboard_refusal = platform::saved_instead;
+  click("cmdKopieren");
+  ASSERT_EQ(form(), "frmFoutmelding");
+  EXPECT_EQ(
+      text("lblMelding"),
+      "Deze pagina is niet beveiligd (https) en mag niet bij het klembord. De afbeelding is gedownload.");
 }
 
 // ---- The keyboard

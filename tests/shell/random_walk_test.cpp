@@ -204,6 +204,7 @@ void RandomWalk::set_a_list() {
     EXPECT_EQ(done.error().number, ErrorNumber::SubscriptOutOfRange);
     EXPECT_TRUE(!model.shape() || !drawn || counts_below_zero());
   }
+  drawn = drawn || done.has_value();
 }
 
 void RandomWalk::show_anew() {

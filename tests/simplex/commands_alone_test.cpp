@@ -10,13 +10,15 @@ namespace tabulon {
 namespace {
 
 struct Counting : TableauView, GraphView {
-  int redraws = 0, resets = 0, rebuilds = 0;
+  int redraws = 0, resets = 0, rebuilds = 0, rewritten = 0;
   int shown_row = 0, shown_column = 0;
   void redraw() override { ++redraws; }
   void reset_scroll_bars() override { ++resets; }
   void follow_grid() override {}
   void scroll_to(int row, int column) override { shown_row = row, shown_column = column; }
   void rebuild() override { ++rebuilds; }
+  void problem_changed() override {}
+  void numbers_rewritten() override { ++rewritten; }
 };
 
 // Maximise 3 x1 + 5 x2 with x1 <= 4 and 2 x2 <= 12.
@@ -99,6 +101,7 @@ TEST_F(CommandsAlone, FractionsRewriteTheTableau) {
   commands.mnu_Breuken_Click();
   EXPECT_EQ(model.current.row(1).text(1), " 1/2");
   EXPECT_EQ(views.redraws, 1);
+  EXPECT_EQ(views.rewritten, 1);
 }
 
 }  // namespace

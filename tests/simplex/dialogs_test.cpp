@@ -641,5 +641,54 @@ TEST_F(NewBigM, TenVariablesAndTenGreaterEqualRowsFillTheStorage) {
   EXPECT_TRUE(host.reports.empty());
 }
 
+// ---- Where they open
+
+class FormPlaces : public ControlTest {
+ protected:
+  // Opens the form over a pivot element in that box of the grid.
+  void expect_beside(int grid_row, int grid_column, platform::Task<> (TestedControl::*show)(), bool fits) {
+    model.PivotRij = static_cast<std::int16_t>(model.StartRij + grid_row - 1);
+    model.PivotKolom = static_cast<std::int16_t>(model.StartKolom + grid_column - 1);
+    host.desk().call(control, (control.*show)());
+    const platform::Point place = host.top_form()->place();
+    const double width = host.top_form()->width(), height = host.top_form()->height() + 32 * 15;
+    const platform::Bounds cell = control.find("txtTableau", box(grid_row, grid_column))->bounds();
+    EXPECT_TRUE(place.x >= cell.left + cell.width || place.x + width <= cell.left ||
+                place.y >= cell.top + cell.height || place.y + height <= cell.top)
+        << form() << " over " << grid_row << ", " << grid_column;
+    if (fits)
+      EXPECT_TRUE(place.x >= 0 && place.y >= 0 && place.x + width <= control.width() &&
+                  place.y + height <= control.height())
+          << form() << " for " << grid_row << ", " << grid_column;
+    press("Enter");
+  }
+};
+
+TEST_F(FormPlaces, AreBesideThePivotElementWhereverItIs) {
+  open(numbered(8, 9));
+  scroll("VScroll", 2);
+  for (int row = 1; row <= 7; ++row) {
+    for (int column = 1; column <= 5; ++column) {
+      expect_beside(row, column, &TestedControl::ShowfrmPivotelement, true);
+      expect_beside(row, column, &TestedControl::ShowfrmMelding, true);
+      expect_beside(row, column, &TestedControl::ShowfrmFoutmelding, false);
+      expect_beside(row, column, &TestedControl::ShowAboutBox, false);
+    }
+  }
+}
+
+TEST_F(FormPlaces, AreTheMiddleWhereNoPivotElementIsSeen) {
+  open(numbered(8, 9));
+  const auto middle_of_form = [&] {
+    host.desk().call(control, control.ShowfrmMelding());
+    const double middle = host.top_form()->place().x + host.top_form()->width() / 2;
+    press("Enter");
+    return middle;
+  };
+  EXPECT_EQ(middle_of_form(), 4500);
+  model.PivotRij = 9, model.PivotKolom = 3;  // below what is shown
+  EXPECT_EQ(middle_of_form(), 4500);
+}
+
 }  // namespace
 }  // namespace tabulon

@@ -82,5 +82,40 @@ TEST(OdditiesAtMidnight, ASecondThatBeginsJustBeforeNeverEnds) {
   host.desk().abandon(control);
 }
 
+// ---- A clock that is set back during the second after a step
+
+class ClockThatIsSetBack : public platform::HeadlessHost {
+ public:
+  double set_back = 0;
+
+ private:
+  float seconds_since_midnight() override { return static_cast<float>(now() - set_back); }
+};
+
+TEST(AClockSetBackDuringAPause, KeepsTheControlBusyAndLeavesAPageThatLives) {
+  ClockThatIsSetBack host;
+  basSafeCtl model;
+  TestedControl other(host.desk(), model);
+  ASSERT_TRUE(open_control(host, other, two_products));
+  {
+    TestedControl control(host.desk(), model);
+    Person person(host, control);
+    ASSERT_TRUE(open_control(host, control, two_products));
+    person.choose("mnu_Automatisch_vegen");
+    person.press("Enter");
+    host.set_back = 3600;
+    host.advance(1800);
+    EXPECT_TRUE(host.is_busy(control));
+    EXPECT_EQ(person.form(), "");
+    EXPECT_FALSE(person.click("cmd_Help"));
+    host.advance(60);  // each wait ends, and nothing but time goes by
+    EXPECT_TRUE(host.is_busy(control));
+  }
+  Person neighbour(host, other);
+  EXPECT_TRUE(neighbour.choose("mnu_optimaliseren"));
+  EXPECT_EQ(neighbour.text("lblMelding"), "Optimale oplossing gevonden!");
+  neighbour.press("Enter");
+}
+
 }  // namespace
 }  // namespace tabulon
