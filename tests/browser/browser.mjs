@@ -173,6 +173,21 @@ export async function launch({ engine = process.env.TABULON_ENGINE ?? "chromium"
     return page;
   }
 
+  // The same from a server elsewhere, without a secure connection; its pages are answered here.
+  async function openInsecure(body) {
+    const page = await browser.newPage();
+    listenToNoise(page);
+    await page.setRequestInterception(true);
+    page.on("request", async (request) => {
+      const name = new URL(request.url()).pathname.slice(1);
+      if (name === "") return request.respond({ contentType: "text/html", body: wholePage(body) });
+      return request.respond({ contentType: "text/javascript", body: await readFile(join(folder, name)) });
+    });
+    await page.goto("http://school.test/");
+    await idle(page);
+    return page;
+  }
+
   async function close() {
     await browser.close();
     await new Promise((resume) => server.close(resume));
@@ -182,5 +197,5 @@ export async function launch({ engine = process.env.TABULON_ENGINE ?? "chromium"
   // For a script of the page: pages may load files of their own origin only.
   const write = (name, content) => writeFile(join(folder, name), content);
 
-  return { browser, origin, folder, open, write, close };
+  return { browser, origin, folder, open, openInsecure, write, close };
 }

@@ -198,6 +198,34 @@ test("a held arrow waits before it repeats, and then repeats quickly", async () 
   assert.equal(await first(), " 5");
 });
 
+test("a clock set back while a second is counted leaves a page that lives, and an element that can be removed", async () => {
+  await open(`<button id="own">eigen</button>${problem(twoProducts)}${problem({}, 'id="other"')}`);
+  await page.evaluate(await scriptOf('export { install } from "@sinonjs/fake-timers";', "FakeTimers"));
+  await page.evaluate(() => {
+    globalThis.clock = globalThis.FakeTimers.install({
+      now: new Date(2026, 0, 5, 10).getTime(),
+      toFake: ["setTimeout", "clearTimeout", "Date"],
+    });
+    own.addEventListener("click", () => own.classList.add("pressed"));
+  });
+  const seconds = (number) => page.evaluate((time) => globalThis.clock.tick(time * 1000), number);
+  await page.click(control("cmd_Bewerken"));
+  await page.click(control("mnu_Automatisch_vegen"));
+  await until('root.querySelector("dialog[open]")');
+  await page.keyboard.press("Enter");
+  await page.waitForFunction(() => LPctrl1.hasAttribute("aria-busy") && globalThis.clock.countTimers() > 0);
+  await page.evaluate(() => globalThis.clock.setSystemTime(Date.now() - 3_600_000));
+  for (const number of [2, 60, 600]) await seconds(number);
+  assert.ok(await page.evaluate(() => LPctrl1.hasAttribute("aria-busy")));
+  await page.click("#own");
+  assert.ok(await page.evaluate(() => own.classList.contains("pressed")));
+
+  await page.evaluate(() => LPctrl1.remove());
+  await page.click(control("cmd_Help", undefined, "#other"));
+  await page.waitForSelector('#other >>> [role="menu"]');
+  assert.deepEqual(noise(page), []);
+});
+
 test("of a caption the first letter behind a single & is its key, and no other & is lost or shown", async () => {
   const code = await scriptOf('export { parseCaption, plainCaption } from "./hosts/web/captions.ts";', "Captions");
   const { parseCaption, plainCaption } = new Function(`${code}; return Captions;`)();

@@ -380,6 +380,28 @@ describe("the clipboard", () => {
     assert.equal(await focused(), "txtFocus");
   });
 
+  test("of a page without a secure connection is not asked: the picture is downloaded, and the pupil told why", async () => {
+    page = await browser.openInsecure(problem(twoProducts));
+    assert.equal(await page.evaluate(() => isSecureContext), false);
+    await page.evaluate(() => {
+      globalThis.downloads = [];
+      HTMLAnchorElement.prototype.click = function () {
+        fetch(this.href)
+          .then((answer) => answer.blob())
+          .then((blob) => globalThis.downloads.push([this.download, blob.type, blob.size]));
+      };
+    });
+    await page.click(control("cmd_Opties"));
+    await page.click(control("mnu_Grafiek"));
+    await page.click(control("cmdKopieren"));
+    await page.waitForFunction(() => globalThis.downloads.length, { timeout: 5000 });
+    const [[name, type, size]] = await page.evaluate(() => globalThis.downloads);
+    assert.deepEqual([name, type], ["grafiek.png", "image/png"]);
+    assert.ok(size > 1000, `${size} bytes`);
+    assert.equal(await form(), "frmFoutmelding");
+    assert.match(await text(page, "lblMelding"), /niet beveiligd \(https\).*gedownload/);
+  });
+
   test("that is not there is told of as one that refuses", async () => {
     await openSolved();
     await page.evaluate(() => Object.defineProperty(navigator, "clipboard", { value: undefined }));

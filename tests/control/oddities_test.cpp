@@ -91,6 +91,18 @@ TEST_F(OdditiesOfTwo, ShowTheOneFractionsOptionByTheirMarks) {
   EXPECT_FALSE(checked("mnu_Breuken"));
 }
 
+TEST_F(OdditiesOfTwo, OfferTheGraphByTheProblemThatTheyShareWhoeverHasSetIt) {
+  set("prmNrBeslisVar", 3.0);
+  set("prmShow", true);
+  neighbour.click("cmd_Opties");
+  EXPECT_FALSE(neighbour.enabled("mnu_Grafiek"));
+  neighbour.press("Escape");
+  set("prmNrBeslisVar", 2.0);
+  set("prmShow", true);
+  EXPECT_TRUE(neighbour.choose("mnu_Grafiek"));
+  EXPECT_TRUE(neighbour.shown("frmGrafiek"));
+}
+
 TEST_F(OdditiesOfTwo, AnOldTextInALockedBoxIsNotChecked) {
   neighbour.click("txtTableau", box(1, 4));  // 0 when it was drawn
   choose("mnu_optimaliseren");
