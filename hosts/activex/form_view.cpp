@@ -69,7 +69,6 @@ void FormView::add_edge(RECT& inside) const {
 
 void FormView::show() {
   if (!window() || IsWindowVisible(window())) return;
-  if (HWND const holder = GetCapture()) SendMessageW(holder, WM_CANCELMODE, 0, 0);
   disabled_owner_ = owner_ && !EnableWindow(owner_, FALSE);
   ShowWindow(window(), SW_SHOW);
 }

@@ -139,6 +139,9 @@ void WindowsHost::open_form(Form& form) {
   SurfaceView* const opener = view_of(form.owner());
   if (!opener) return;
   opener->hot().set(nullptr);
+  // Now, while an event is being handled: later the one who holds the mouse would begin another by letting
+  // go.
+  if (HWND const holder = GetCapture()) SendMessageW(holder, WM_CANCELMODE, 0, 0);
   auto view = std::make_unique<FormView>(services_, form, opener->site(),
                                          [this, &owner = form.owner()] { abandon(owner); });
   view->open_over(opener->window());
