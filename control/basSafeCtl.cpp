@@ -4,6 +4,7 @@
 #include <bit>
 #include <cmath>
 #include <limits>
+#include <span>
 
 #include "numbers/conversions.h"
 #include "numbers/display.h"
@@ -54,7 +55,9 @@ void copy_cells(CellRow& to, const CellRow& from, int columns) {
 
 std::string CellRow::text(int column) const {
   if ((derived_ & bit(column)) == 0) return texts_[place(column)];
-  return numbers::GetalNaarDecimaal(value(column));
+  if ((fraction_ & bit(column)) == 0) return numbers::GetalNaarDecimaal(value(column));
+  double asked = asked_[place(column)];
+  return numbers::strSoortGetal(numbers::kFractions, asked);
 }
 
 void CellRow::write(int column, double value, std::string_view text) {
@@ -64,8 +67,7 @@ void CellRow::write(int column, double value, std::string_view text) {
 
 void CellRow::clear(int columns) {
   std::fill_n(values_.begin(), columns, 0.0);
-  derived_ |= bits(columns);
-  stable_ &= ~bits(columns);
+  make_decimal(bits(columns));
   write(right_hand_side, 0.0);
 }
 
@@ -79,6 +81,7 @@ void CellRow::write_value(int column, double value) {
 void CellRow::write_text(int column, std::string_view text) {
   texts_[place(column)] = text;
   derived_ &= ~bit(column);
+  fraction_ &= ~bit(column);
   stable_ &= ~bit(column);
 }
 
@@ -96,18 +99,27 @@ void CellRow::rewrite_row(int columns, bool fractions) {
 // a sweep in fractions goes into the search for fractions.
 void CellRow::rewrite_cells(Mask cells, bool fractions) {
   if (!fractions) {
-    derived_ |= cells;
-    stable_ &= ~cells;
+    make_decimal(cells);
     return;
   }
-  cells &= ~stable_;
-  derived_ &= ~cells;
-  for (; cells != 0; cells &= cells - 1) {
-    const auto at = static_cast<std::size_t>(std::countr_zero(cells));
-    const double before = values_[at];
-    texts_[at] = numbers::strSoortGetal(numbers::kFractions, values_[at]);
-    if (values_[at] == before) stable_ |= cells & -cells;
+  std::array<std::size_t, most_columns + 1> places;
+  std::array<double, most_columns + 1> asked;
+  std::array<numbers::Snapped, most_columns + 1> snapped;
+  std::size_t count = 0;
+  for (Mask left = cells & ~stable_; left != 0; left &= left - 1) {
+    places[count] = static_cast<std::size_t>(std::countr_zero(left));
+    asked[count] = values_[places[count]];
+    ++count;
   }
+  numbers::snap(std::span(asked).first(count), std::span(snapped).first(count));
+  for (std::size_t at = 0; at < count; ++at) {
+    const Mask cell = Mask{1} << places[at];
+    values_[places[at]] = snapped[at].value;
+    asked_[places[at]] = asked[at];
+    if (snapped[at].settled) stable_ |= cell;
+  }
+  derived_ |= cells;
+  fraction_ |= cells;
 }
 
 // Cells whose value stays the same stay stable.

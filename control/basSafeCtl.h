@@ -39,8 +39,7 @@ class CellRow {
   // Writes a number with its own decimal text.
   void write(int column, double value) {
     values_[place(column)] = value;
-    derived_ |= bit(column);
-    stable_ &= ~bit(column);
+    make_decimal(bit(column));
   }
   // Writes 0 in columns 1..columns and in the right-hand side.
   void clear(int columns);
@@ -58,7 +57,7 @@ class CellRow {
   // ---- Arithmetic on columns 1..columns and the right-hand side, which are rewritten with it.
   // Adds a multiple of another row.
   void add_multiple(double factor, const CellRow& other, int columns, bool fractions) {
-    if (stable_ != 0 || fractions) return add_multiple_and_rewrite(factor, other, columns, fractions);
+    if (fraction_ != 0 || fractions) return add_multiple_and_rewrite(factor, other, columns, fractions);
     add_values(factor, other, columns);
     derived_ |= row_bits(columns);
   }
@@ -78,6 +77,11 @@ class CellRow {
   static constexpr Mask bits(int columns) { return (Mask{1} << static_cast<unsigned>(columns)) - 1; }
   static constexpr Mask row_bits(int columns) { return bits(columns) | bit(right_hand_side); }
 
+  void make_decimal(Mask cells) {
+    derived_ |= cells;
+    fraction_ &= ~cells;
+    stable_ &= ~cells;
+  }
   void rewrite_cells(Mask cells, bool fractions);
   void add_multiple_and_rewrite(double factor, const CellRow& other, int columns, bool fractions);
   template <class Operation>
@@ -97,8 +101,10 @@ class CellRow {
   }
 
   alignas(16) std::array<double, most_columns + 2> values_{};
-  Mask derived_ = 0;  // the text is the decimal text of the value, not made yet
-  Mask stable_ = 0;   // the text is the fraction text of the value, and writing it left the value as it was
+  Mask derived_ = 0;   // the text is not made yet: a fraction, or else the decimal text of the value
+  Mask fraction_ = 0;  // the text is the fraction text of the number that was asked for last
+  Mask stable_ = 0;    // and asking again would leave value and text as they are
+  std::array<double, most_columns + 1> asked_{};
   std::array<std::string, most_columns + 1> texts_;
 };
 

@@ -1,5 +1,6 @@
 #include "numbers/display.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstddef>
@@ -7,6 +8,8 @@
 #include <cstdlib>
 #include <limits>
 #include <numbers>
+#include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -143,19 +146,41 @@ bool write_pi_multiple(const MixedNumber& form, double factor, TextBuffer& text)
   return true;
 }
 
-// Beyond this denominator the fraction of a factor of pi is too long to be shown: the longest are 1/999,
-// -1/99 and 1+1/9.
+// The fractions of a factor of pi that are short enough to be shown are 1/999, 12/99, -1/99, 1+1/9 and
+// shorter: beyond this denominator there is none.
 double largest_pi_denominator(double factor) {
   if (factor <= -1 || factor >= 10) return 0;
   if (factor >= 1) return 9;
-  return factor < 0 ? 99 : 999;
+  if (factor < 0) return 99;
+  return factor < 0.09 ? 999 : 99;
+}
+
+// Whether `number` is so near to a whole one that the search for a fraction might take it for one. That
+// overlooks noise of one part in 10^9.
+bool might_be_whole(double number) {
+  return std::fabs(number - std::nearbyint(number)) <= number * 1e-8;
+}
+
+// Whether the factor might be one of those, seen without a search. A denominator up to 9, and a numerator up
+// to 9 where the denominator may be larger, divides 2520. Not seen so are two digits over two.
+bool might_be_short_fraction(double factor) {
+  constexpr double multiple_of_all_digits = 2520;
+  const double magnitude = std::fabs(factor);
+  if (magnitude < 0.001) return false;
+  if (magnitude >= 1) return might_be_whole(magnitude * multiple_of_all_digits);
+  return (factor >= 0.09 && factor < 1) || might_be_whole(multiple_of_all_digits / magnitude);
 }
 
 bool write_as_pi_multiple(double number, TextBuffer& text) {
   const double factor = number / std::numbers::pi;
-  if (factor == 0 || too_small_for_fraction(factor)) return false;
+  if (!might_be_short_fraction(factor)) return false;
   const FractionSearch search = find_mixed_number(factor, largest_pi_denominator(factor));
   return search.found && write_pi_multiple(search.form, factor, text);
+}
+
+bool is_pi_multiple(double number) {
+  TextBuffer text;
+  return write_as_pi_multiple(number, text);
 }
 
 // Writes the simplest form of a number and sets the number to what that form says. A number too small for a
@@ -183,7 +208,47 @@ void write_in_fractions_mode(double& number, TextBuffer& text) {
   write_decimal(number, text);
 }
 
+// Without a search, where there is something to be said without one.
+std::optional<Snapped> snapped_at_once(double number) {
+  if (number == 0) return Snapped{0, true};
+  if (std::isfinite(number) && !too_small_for_fraction(number)) {
+    if (is_pi_multiple(number)) return Snapped{number, true};
+    return {};
+  }
+  strSoortGetal(kFractions, number);
+  return Snapped{number, false};
+}
+
+void snap_few(std::span<const double> numbers, std::span<Snapped> snapped) {
+  std::array<double, kSearchedTogether> searched;
+  std::array<Snapped, kSearchedTogether> found;
+  std::array<std::size_t, kSearchedTogether> places;
+  std::size_t count = 0;
+  for (std::size_t at = 0; at < numbers.size(); ++at) {
+    if (const auto at_once = snapped_at_once(numbers[at])) {
+      snapped[at] = *at_once;
+    } else {
+      places[count] = at;
+      searched[count++] = numbers[at];
+    }
+  }
+  snap_to_fractions(std::span(searched).first(count), std::span(found).first(count));
+  for (std::size_t at = 0; at < count; ++at) {
+    const auto [value, settled] = found[at];
+    snapped[places[at]] = {value, settled && (value == searched[at] || !is_pi_multiple(value))};
+  }
+}
+
 }  // namespace
+
+void snap(std::span<const double> getallen, std::span<Snapped> snapped) {
+  while (!getallen.empty()) {
+    const std::size_t count = std::min(kSearchedTogether, getallen.size());
+    snap_few(getallen.first(count), snapped.first(count));
+    getallen = getallen.subspan(count);
+    snapped = snapped.subspan(count);
+  }
+}
 
 void write_decimal(double getal, TextBuffer& text) {
   if (!std::isfinite(getal)) return write_not_finite(getal, text);

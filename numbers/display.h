@@ -9,8 +9,10 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 
+#include "numbers/fraction.h"
 #include "numbers/text_buffer.h"
 
 namespace tabulon::numbers {
@@ -35,6 +37,10 @@ std::string GetalNaarBreuk(std::int16_t& gelukt, double getal);
 
 // Two decimals and a signed exponent of at least two digits: " 1.23E+06", "-1.00E-07", " 1.00E+100".
 std::string GetalNaarWetenschappelijk(double getal);
+
+// What strSoortGetal makes of numbers in fractions mode, each in its place, without the texts. Where a value
+// is settled it stays what it is from then on, and its text is that of the number.
+void snap(std::span<const double> getallen, std::span<Snapped> snapped);
 
 // The first two without the string: the same texts, appended to a buffer.
 void write_display_text(std::int16_t Soort, double& Getal, TextBuffer& text);

@@ -1,6 +1,9 @@
 #include "numbers/fraction.h"
 
+#include <algorithm>
+#include <array>
 #include <cmath>
+#include <cstddef>
 #include <cstdint>
 
 #include "numbers/conversions.h"
@@ -23,40 +26,54 @@ double whole_part(double number) {
   return number < all_are_whole_from ? static_cast<double>(static_cast<std::int64_t>(number)) : number;
 }
 
-// p/q, and how far q times the target lies from p.
-struct Bound {
+struct Fraction {
   double p;
   double q;
-
-  double below(double target) const { return q * target - p; }
-  double above(double target) const { return p - q * target; }
-  void jump(double steps, const Bound& towards) {
-    p += steps * towards.p;
-    q += steps * towards.q;
-  }
 };
 
-struct Fraction {
-  double p = 0;
-  double q = 0;  // 0: none up to the largest denominator
-};
+// The walk between 0/1 and 1/1 to a fraction within `tolerance` of `target`, which lies between them. The
+// lower and the upper bound jump in turn, the lower one first.
+class Walk {
+ public:
+  Walk() = default;
+  Walk(double target, double tolerance)
+      : target_(target), tolerance_(tolerance), distances_{target, 1 - target} {}
 
-// The walk between 0/1 and 1/1 to a fraction within `tolerance` of `target`, which lies between them.
-Fraction simplest_fraction(double target, double tolerance, double largest_denominator) {
-  Bound lower{0, 1};
-  Bound upper{1, 1};
-  while (lower.q <= largest_denominator && upper.q <= largest_denominator) {
-    lower.jump(whole_part(lower.below(target) * kNoiseAllowance / upper.above(target)), upper);
-    if (lower.q * tolerance >= lower.below(target)) return {lower.p, lower.q};
-    upper.jump(whole_part(upper.above(target) * kNoiseAllowance / lower.below(target)), lower);
-    if (upper.q * tolerance >= upper.above(target)) return {upper.p, upper.q};
+  bool ended() const { return ended_; }
+  Fraction found() const { return bounds_[1 - mover_]; }
+  double largest_denominator() const { return std::max(bounds_[0].q, bounds_[1].q); }
+
+  double next_steps() const { return whole_part(scaled_distance() / distances_[1 - mover_]); }
+
+  // Whether next_steps is certainly `steps`, however its division is rounded.
+  bool surely_goes(double steps) const {
+    constexpr double rounding = 1e-15;
+    const double distance = scaled_distance(), step = distances_[1 - mover_];
+    return (steps == 0 || steps * step <= distance * (1 - rounding)) &&
+           distance * (1 + rounding) < (steps + 1) * step;
   }
-  return {};
-}
 
-FractionSearch whole_number(double number) {
-  return {{.whole = std::fabs(number), .negative = number < 0}, true};
-}
+  void jump(double steps) {
+    Fraction& bound = bounds_[mover_];
+    const Fraction& towards = bounds_[1 - mover_];
+    bound.p += steps * towards.p;
+    bound.q += steps * towards.q;
+    const double target_above = bound.q * target_ - bound.p;
+    distances_[mover_] = mover_ == 0 ? target_above : -target_above;
+    ended_ = bound.q * tolerance_ >= distances_[mover_];
+    mover_ = 1 - mover_;
+  }
+
+ private:
+  double scaled_distance() const { return distances_[mover_] * kNoiseAllowance; }
+
+  double target_ = 0;
+  double tolerance_ = 0;
+  std::array<Fraction, 2> bounds_{{{0, 1}, {1, 1}}};
+  std::array<double, 2> distances_{};  // how far q times the target lies from p
+  std::size_t mover_ = 0;
+  bool ended_ = false;
+};
 
 void write_sign(bool negative, TextBuffer& text) {
   text.append(negative ? '-' : ' ');
@@ -73,22 +90,121 @@ double as_written(double whole) {
   return too_large ? whole : value;
 }
 
+// A number taken apart: what is left to be found between 0 and 1, if the number is not whole within the
+// tolerance.
+struct Parts {
+  double whole;
+  double part;
+  double tolerance;
+  bool is_whole = false;
+
+  explicit Parts(double number)
+      : whole(whole_part(std::fabs(number))),
+        part(std::fabs(number) - whole),
+        tolerance(tolerance_for(std::fabs(number))) {
+    const double below = number < 0 ? (part > 0 ? -whole - 1 : -whole) : whole;
+    const bool is_above = number - below <= tolerance;
+    is_whole = is_above || below + 1 - number <= tolerance;
+    if (is_whole) whole = std::fabs(is_above ? below : below + 1);
+  }
+};
+
+MixedNumber form_of(double number, const Parts& parts, const Fraction& fraction) {
+  return {parts.whole, fraction.p, fraction.q, number < 0};
+}
+
+MixedNumber whole_form(double number, const Parts& parts) {
+  return {.whole = parts.whole, .negative = number < 0 && parts.whole != 0};
+}
+
+// One number's way to its fraction, with the jumps that it took.
+struct Search {
+  static constexpr std::size_t kMostJumps = 40;
+
+  double number = 0;
+  Parts parts{0};
+  Walk walk;
+  std::size_t count = 0;
+  std::array<double, kMostJumps> jumps;
+
+  void jump() {
+    const double steps = walk.next_steps();
+    if (count < kMostJumps) jumps[count] = steps;
+    ++count;
+    walk.jump(steps);
+  }
+};
+
+// Whether a search for `value`, which the fraction of another search says, certainly finds that fraction too.
+bool finds_the_same(const Search& search, double value) {
+  if (std::fabs(value) <= kLargestWithoutFraction) return false;
+  const Parts parts(value);
+  if (parts.is_whole || parts.whole != search.parts.whole || search.count > Search::kMostJumps) return false;
+  Walk walk(parts.part, parts.tolerance);
+  for (std::size_t at = 0; at < search.count; ++at) {
+    if (walk.ended() || !walk.surely_goes(search.jumps[at])) return false;
+    walk.jump(search.jumps[at]);
+  }
+  return walk.ended();
+}
+
+Snapped snapped_to_whole(double number, const Parts& parts) {
+  const double value = value_of(whole_form(number, parts));
+  return {value, std::fabs(value) == parts.whole};
+}
+
+Snapped result_of(const Search& search) {
+  const double value = value_of(form_of(search.number, search.parts, search.walk.found()));
+  return {value, value == search.number || finds_the_same(search, value)};
+}
+
 }  // namespace
 
 FractionSearch find_mixed_number(double number, double largest_denominator) {
-  const double magnitude = std::fabs(number);
-  const double tolerance = tolerance_for(magnitude);
-  const double whole = whole_part(magnitude);
-  const double below = number < 0 ? (magnitude > whole ? -whole - 1 : -whole) : whole;
-  if (number - below <= tolerance) return whole_number(below);
-  if (below + 1 - number <= tolerance) return whole_number(below + 1);
-  const Fraction fraction = simplest_fraction(magnitude - whole, tolerance, largest_denominator);
-  if (!(fraction.q > 0 && fraction.q <= largest_denominator)) return {};
-  return {{whole, fraction.p, fraction.q, number < 0}, true};
+  const Parts parts(number);
+  if (parts.is_whole) return {whole_form(number, parts), true};
+  Walk walk(parts.part, parts.tolerance);
+  while (!walk.ended()) {
+    if (walk.largest_denominator() > largest_denominator) return {};
+    walk.jump(walk.next_steps());
+  }
+  const Fraction fraction = walk.found();
+  if (fraction.q > largest_denominator) return {};
+  return {form_of(number, parts, fraction), true};
 }
 
 MixedNumber mixed_number(double number) {
   return find_mixed_number(number, kEveryDenominator).form;
+}
+
+void snap_to_fractions(std::span<const double> numbers, std::span<Snapped> snapped) {
+  std::array<Search, kSearchedTogether> searches;
+  std::array<std::size_t, kSearchedTogether> going;
+  std::size_t count = 0;
+  for (std::size_t at = 0; at < numbers.size(); ++at) {
+    Search& search = searches[at];
+    const Parts parts(numbers[at]);
+    if (parts.is_whole) {
+      snapped[at] = snapped_to_whole(numbers[at], parts);
+    } else {
+      search.number = numbers[at];
+      search.parts = parts;
+      search.walk = Walk(parts.part, parts.tolerance);
+      going[count++] = at;
+    }
+  }
+  while (count > 0) {
+    for (std::size_t lane = 0; lane < count;) {
+      Search& search = searches[going[lane]];
+      search.jump();
+      if (!search.walk.ended()) {
+        ++lane;
+        continue;
+      }
+      snapped[going[lane]] = result_of(search);
+      going[lane] = going[--count];
+    }
+  }
 }
 
 void write_mixed_number(const MixedNumber& form, TextBuffer& text) {

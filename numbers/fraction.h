@@ -11,7 +11,9 @@
 // fraction can become it: 0.10000000000614 is written 1/10.
 #pragma once
 
+#include <cstddef>
 #include <limits>
+#include <span>
 
 #include "numbers/text_buffer.h"
 
@@ -41,6 +43,19 @@ FractionSearch find_mixed_number(double number, double largest_denominator);
 // The same without a limit. The search always ends: each round at least adds the two denominators, and the
 // tolerance is far wider than the rounding of its steps.
 MixedNumber mixed_number(double number);
+
+// What a number becomes that is written as its fraction.
+struct Snapped {
+  double value = 0;
+  bool settled = false;  // the value has the same fraction again; false also where that is not plain at once
+};
+
+// As many searches as a processor keeps in sight: their divisions need not wait for each other.
+inline constexpr std::size_t kSearchedTogether = 8;
+
+// For at most that many finite numbers that are 0 or beyond kLargestWithoutFraction, each in its place. A
+// second search seldom differs from the first, and to see that it does not takes no division.
+void snap_to_fractions(std::span<const double> numbers, std::span<Snapped> snapped);
 
 // " 2+1/2", "-2-1/2", " 3/4", "-3": whole numbers by the rule of Str without its blank, one blank in front
 // unless negative.

@@ -19,7 +19,7 @@ const native = (room, ...sources) => ({
   kind: "native",
   tests: [`${room}_tests`, ...everyNative.filter((test) => test !== `${room}_tests`)],
 });
-const inBrowser = ["element", "interaction", "graph", "files", "accessibility", "scenarios-chromium"];
+const inBrowser = ["fine-points", "element", "interaction", "graph", "files", "accessibility", "scenarios-chromium"];
 
 export const rooms = {
   numbers: native("numbers"),

@@ -429,6 +429,28 @@ TEST(Row, IsDivided) {
   }
 }
 
+TEST(Row, KeepsTheTextOfAFractionThatIsMadeLater) {
+  CellRow row;
+  row.write(1, 1 / 3.0);
+  row.rewrite_row(1, true);
+  row.write_value(1, 2.0);
+  EXPECT_EQ(row.text(1), " 1/3");
+  row.rewrite_row(1, true);
+  row.write_text(1, "getypt");
+  EXPECT_EQ(row.text(1), "getypt");
+  row.rewrite_row(1, true);
+  row.write(1, 0.25);
+  EXPECT_EQ(row.text(1), " 0.25");
+}
+
+TEST(Row, IsInDecimalsAgainAfterFractions) {
+  CellRow row = row_of_fractions(true);
+  row.rewrite_row(7, false);
+  CellRow other;
+  row.add_multiple(1, other, 7, false);
+  EXPECT_EQ(row.text(1), " 0.25");
+}
+
 TEST(Row, DividedByOneStillGetsItsTexts) {
   for (const bool fractions : {false, true}) {
     CellRow row;

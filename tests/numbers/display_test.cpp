@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <bit>
 #include <clocale>
 #include <cmath>
 #include <cstdint>
@@ -364,6 +365,55 @@ TEST(FractionsMode, IsTheSameAsStepByStepForMultiplesOfPi) {
   for (int i = 0; i < 200'000; ++i) {
     const double factor = static_cast<double>(random.between(-100'100, 100'100)) / random.between(1, 1100);
     expect_as_step_by_step(factor * kPiValue);
+    // The search for a fraction overlooks noise, and so must what decides that there is none.
+    expect_as_step_by_step(factor * kPiValue * (1 + random.between(-30, 30) * 1e-10));
+  }
+}
+
+// As many numbers as a row of the largest tableau has.
+void expect_snapped_as_written(const std::array<double, 31>& numbers) {
+  std::array<Snapped, 31> all;
+  snap(numbers, all);
+  for (std::size_t at = 0; at < numbers.size(); ++at) {
+    double written = numbers[at];
+    const std::string text = strSoortGetal(kFractions, written);
+    ASSERT_EQ(std::bit_cast<std::uint64_t>(all[at].value), std::bit_cast<std::uint64_t>(written))
+        << std::hexfloat << numbers[at];
+    if (!all[at].settled) continue;
+    ASSERT_EQ(strSoortGetal(kFractions, written), text) << std::hexfloat << numbers[at];
+    ASSERT_EQ(written, all[at].value) << std::hexfloat << numbers[at];
+  }
+}
+
+TEST(Snapping, MakesOfNumbersWhatTheirTextsMakeOfThem) {
+  RandomNumbers random;
+  SCOPED_TRACE(random.seed_text());
+  std::array<double, 31> numbers;
+  for (int i = 0; i < rounds(4'000); ++i) {
+    for (double& number : numbers) number = random.tableau_number();
+    expect_snapped_as_written(numbers);
+    for (double& number : numbers) number = random.any_finite();
+    expect_snapped_as_written(numbers);
+    for (double& number : numbers)
+      number = random.between(-300, 300) / 97.0 * kPiValue * (1 + random.between(-30, 30) * 1e-10);
+    expect_snapped_as_written(numbers);
+  }
+}
+
+TEST(Snapping, LeavesTheTextOfWhatIsNoNumber) {
+  std::array<double, 31> numbers{kInfinity, -kInfinity, 1e-8,  -1e-7,
+                                 1e-300,    -0.0,       1e300, std::nextafter(1e-7, 1)};
+  expect_snapped_as_written(numbers);
+}
+
+TEST(Snapping, SettlesWhatAPupilTypes) {
+  for (int p = -200; p <= 200; ++p) {
+    for (int q = 1; q <= 100; ++q) {
+      const std::array<double, 1> number{static_cast<double>(p) / q};
+      std::array<Snapped, 1> snapped;
+      snap(number, snapped);
+      ASSERT_TRUE(snapped[0].settled) << p << "/" << q;
+    }
   }
 }
 
