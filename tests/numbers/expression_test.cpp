@@ -94,31 +94,31 @@ TEST(Numbers, TooLargeForADoubleAreRefused) {
   expect_scan("1+1E999", kRefused, 3);
 }
 
-TEST(Font, SmallEIsEulersNumber) {
+TEST(Letters, SmallEIsEulersNumber) {
   expect_value("e", std::numbers::e);
   expect_value("2e", 2 * std::numbers::e);
   expect_value("2e3", 2 * std::numbers::e * 3);
   expect_refused("E");
 }
 
-TEST(Font, PiInAnyCaseAndAsOneCharacter) {
+TEST(Letters, PiInAnyCaseAndAsOneCharacter) {
   for (const std::string_view text : {"pi", "PI", "Pi", "pI", "\u00E3", "p i"}) expect_value(text, kPiValue);
   expect_refused("\u00E4");
   expect_refused("\xC3");
   expect_refused("\xE3");
 }
 
-TEST(Font, PWithoutIIsAMemoryValue) {
+TEST(Letters, PWithoutIIsAMemoryValue) {
   expect_value("3p+1", 1);
   expect_refused("P");
   expect_refused("3P+1");
 }
 
-TEST(Font, MemoryValuesAreZeroInCellInput) {
+TEST(Letters, MemoryValuesAreZeroInCellInput) {
   for (const char letter : std::string_view("abcdpqrsgn")) expect_value(std::string(1, letter), 0);
 }
 
-TEST(Font, MemoryValuesComeInTheOrderOfTheirLetters) {
+TEST(Letters, MemoryValuesComeInTheOrderOfTheirLetters) {
   const Memory memory = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10};
   double expected = 0;
   for (const char letter : std::string_view("abcdpqrsgn")) {
@@ -127,7 +127,7 @@ TEST(Font, MemoryValuesComeInTheOrderOfTheirLetters) {
   expect_value_with("2a+b^2", {}, 0, memory, 6);
 }
 
-TEST(Font, AllOthersAreRefused) {
+TEST(Letters, AllOthersAreRefused) {
   for (const char letter : std::string_view("fhijkltuvwyzABCDFGHIJKLNOPQRSTUVWYZ"))
     expect_refused(std::string(1, letter));
 }
