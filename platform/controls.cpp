@@ -1,6 +1,7 @@
 #include "platform/controls.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace tabulon::platform {
 
@@ -23,11 +24,11 @@ void Control::set_text(std::string_view text) {
 
 namespace {
 
-// What stands in a picture's units, or has no bounds of its own, counts with what it stands in.
+// What stands in a picture's units counts with the picture.
 Bounds place_on_surface(const Control& control) {
   Bounds place = control.bounds();
-  for (const Control *at = &control, *outer = at->container(); outer; at = outer, outer = at->container()) {
-    const bool in_units = outer->kind() == Kind::PictureBox || at->kind() == Kind::Line;
+  for (const Control* outer = control.container(); outer; outer = outer->container()) {
+    const bool in_units = outer->kind() == Kind::PictureBox;
     const Bounds& around = outer->bounds();
     place = in_units ? around
                      : Bounds{around.left + place.left, around.top + place.top, place.width, place.height};
@@ -85,6 +86,12 @@ int ScrollBar::stepped(int change) const {
   const int towards_max = range_.max >= range_.min ? change : -change;
   return std::clamp(range_.value + towards_max, std::min(range_.min, range_.max),
                     std::max(range_.min, range_.max));
+}
+
+void Line::set_ends(Point from, Point to) {
+  if (!change(ends_, {from, to}, Property::Ends)) return;
+  set_bounds(
+      {std::min(from.x, to.x), std::min(from.y, to.y), std::abs(to.x - from.x), std::abs(to.y - from.y)});
 }
 
 Menu::Menu(ControlOwner& owner, std::string_view name, std::string_view caption, Menu* parent)

@@ -252,7 +252,8 @@ class Line : public Control {
       : Control(owner, Kind::Line, name, index, container) {}
   Point from() const { return ends_.first; }
   Point to() const { return ends_.second; }
-  void set_ends(Point from, Point to) { change(ends_, {from, to}, Property::Ends); }
+  // Its bounds become the box around them, without any thickness.
+  void set_ends(Point from, Point to);
 
  private:
   std::pair<Point, Point> ends_;

@@ -6,6 +6,7 @@
 #include "hosts/activex/colours.h"
 #include "hosts/activex/pictures.h"
 #include "hosts/activex/pixels.h"
+#include "hosts/activex/smooth_line.h"
 #include "hosts/activex/text.h"
 #include "platform/look.h"
 
@@ -19,9 +20,13 @@ namespace {
 
 constexpr double dots_per_inch = platform::measure::pixels_per_inch;
 
+// Whole pixels, as for every other line of the control.
 int line_width(int dpi) {
-  return std::max(1, nearest_edge(dpi / dots_per_inch));
+  return std::max(1, dpi / platform::measure::pixels_per_inch);
 }
+
+// What is smoothed is paler than what is sharp, so it is a little thicker where a line is thin.
+constexpr double least_smooth_width = 1.5;
 
 // The side of a dot, in a box so many pixels long. The box itself was rounded to whole pixels; a dot grows
 // with it, so that dots which touch at one density touch at every one.
@@ -42,16 +47,22 @@ HPEN make_pen(int width, COLORREF colour) {
   return ExtCreatePen(PS_GEOMETRIC | PS_SOLID | PS_ENDCAP_FLAT, static_cast<DWORD>(width), &ink, 0, nullptr);
 }
 
-void slanting_line(HDC dc, Point from, Point to, COLORREF colour, int width) {
+void pen_line(HDC dc, Point from, Point to, COLORREF colour, int width) {
   const HPEN pen = make_pen(width, colour);
   const HGDIOBJ before = SelectObject(dc, pen);
-  const auto middle = [&](double at) { return nearest_edge(at) + width / 2; };
-  const POINT end{middle(to.x), middle(to.y)};
-  MoveToEx(dc, middle(from.x), middle(from.y), nullptr);
+  const POINT end{nearest_edge(to.x), nearest_edge(to.y)};
+  MoveToEx(dc, nearest_edge(from.x), nearest_edge(from.y), nullptr);
   LineTo(dc, end.x, end.y);
-  if (width == 1) SetPixelV(dc, end.x, end.y, colour);  // LineTo stops before it
   SelectObject(dc, before);
   DeleteObject(pen);
+}
+
+void slanting_line(HDC dc, Point from, Point to, COLORREF colour, int width) {
+  const auto middle = [width](Point dot) -> Point { return {dot.x + width / 2.0, dot.y + width / 2.0}; };
+  from = middle(from);
+  to = middle(to);
+  if (!paint_smooth_line(dc, from, to, colour, std::max<double>(width, least_smooth_width)))
+    pen_line(dc, from, to, colour, width);
 }
 
 class Strokes {

@@ -41,6 +41,12 @@ std::string full_name(const Control& control) {
   return name;
 }
 
+// A line is a pixel thick.
+void thicken(Bounds& bounds) {
+  bounds.width = std::max(bounds.width, twips_per_pixel);
+  bounds.height = std::max(bounds.height, twips_per_pixel);
+}
+
 // The place on the surface; nothing for what stands in the user units of a picture box.
 std::string place_of(const Control& control) {
   Bounds bounds = control.bounds();
@@ -49,6 +55,7 @@ std::string place_of(const Control& control) {
     bounds.left += outer->bounds().left;
     bounds.top += outer->bounds().top;
   }
+  if (control.kind() == Kind::Line) thicken(bounds);
   return " at " + pair_of(bounds.left, ',', bounds.top) + " " + pair_of(bounds.width, 'x', bounds.height);
 }
 
@@ -92,9 +99,14 @@ std::string line_of(const Control& control) {
   return line + "\n";
 }
 
-// Lines are decoration that no host names.
+bool is_a_point(const Bounds& bounds) {
+  return bounds.width == 0 && bounds.height == 0;
+}
+
+// A line that begins where it ends is nothing to see.
 bool is_seen(const Control* control) {
-  return control->kind() != Kind::Menu && control->kind() != Kind::Line && control->shown();
+  if (control->kind() == Kind::Line && is_a_point(control->bounds())) return false;
+  return control->kind() != Kind::Menu && control->shown();
 }
 
 std::string controls_of(const Surface& surface) {

@@ -224,13 +224,10 @@ export class ControlView implements Properties {
 
   setColours({ back, fore }: ColoursValue): void {
     const { style } = this.node;
-    if (this.kind === Kind.Line) {
-      style.backgroundColor = cssColour(fore);
-      return;
-    }
+    style.color = cssColour(fore);
+    if (this.kind === Kind.Line) return;
     // A button without a colour of its own looks like the page's other buttons.
     style.backgroundColor = this.kind === Kind.CommandButton && isTransparent(back) ? "" : cssColour(back);
-    style.color = cssColour(fore);
   }
 
   setFont({ points, bold, align, wraps }: FontValue): void {
@@ -292,17 +289,21 @@ export class ControlView implements Properties {
     this.#place();
   }
 
-  // A line is a pixel high and lies, turned about the middle of its left end, as a drawn one does.
+  // Along an axis a line is a box of no height or width, whose edge is the line: edges are always sharp. A slanting
+  // one is turned about the middle of its left end.
   #placeLine(ends: EndsValue | undefined, unit: Point, origin: Point): void {
     if (!ends) return;
     const { from, to } = ends;
-    const { style } = this.node;
     const [x, y] = [(to.x - from.x) * unit.x, (to.y - from.y) * unit.y];
     const [left, top] = [(from.x - origin.x) * unit.x, (from.y - origin.y) * unit.y];
-    style.left = `${(x === 0 ? Math.round(left) : left) + 0.5}px`;
-    style.top = `${y === 0 ? Math.round(top) : top}px`;
-    style.width = `${Math.hypot(x, y)}px`;
-    style.rotate = `${Math.atan2(y, x)}rad`;
+    const slants = Math.abs(x) >= 0.01 && Math.abs(y) >= 0.01;
+    const { style, classList } = this.node;
+    classList.toggle("slants", slants);
+    style.left = `${slants ? left + 0.5 : Math.min(left, left + x)}px`;
+    style.top = `${slants ? top + 0.5 : Math.min(top, top + y)}px`;
+    style.width = `${slants ? Math.hypot(x, y) : Math.abs(x)}px`;
+    style.height = slants ? "" : `${Math.abs(y)}px`;
+    style.rotate = slants ? `${Math.atan2(y, x)}rad` : "";
   }
 
   setDrawing(drawing: DrawingValue): void {

@@ -9,6 +9,10 @@ export function pixelsPerUnit({ topLeft, bottomRight }: Scale, width: number, he
   return { x: width / (bottomRight.x - topLeft.x || 1), y: height / (bottomRight.y - topLeft.y || 1) };
 }
 
+// In the screen's own pixels. What is smoothed is paler than what is sharp, so it is a little thicker where a line
+// is thin.
+const leastSmoothWidth = 1.5;
+
 // Paints strokes on a canvas's context, in pixels from its corner. What lies along an axis begins and ends on
 // the screen's own pixels, so that it is sharp.
 class Painter {
@@ -16,13 +20,15 @@ class Painter {
   readonly #origin: Point;
   readonly #unit: Point;
   readonly #density: number;
+  readonly #thickness: number;
 
   constructor(context: CanvasRenderingContext2D, scale: Scale, width: number, height: number, density: number) {
     this.#context = context;
     this.#origin = scale.topLeft;
     this.#unit = pixelsPerUnit(scale, width, height);
     this.#density = density;
-    context.lineWidth = Math.max(1, Math.round(density)) / density;
+    this.#thickness = Math.max(1, Math.floor(density)) / density;
+    context.lineWidth = Math.max(this.#thickness, leastSmoothWidth / density);
   }
 
   paint(stroke: Stroke): void {
@@ -37,9 +43,11 @@ class Painter {
       case StrokeKind.Segment:
         this.#segment(stroke.from, stroke.to);
         break;
-      case StrokeKind.Text:
-        this.#context.fillText(stroke.text, ...this.#pixels(stroke.at));
+      case StrokeKind.Text: {
+        const [x, y] = this.#pixels(stroke.at);
+        this.#context.fillText(stroke.text, this.#edge(x), this.#edge(y));
         break;
+      }
       case StrokeKind.Stamp:
         this.#stamp(stroke);
         break;
@@ -78,12 +86,13 @@ class Painter {
   // A line covers the dots of its points.
   #segment(from: Point, to: Point): void {
     const [[x1, y1], [x2, y2]] = [this.#pixels(from), this.#pixels(to)];
-    const { lineWidth } = this.#context;
-    if (Math.abs(x1 - x2) < 0.01) return this.#fill(x1, Math.min(y1, y2), lineWidth, Math.abs(y1 - y2) + lineWidth);
-    if (Math.abs(y1 - y2) < 0.01) return this.#fill(Math.min(x1, x2), y1, Math.abs(x1 - x2) + lineWidth, lineWidth);
+    const [across, down] = [Math.abs(x1 - x2), Math.abs(y1 - y2)];
+    const thickness = this.#thickness;
+    if (across < 0.01 || down < 0.01)
+      return this.#fill(Math.min(x1, x2), Math.min(y1, y2), across + thickness, down + thickness);
     this.#context.beginPath();
-    this.#context.moveTo(x1 + lineWidth / 2, y1 + lineWidth / 2);
-    this.#context.lineTo(x2 + lineWidth / 2, y2 + lineWidth / 2);
+    this.#context.moveTo(x1 + thickness / 2, y1 + thickness / 2);
+    this.#context.lineTo(x2 + thickness / 2, y2 + thickness / 2);
     this.#context.stroke();
   }
 
@@ -108,6 +117,9 @@ export function paint(
 ): void {
   canvas.width = Math.round(width * density);
   canvas.height = Math.round(height * density);
+  // Pixel for pixel, also where the box is no whole number of the screen's.
+  canvas.style.width = `${canvas.width / density}px`;
+  canvas.style.height = `${canvas.height / density}px`;
   const context = canvas.getContext("2d");
   if (!context) return;
   if (ground) {

@@ -81,7 +81,10 @@ const css = `
 .caption { position: absolute; left: ${Measure.captionLeft}px; top: ${Measure.captionTop}px; white-space: pre; }
 .frame { overflow: clip; contain: layout style; }
 .frame.captioned { border-radius: 4px; box-shadow: 0 0 0 1px ${Look.buttonEdge}, 0 6px 18px 1px rgb(16 24 40 / 22%); }
-.line { height: 1px; transform-origin: 0 0.5px; pointer-events: none; }
+.line { border: 0 solid; border-width: 1px 0 0 1px; pointer-events: none; }
+.surface .line.slants { --width: 1.5px; height: var(--width); margin-top: calc(var(--width) / -2); border: 0; background-color: currentColor; transform-origin: left; }
+@media (min-resolution: 1.2dppx) { .surface .line.slants { --width: 1.2px; } }
+@media (min-resolution: 1.5dppx) { .surface .line.slants { --width: 1px; } }
 .image svg { display: block; width: 100%; height: 100%; }
 .picture { overflow: clip; contain: layout style; outline: 1px solid var(--line); outline-offset: -1px; }
 .picture:focus { outline: 2px solid var(--accent); }
@@ -93,7 +96,7 @@ const css = `
 .picture .image:hover { background-color: rgb(192 0 0 / 10%) !important; }
 .picture .image { cursor: grab; }
 .picture .image:active { cursor: grabbing; }
-.picture canvas { position: absolute; inset: 0; width: 100%; height: 100%; }
+.picture canvas { position: absolute; left: 0; top: 0; image-rendering: pixelated; }
 
 /* Cells: what can be typed in has a firm edge, what is locked a faint one. */
 .box {

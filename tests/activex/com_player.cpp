@@ -380,7 +380,6 @@ void ComPlayer::cancel_file() {
 // ---- What is there
 
 bool ComPlayer::is_shown(const Named& what) {
-  if (const auto line = eyes().sees_line(what.name)) return *line;
   const auto seen = eyes().find(what.name, what.index);
   expect(seen || !eyes().forms().empty() || eyes().exists(what.name, what.index),
          "there is no " + what.called());

@@ -6,6 +6,7 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <cmath>
 #include <cstring>
 #include <memory>
 #include <string>
@@ -174,21 +175,48 @@ TEST(WindowsDrawing, AVerticalLineIsTwoColumnsAt192Dpi) {
   EXPECT_EQ(paper.rows(), (Rows{"......", "......", "..##..", "..##..", "..##..", "..##.."}));
 }
 
-TEST(WindowsDrawing, ASlantingLineCoversBothItsEnds) {
-  const Paper paper(4, 4);
-  paper.draw(drawn(line({0, 60}, {45, 15})), upwards(4, 4));
-  EXPECT_EQ(paper.rows(), (Rows{"#...", ".#..", "..#.", "...#"}));
+// How much ink there is in a column, in pixels.
+double ink_in_column(const Paper& paper, int x) {
+  double ink_there = 0;
+  for (int y = 0; y < paper.box().bottom; ++y)
+    ink_there += (255 - GetRValue(paper.at(x, y))) / (255.0 - ink.red());
+  return ink_there;
 }
 
-TEST(WindowsDrawing, ASlantingLineIsTwiceAsThickAt192Dpi) {
+TEST(WindowsDrawing, ASlantingLineHasNoSteps) {
+  const Paper paper(80, 40);
+  paper.draw(drawn(line({15, 465}, {1065, 165})), upwards(80, 40));
+  const Rows rows = paper.rows();
+  for (int x = 6; x < 66; ++x) {
+    const auto in_column = [&](char kind) {
+      return std::ranges::count_if(
+          rows, [&](const std::string& row) { return row[static_cast<std::size_t>(x)] == kind; });
+    };
+    EXPECT_NEAR(ink_in_column(paper, x), 1.5 * std::hypot(70, 20) / 70, 0.15) << x;
+    EXPECT_GE(in_column('?'), 1) << x;
+    EXPECT_LE(in_column('?') + in_column(inked), 4) << x;
+  }
+}
+
+TEST(WindowsDrawing, ASlantingLineReachesBothItsEnds) {
+  const Paper paper(4, 4);
+  paper.draw(drawn(line({0, 60}, {45, 15})), upwards(4, 4));
+  for (int at = 0; at < 4; ++at) EXPECT_EQ(paper.at(at, at), RGB(10, 20, 30)) << at;
+  EXPECT_EQ(paper.at(3, 0), RGB(255, 255, 255));
+}
+
+TEST(WindowsDrawing, ASlantingLineIsTwoPixelsThickAt192Dpi) {
   const Paper paper(80, 40);
   paper.draw(drawn(line({0, 225}, {525, 75})), upwards(40, 20), 192);
-  const Rows rows = paper.rows();
-  for (std::size_t x = 10; x < 60; ++x) {
-    const auto down =
-        std::count_if(rows.begin(), rows.end(), [x](const std::string& row) { return row[x] == inked; });
-    EXPECT_GE(down, 2) << x;
-    EXPECT_LE(down, 3) << x;
+  for (int x = 10; x < 60; ++x)
+    EXPECT_NEAR(ink_in_column(paper, x), 2 * std::hypot(525, 150) / 525, 0.15) << x;
+}
+
+TEST(WindowsDrawing, AStraightLineIsOnePurePixelBelow192Dpi) {
+  for (const int dpi : {96, 120, 144, 168}) {
+    const Paper paper(8, 4);
+    paper.draw(drawn(line({15, 30}, {60, 30})), upwards(8, 4), dpi);
+    EXPECT_EQ(paper.rows(), (Rows{"........", "........", ".####...", "........"})) << dpi;
   }
 }
 

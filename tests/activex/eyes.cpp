@@ -159,8 +159,17 @@ std::string back_of(const Seen& seen) {
 
 // ---- Colours: looked at
 
-// The points of a window from its corner, row by row from the bottom, as 0x00RRGGBB.
-std::vector<std::uint32_t> points_of(HWND window) {
+// The points of a window as 0x00RRGGBB, row by row from the bottom.
+struct Points {
+  LONG width, height;
+  std::vector<std::uint32_t> all;
+  std::uint32_t at(LONG x, LONG y) const {
+    const bool is_inside = x >= 0 && x < width && y >= 0 && y < height;
+    return is_inside ? all[static_cast<std::size_t>((height - 1 - y) * width + x)] : 0;
+  }
+};
+
+Points points_of(HWND window) {
   RECT inside{};
   GetClientRect(window, &inside);
   BITMAPINFO info{};
@@ -171,12 +180,13 @@ std::vector<std::uint32_t> points_of(HWND window) {
   HGDIOBJ const before = SelectObject(dc, bitmap);
   BitBlt(dc, 0, 0, inside.right, inside.bottom, screen, 0, 0, SRCCOPY);
   SelectObject(dc, before);
-  std::vector<std::uint32_t> points(static_cast<std::size_t>(inside.right * inside.bottom));
-  GetDIBits(dc, bitmap, 0, static_cast<UINT>(inside.bottom), points.data(), &info, DIB_RGB_COLORS);
+  Points points{inside.right, inside.bottom, {}};
+  points.all.resize(static_cast<std::size_t>(inside.right * inside.bottom));
+  GetDIBits(dc, bitmap, 0, static_cast<UINT>(inside.bottom), points.all.data(), &info, DIB_RGB_COLORS);
   DeleteObject(bitmap);
   DeleteDC(dc);
   ReleaseDC(window, screen);
-  for (std::uint32_t& point : points) point &= 0xFFFFFFU;
+  for (std::uint32_t& point : points.all) point &= 0xFFFFFFU;
   return points;
 }
 
@@ -258,8 +268,8 @@ std::string Eyes::size_of(HWND window) const {
   return " " + std::to_string(pixels(inside.right)) + "x" + std::to_string(pixels(inside.bottom)) + "\n";
 }
 
-std::string Eyes::place_of(HWND window, HWND ground) const {
-  const RECT box = box_of(window), inside = inside_of(ground);
+std::string Eyes::place_of(const RECT& box, HWND ground) const {
+  const RECT inside = inside_of(ground);
   return std::to_string(pixels(box.left - inside.left)) + "," + std::to_string(pixels(box.top - inside.top));
 }
 
@@ -290,6 +300,16 @@ const std::string& Eyes::name_of(HWND window) const {
   return known->second;
 }
 
+HWND Eyes::window_of(const std::string& name, HWND ground) const {
+  const auto all = windows_in(ground);
+  const auto found = std::ranges::find_if(all, [&](HWND window) { return name_of(window) == name; });
+  return found == all.end() ? nullptr : *found;
+}
+
+bool Eyes::is_picture(HWND window) const {
+  return kind_of(window, name_of(window)) == "picture";
+}
+
 Seen Eyes::look_at(HWND window, HWND ground) const {
   Seen seen;
   seen.window = window;
@@ -315,9 +335,9 @@ std::string Eyes::line_of(const Seen& seen, HWND ground) const {
     line += " " + std::to_string(seen.low) + ".." + std::to_string(seen.high) + " value " +
             std::to_string(seen.value);
   // What stands in a picture has its place in the picture's own units.
-  HWND const parent = GetParent(seen.window);
-  if (parent == ground || kind_of(parent, name_of(parent)) != "picture")
-    line += " at " + place_of(seen.window, ground) + " " +
+  HWND const container = seen.kind == "line" ? seen.window : GetParent(seen.window);
+  if (container == ground || !is_picture(container))
+    line += " at " + place_of(seen.box, ground) + " " +
             std::to_string(pixels(seen.box.right - seen.box.left)) + "x" +
             std::to_string(pixels(seen.box.bottom - seen.box.top));
   if (shows_its_back(seen.kind)) line += " back " + seen.back;
@@ -327,23 +347,59 @@ std::string Eyes::line_of(const Seen& seen, HWND ground) const {
   return line + "\n";
 }
 
-std::string Eyes::controls_of(HWND ground) const {
-  std::vector<Seen> all;
+// A line has no window. It is seen if its colour is there: in the middle of where it stands, and for one in a
+// picture, whose units are its own, anywhere in that picture.
+Seen Eyes::look_at_line(const platform::Control& line, HWND container) const {
+  const auto device = [this](double twips) {
+    return static_cast<LONG>(std::floor(twips * dpi_ / 1440 + 0.5));
+  };
+  const platform::Bounds& bounds = line.bounds();
+  const LONG left = device(bounds.left), top = device(bounds.top), pixel = std::max(1L, device(15));
+  const RECT place{left, top, left + std::max(pixel, device(bounds.width)),
+                   top + std::max(pixel, device(bounds.height))};
+  const Points points = points_of(container);
+  const std::uint32_t colour = point_of(line.fore_colour());
+  Seen seen;
+  seen.window = container;
+  seen.name = line.name();
+  seen.index = line.index();
+  seen.kind = "line";
+  seen.box = place;
+  MapWindowPoints(container, nullptr, reinterpret_cast<POINT*>(&seen.box), 2);
+  seen.shown = IsWindowVisible(container) &&
+               (is_picture(container) ? std::ranges::find(points.all, colour) != points.all.end()
+                                      : points.at((place.left + place.right) / 2, place.top) == colour);
+  return seen;
+}
+
+std::vector<Seen> Eyes::lines_on(HWND ground) const {
+  const bool is_about = name_of(ground) == about_.name();
+  if (ground != surface_ && !is_about) return {};
+  const platform::Surface& known = is_about ? static_cast<const platform::Surface&>(about_) : control_;
+  std::vector<Seen> lines;
+  for (const platform::Control* const each : known.controls()) {
+    if (each->kind() != platform::Kind::Line) continue;
+    HWND const container =
+        each->container() ? window_of(full_name(each->container()->name(), 0), ground) : ground;
+    if (container) lines.push_back(look_at_line(*each, container));
+  }
+  return lines;
+}
+
+std::vector<Seen> Eyes::all_on(HWND ground) const {
+  std::vector<Seen> all = lines_on(ground);
   for (HWND const window : windows_in(ground))
     if (is_shown(window, ground)) all.push_back(look_at(window, ground));
+  std::erase_if(all, [](const Seen& seen) { return !seen.shown; });
+  return all;
+}
+
+std::string Eyes::controls_of(HWND ground) const {
+  std::vector<Seen> all = all_on(ground);
   std::ranges::sort(all, {}, [](const Seen& seen) { return std::tie(seen.name, seen.index); });
   std::string lines;
   for (const Seen& seen : all) lines += line_of(seen, ground);
   return lines;
-}
-
-std::optional<bool> Eyes::sees_line(std::string_view name) const {
-  const platform::Control* const line = control_.find(name);
-  if (!line || line->kind() != platform::Kind::Line || !line->container()) return {};
-  const auto picture = find(line->container()->name(), 0);
-  if (!picture || !picture->shown) return false;
-  const auto points = points_of(picture->window);
-  return std::ranges::find(points, point_of(line->fore_colour())) != points.end();
 }
 
 // ---- Forms, focus, busy
@@ -426,7 +482,7 @@ std::string Eyes::menu_lines() const {
   std::string lines;
   for (std::size_t at = 0; at < open.size(); ++at) {
     lines += "menu " + menu_name(open, at);
-    if (at == 0) lines += " at " + place_of(open[at].window, surface_);
+    if (at == 0) lines += " at " + place_of(box_of(open[at].window), surface_);
     lines += "\n";
     for (const UINT place : places_in(open[at].menu)) {
       const ItemInfo info(open[at].menu, place);
@@ -468,10 +524,11 @@ std::optional<Seen> Eyes::find(std::string_view name, int index) const {
       return seen;
     }
   }
-  const std::string wanted = full_name(name, index);
-  for (HWND const ground : {top(), surface_})
-    for (HWND const window : windows_in(ground))
-      if (name_of(window) == wanted) return look_at(window, ground);
+  for (HWND const ground : {top(), surface_}) {
+    if (HWND const window = window_of(full_name(name, index), ground)) return look_at(window, ground);
+    for (const Seen& line : lines_on(ground))
+      if (line.name == name && line.index == index) return line;
+  }
   return {};
 }
 

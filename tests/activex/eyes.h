@@ -17,6 +17,7 @@
 
 #include "control/LPctrl.h"
 #include "hosts/headless/headless_host.h"
+#include "simplex/message_form.h"
 
 namespace tabulon::activex {
 
@@ -51,9 +52,6 @@ class Eyes {
   std::optional<Seen> find(std::string_view name, int index) const;
   // Whether the surface has a control of that name, visible or not.
   bool exists(std::string_view name, int index) const { return control_.find(name, index) != nullptr; }
-  // Whether a line is visible. It has no window, so its colour is looked for in the picture that contains it.
-  // Nothing if there is no such line.
-  std::optional<bool> sees_line(std::string_view name) const;
 
   std::vector<Opened> forms() const;  // the last one is on top
   std::vector<Opened> menus() const;  // the innermost is last
@@ -70,9 +68,14 @@ class Eyes {
   };
 
   HWND top() const;
+  HWND window_of(const std::string& name, HWND ground) const;
+  bool is_picture(HWND window) const;
   Seen look_at(HWND window, HWND ground) const;
   const std::string& name_of(HWND window) const;
   std::string tip_of(HWND window, HWND ground) const;
+  std::vector<Seen> lines_on(HWND ground) const;
+  Seen look_at_line(const platform::Control& line, HWND container) const;
+  std::vector<Seen> all_on(HWND ground) const;
   std::string controls_of(HWND ground) const;
   std::string line_of(const Seen& seen, HWND ground) const;
   std::vector<OpenMenu> open_menus() const;
@@ -81,17 +84,18 @@ class Eyes {
   std::string menu_lines() const;
   std::string item_line(const MENUITEMINFOW& info, bool is_highlighted) const;
   std::string size_of(HWND window) const;
-  std::string place_of(HWND window, HWND ground) const;
+  std::string place_of(const RECT& box, HWND ground) const;
   int pixels(LONG device) const;
 
   HWND surface_;
   DWORD thread_;
   int dpi_;
   mutable std::map<HWND, std::string> names_;
-  // Knows the names of what the menus show.
+  // Know the names of what the menus show, and the lines.
   platform::HeadlessHost host_;
   basSafeCtl model_;
   LPctrl control_{host_.desk(), model_};
+  MessageForm about_{control_, frmAboutLP, model_};
 };
 
 }  // namespace tabulon::activex

@@ -143,6 +143,43 @@ describe("what is seen", () => {
     });
   }
 
+  // Half way between two grid lines the only thing on the way across an axis is the axis.
+  async function acrossTheAxes() {
+    const { x, y } = await boxOf("PictureLN");
+    const density = await page.evaluate(() => devicePixelRatio);
+    const image = await readImage(await page.screenshot({ encoding: "base64" }));
+    const device = (at) => Math.round(at * density);
+    const [axisX, axisY] = [device(x + square.left), device(y + square.top + square.side)];
+    const [besideX, besideY] = [device(x + square.left + 190), device(y + square.top + 10)];
+    const steps = [-3, -2, -1, 0, 1, 2, 3];
+    return [
+      steps.map((step) => image.at(axisX + step, besideY).join()),
+      steps.map((step) => image.at(besideX, axisY + step).join()),
+    ];
+  }
+
+  for (const scale of [0.9, 1.1, 1.25, 1.5])
+    test(`at ${scale} pixels to a pixel has axes of one black pixel, wherever the panel stands`, async () => {
+      await open(twoProducts, { scale });
+      await toggleGraph();
+      for (const [right, down] of [
+        [0, 0],
+        [-31, 7],
+        [-45.5, 12.3],
+        [18.7, 5],
+      ]) {
+        const [x, y] = await middleOf("cmdFrame");
+        await page.mouse.move(x, y);
+        await page.mouse.down();
+        await page.mouse.move(x + right, y + down);
+        await page.mouse.up();
+        for (const across of await acrossTheAxes()) {
+          assert.equal(across.filter((colour) => colour === colours.ink.join()).length, 1, across.join(" "));
+          assert.equal(across.filter((colour) => colour === colours.white.join()).length, 6, across.join(" "));
+        }
+      }
+    });
+
   test("becomes sharp when the page comes on a sharper screen", async () => {
     await openSolved();
     await page.setViewport({ width: 880, height: 680, deviceScaleFactor: 2 });

@@ -47,6 +47,9 @@ export function look({ what, name, index }) {
   // What stands beside the surface has the class "aside".
   const isShown = (node, ground) => node.checkVisibility() && !node.classList.contains("aside") && isOn(node, ground);
 
+  // A line that begins where it ends is nothing to see.
+  const isNoPoint = (node) => kindOf(node) !== "line" || Math.max(node.offsetWidth, node.offsetHeight) > 1;
+
   const backOf = (node) => {
     const colour = getComputedStyle(node).backgroundColor;
     if (colour === "rgba(0, 0, 0, 0)") return "none";
@@ -105,7 +108,7 @@ export function look({ what, name, index }) {
   };
   const controlsOf = (on) =>
     [...on.querySelectorAll("[data-name]")]
-      .filter((node) => kindOf(node) !== "line" && isShown(node, on))
+      .filter((node) => isShown(node, on) && isNoPoint(node))
       .sort(order)
       .map((node) => lineOf(node, on))
       .join("");

@@ -10,14 +10,18 @@ namespace {
 
 class Marking : public testing::Test {
  protected:
-  // Makes the change twice: the first time marks `property` alone, the second nothing.
   template <class Change>
   void expect_marked_once(Control& control, Property property, Change change) {
+    expect_marked_once(control, {property}, change);
+  }
+  // Makes the change twice: the first time marks `properties` alone, the second nothing.
+  template <class Change>
+  void expect_marked_once(Control& control, std::initializer_list<Property> properties, Change change) {
     control.take_changes();
     sheet.take_changed();
     change();
     Properties only;
-    only.add(property);
+    for (const Property each : properties) only.add(each);
     EXPECT_EQ(control.take_changes().bits(), only.bits());
     EXPECT_TRUE(sheet.take_changed());
     change();
@@ -66,11 +70,9 @@ TEST_F(Marking, SelectingAllIsAskedForEachTimeAnew) {
   }
 }
 
-TEST_F(Marking, PicturesLinesBarsAndMenusMarkTheirOwn) {
+TEST_F(Marking, PicturesBarsAndMenusMarkTheirOwn) {
   Image image(sheet, "image");
   expect_marked_once(image, Property::Picture, [&] { image.set_picture(Picture::Warning); });
-  Line line(sheet, "line");
-  expect_marked_once(line, Property::Ends, [&] { line.set_ends({0, 0}, {300, 0}); });
   HScrollBar bar(sheet, "bar");
   expect_marked_once(bar, Property::Range, [&] { bar.set_range(1, 7); });
   expect_marked_once(bar, Property::Range, [&] { bar.set_steps(1, 5); });
@@ -78,6 +80,12 @@ TEST_F(Marking, PicturesLinesBarsAndMenusMarkTheirOwn) {
   Menu menu(sheet, "menu", "&Menu");
   expect_marked_once(menu, Property::Checked, [&] { menu.set_checkable(); });
   expect_marked_once(menu, Property::Checked, [&] { menu.set_checked(true); });
+}
+
+TEST_F(Marking, ALineStandsWhereItsEndsAre) {
+  Line line(sheet, "line");
+  expect_marked_once(line, {Property::Ends, Property::Bounds}, [&] { line.set_ends({330, 90}, {30, 45}); });
+  EXPECT_EQ(line.bounds(), (Bounds{30, 45, 300, 45}));
 }
 
 TEST_F(Marking, ADrawingIsMarkedWhenItsStrokesDiffer) {

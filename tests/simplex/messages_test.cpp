@@ -128,6 +128,13 @@ TEST_F(Messages, TheAboutBoxTellsWhatThisIs) {
   EXPECT_EQ(focus(), "txtFocus");
 }
 
+TEST_F(Messages, TheAboutBoxShowsTheLinesAboveItsWarning) {
+  open();
+  choose("mnu_About");
+  EXPECT_TRUE(shown("lineAbove"));
+  EXPECT_TRUE(shown("lineBelow"));
+}
+
 TEST_F(Messages, AScriptMayShowTheAboutBox) {
   host.desk().call(control, control.ShowAboutBox());
   EXPECT_EQ(form(), "frmAboutLP");
