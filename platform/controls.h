@@ -112,6 +112,7 @@ class Control {
   const Font& font() const { return font_; }
   bool visible() const { return visible_; }
   bool enabled() const { return enabled_; }
+  Role role() const { return role_; }
   // Visible, in visible containers, and with some part of it on the surface.
   bool shown() const;
   // How a host shows it, as it stands in its container.
@@ -128,6 +129,7 @@ class Control {
   void set_font(const Font& font) { change(font_, font, Property::Font); }
   void set_visible(bool visible) { change(visible_, visible, Property::Visible); }
   void set_enabled(bool enabled) { change(enabled_, enabled, Property::Enabled); }
+  void set_role(Role role) { change(role_, role, Property::Role); }
 
   // The place in the tab order; controls with the same place follow in order of creation. Controls with
   // tab_stop off are skipped by Tab, but their place counts: Tab goes on from there.
@@ -170,6 +172,7 @@ class Control {
   int index_, id_, tab_index_ = 0;
   Font font_;
   Kind kind_;
+  Role role_ = Role::None;
   bool visible_ = true, enabled_ = true, tab_stop_ = false;
 };
 

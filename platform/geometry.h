@@ -41,6 +41,7 @@ struct Font {
   bool bold = false;
   Align align = Align::Left;
   bool wraps = false;
+  bool middle = false;  // what wraps stands in the middle of its height, as one line always does
   friend bool operator==(const Font&, const Font&) = default;
 };
 

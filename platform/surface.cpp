@@ -175,6 +175,13 @@ Task<> Form::on_activate() {
   co_return;
 }
 
+void Form::update() {
+  if (!default_button) return;
+  const bool other_has_focus =
+      active() && active() != default_button && active()->kind() == Kind::CommandButton;
+  default_button->set_role(other_has_focus ? Role::None : Role::Default);
+}
+
 Task<> Form::default_key(KeyPress press, bool& used) {
   co_await Surface::default_key(press, used);
   if (used) co_return;

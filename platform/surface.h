@@ -142,6 +142,8 @@ class Form : public Surface {
 
   virtual void on_load() {}
   virtual Task<> on_activate();
+  // The default button looks like one while Enter would press it.
+  void update() override;
 
  protected:
   Task<> default_key(KeyPress press, bool& used) override;

@@ -10,6 +10,7 @@
 namespace tabulon {
 
 using platform::Menu;
+using platform::Role;
 using platform::Task;
 using platform::Twips;
 
@@ -42,6 +43,7 @@ MenuBar::MenuBar(platform::Surface& surface, RestingFocus& resting, const Comman
   for (const ButtonDesign& design : designs) {
     buttons_.add(surface_, design.placement.name);
     platform::place(surface_, std::array{design.placement});
+    buttons_[buttons_.size() - 1].set_role(Role::OpensMenu);
   }
   add_menus();
 }
@@ -95,8 +97,24 @@ Twips MenuBar::left_of(std::size_t button) const {
   return buttons_[button].bounds().left + menu_inset;
 }
 
+// The button shows that its menu is open, also where that ends unexpectedly.
+class MenuBar::Opened {
+ public:
+  explicit Opened(platform::Control& button) : button_(button) { button_.set_role(Role::MenuOpen); }
+  Opened(const Opened&) = delete;
+  ~Opened() { button_.set_role(Role::OpensMenu); }
+
+ private:
+  platform::Control& button_;
+};
+
+Task<const Menu*> MenuBar::choice_in(std::size_t button, Twips left) {
+  const Opened opened(buttons_[button]);
+  co_return co_await surface_.desk().show_menu(*pop_ups_[button], left, menu_top);
+}
+
 Task<> MenuBar::pop_up(std::size_t button, Twips left) {
-  const Menu* const chosen = co_await surface_.desk().show_menu(*pop_ups_[button], left, menu_top);
+  const Menu* const chosen = co_await choice_in(button, left);
   if (chosen) co_await run(*chosen);
 }
 

@@ -24,8 +24,12 @@ class MenuBar {
   bool has(const platform::Control* control) const { return buttons_.find(control) < buttons_.size(); }
 
  private:
+  class Opened;
+
   void add_menus();
   platform::Task<> open_by_mouse(std::size_t button);
+  // The chosen item; null where none was.
+  platform::Task<const platform::Menu*> choice_in(std::size_t button, platform::Twips left);
   platform::Task<> pop_up(std::size_t button, platform::Twips left);
   platform::Task<> run(const platform::Menu& item);
   platform::Twips left_of(std::size_t button) const;

@@ -24,6 +24,7 @@ Dialog::Dialog(Surface& owner, std::string_view name, platform::Twips width, pla
 void Dialog::add_spin_bar(VScrollBar& bar, Control& display, std::string_view name) {
   spins_.push_back({&bar, &display, name});
   bar.set_spoken_name(name);
+  display.set_role(platform::Role::Number);
   bar.set_tab(static_cast<int>(spins_.size()), true);
 }
 
@@ -134,8 +135,11 @@ void Dialog::show_number(const Spin& spin) {
 
 void Dialog::make_current(const Spin& spin) {
   current_ = spin.bar;
-  for (const Spin& each : spins_)
-    each.display->set_back_colour(each.bar == current_ ? current_colour : platform::system_colour::window);
+  for (const Spin& each : spins_) {
+    const bool is_current = each.bar == current_;
+    each.display->set_back_colour(is_current ? current_colour : platform::system_colour::window);
+    each.display->set_role(is_current ? platform::Role::CurrentNumber : platform::Role::Number);
+  }
   txtFocus.set_spoken_name(std::string(spin.name) + " " + numbers::digits(spin.bar->value()));
 }
 

@@ -4,6 +4,7 @@
 
 #include "control/basSafeCtl_style.h"
 #include "platform/layout.h"
+#include "platform/look.h"
 
 namespace tabulon {
 
@@ -13,19 +14,25 @@ using platform::Twips;
 namespace {
 
 constexpr Twips lines_top = 210, line_pitch = 360, line_height = 330;
+// Names, equals signs and values stand in columns, in which F has its line too.
+constexpr Twips equals = 1560, equals_width = 240, values = 1860;
+constexpr Twips text_margin = platform::measure::text_margin * platform::measure::twips_per_pixel;
 constexpr platform::Font centred{.points = 9, .align = Align::Centre};
 
 constexpr platform::ArrayPlacement arrays[] = {
-    {"lblBasisVar", {240, lines_top, 840, line_height}, 1, 0, line_pitch, "basisvar", centred},
-    {"lblGelijk", {1110, lines_top, 240, line_height}, 1, 0, line_pitch, "=", centred},
-    {"txtRL", {1380, lines_top, 1650, line_height}, 1, 0, line_pitch, "", {.points = 9}},
+    {"lblBasisVar", {240, lines_top, 1260, line_height}, 1, 0, line_pitch, "basisvar", centred},
+    {"lblGelijk", {equals, lines_top, equals_width, line_height}, 1, 0, line_pitch, "=", centred},
+    {"txtRL", {values, lines_top, 1410, line_height}, 1, 0, line_pitch, "", {.points = 9}},
 };
 
 // What stands below the lines, measured from the last one's end.
 constexpr platform::Placement below[] = {
-    {"lblDoelfunctie", {240, 150, 1590, 285}, "Doelfunctie F =", {.points = 9, .bold = true}},
-    {"lblFRL", {1890, 150, 1140, 285}, "", {.points = 9, .bold = true}},
-    {"OKButton", {1020, 600, 1230, 375}, "OK", centred},
+    {"lblDoelfunctie",
+     {240, 150, equals + equals_width - 60 - 240, 285},
+     "Doelfunctie F =",
+     {.points = 9, .bold = true, .align = Align::Right}},
+    {"lblFRL", {values + text_margin, 150, 1410 - text_margin, 285}, "", {.points = 9, .bold = true}},
+    {"OKButton", {1140, 600, 1230, 375}, "OK", centred},
 };
 
 constexpr Twips height_below = 1155;
@@ -33,7 +40,7 @@ constexpr Twips height_below = 1155;
 }  // namespace
 
 frmBasis_Oplossing::frmBasis_Oplossing(Surface& owner, basSafeCtl& model)
-    : Dialog(owner, "frmBasis_Oplossing", 3270, lines_top + most_rows * line_pitch + height_below,
+    : Dialog(owner, "frmBasis_Oplossing", 3510, lines_top + most_rows * line_pitch + height_below,
              " Basis oplossing", model) {
   platform::place(*this, arrays);
   platform::place(*this, below);

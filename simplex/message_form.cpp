@@ -18,12 +18,14 @@ constexpr platform::Bounds sign{210, 270, 480, 480};
 
 constexpr Twips message_width = 3600, margin = 150;
 
+// As high as the sign, or as far above its middle as below.
 constexpr platform::Bounds words_from(Twips left) {
-  return {left, 300, message_width - left - margin, 420};
+  return {left, sign.top, message_width - left - margin, sign.height};
 }
+constexpr platform::Font in_words{.points = 10, .wraps = true, .middle = true};
 
 constexpr Placement message_labels[] = {
-    {"lblMelding", words_from(810), "Modelfout!", {.points = 10, .wraps = true}},
+    {"lblMelding", words_from(810), "Modelfout!", in_words},
 };
 
 struct Message {
@@ -52,7 +54,7 @@ void fill_message(MessageForm& form, const basSafeCtl& model) {
 // ---- frmFoutmelding
 
 constexpr Placement failure_labels[] = {
-    {"lblMelding", {840, 240, 3750, 720}, "", {.points = 10, .wraps = true}},
+    {"lblMelding", {840, sign.top - 120, 3750, sign.height + 240}, "", in_words},
 };
 
 void fill_failure(MessageForm& form, const basSafeCtl& model) {

@@ -92,7 +92,8 @@ constexpr Placement in_big_M[] = {
 
 // "Aantal", the relation sign, "restricties :".
 void place_relation(platform::ControlArray<Label, 3>& labels, int row, std::string_view sign) {
-  constexpr std::array<Twips, 3> lefts{texts, 930, 1290}, widths{645, 345, 1500};
+  // A blank apart, with the letters that hosts take.
+  constexpr std::array<Twips, 3> lefts{texts, texts + 525, texts + 840}, widths{540, 300, 1500};
   const std::array<std::string_view, 3> words{"Aantal", sign, "restricties :"};
   for (int at = 1; at <= 3; ++at) {
     const auto part = static_cast<std::size_t>(at - 1);

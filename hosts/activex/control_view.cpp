@@ -50,9 +50,11 @@ bool have_common(Properties one, Properties other) {
 }
 
 // The properties whose change requires repainting that the system does not do by itself.
-constexpr Properties look_of_box = some({Property::Colours, Property::Font, Property::Locked});
-constexpr Properties look_of_drawn = some({Property::Text, Property::Colours, Property::Enabled,
-                                           Property::Font, Property::Picture, Property::Drawing});
+constexpr Properties look_of_box =
+    some({Property::Colours, Property::Font, Property::Locked, Property::Role});
+constexpr Properties look_of_drawn =
+    some({Property::Text, Property::Colours, Property::Enabled, Property::Role, Property::Font,
+          Property::Picture, Property::Drawing});
 constexpr Properties of_density = some({Property::Bounds, Property::Font, Property::Drawing});
 
 DWORD style_of(const Control& control) {

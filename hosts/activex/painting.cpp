@@ -59,6 +59,7 @@ COLORREF blend(COLORREF over, COLORREF under, int part) {
              mix(GetBValue(over), GetBValue(under)));
 }
 
+constexpr UINT in_the_middle = DT_WORDBREAK | DT_VCENTER;
 constexpr UINT alignments[] = {DT_LEFT, DT_RIGHT, DT_CENTER};
 
 UINT alignment(const Font& font) {
@@ -71,8 +72,9 @@ RECT moved(RECT box, POINT by) {
 }
 
 // The colours that the letters and grounds of a button go through as it is pointed at and pressed.
-int shade(ButtonState state) {
-  return state.pressed ? measure::press_shade : state.hot ? measure::hover_shade : 0;
+int shade(const Control& button, ButtonState state) {
+  const bool is_pressed = state.pressed || button.role() == Role::MenuOpen;
+  return is_pressed ? measure::press_shade : state.hot ? measure::hover_shade : 0;
 }
 
 // In a label that wraps, a gap as wide as this was made to end the line, however wide the letters are.
@@ -92,6 +94,10 @@ COLORREF ink_on(Colour ink, Colour ground) {
   const COLORREF back = colour_ref(ground);
   const int brightness = 299 * GetRValue(back) + 587 * GetGValue(back) + 114 * GetBValue(back);
   return brightness > 128 * 1000 ? RGB(0, 0, 0) : RGB(255, 255, 255);
+}
+
+bool is_number(const Control& control) {
+  return control.role() == Role::Number || control.role() == Role::CurrentNumber;
 }
 
 // What shows where a control has nothing of its own.
@@ -164,6 +170,12 @@ void Painter::words(const std::string& text, RECT box, const Font& font, COLORRE
   SetTextColor(dc_, colour);
   SetBkMode(dc_, TRANSPARENT);
   const std::wstring wide_text = wide(text);
+  // The system centres one line alone.
+  if ((format & in_the_middle) == in_the_middle) {
+    RECT needed = box;
+    DrawTextW(dc_, wide_text.c_str(), static_cast<int>(wide_text.size()), &needed, format | DT_CALCRECT);
+    box.top += std::max(0L, (box.bottom - needed.bottom) / 2);
+  }
   DrawTextW(dc_, wide_text.c_str(), static_cast<int>(wide_text.size()), &box, format);
 }
 
@@ -171,11 +183,19 @@ void Painter::words(const std::string& text, RECT box, const Font& font, COLORRE
 
 void Painter::label(const Control& label, const RECT& box) const {
   fill(box, ground_of(label));
-  const UINT layout = label.font().wraps ? DT_WORDBREAK : DT_SINGLELINE | DT_VCENTER;
+  const Font& font = label.font();
+  const UINT layout = font.middle ? in_the_middle : font.wraps ? DT_WORDBREAK : DT_SINGLELINE | DT_VCENTER;
   const COLORREF ink =
       ink_on(label.enabled() ? label.fore_colour() : system_colour::grey_text, label.back_colour());
-  words(label.font().wraps ? lines_of(label.text()) : label.text(), box, label.font(), ink,
-        layout | DT_NOPREFIX | alignment(label.font()));
+  words(font.wraps ? lines_of(label.text()) : label.text(), box, font, ink,
+        layout | DT_NOPREFIX | alignment(font));
+  if (is_number(label)) number_edge(label, box);
+}
+
+// Alike in boxes and labels; the one that the keys turn looks as if it had the focus.
+void Painter::number_edge(const Control& number, const RECT& box) const {
+  const bool is_current = number.role() == Role::CurrentNumber;
+  outline(box, is_current ? palette().accent : palette().box_edge, is_current ? 2 * hair() : hair());
 }
 
 void Painter::button(const Control& button, const RECT& box, ButtonState state) const {
@@ -183,16 +203,10 @@ void Painter::button(const Control& button, const RECT& box, ButtonState state) 
   const bool is_flat = !button.surface().is_form() && !button.container();
   const COLORREF behind = ground_behind(button);
   const COLORREF face = is_flat ? behind : colours.button;
-  const COLORREF edge = state.focused ? colours.accent : is_flat ? behind : colours.button_edge;
+  const bool is_marked = state.focused || button.role() == Role::Default;
+  const COLORREF edge = is_marked ? colours.accent : is_flat ? behind : colours.button_edge;
   fill(box, behind);
-  {
-    const Selected brush(dc_, GetStockObject(DC_BRUSH));
-    const Selected pen(dc_, GetStockObject(DC_PEN));
-    SetDCBrushColor(dc_, blend(colours.ink, face, shade(state)));
-    SetDCPenColor(dc_, edge);
-    const int corner = 6 * hair();
-    RoundRect(dc_, box.left, box.top, box.right, box.bottom, corner, corner);
-  }
+  rounded(box, blend(colours.ink, face, shade(button, state)), edge, state.focused ? 2 : 1);
   // What stands at the edge of the control carries a piece of it.
   if (is_flat && button.bounds().top <= 0)
     fill({box.left, box.top, box.right, box.top + hair()}, colours.edge);
@@ -203,6 +217,17 @@ void Painter::button(const Control& button, const RECT& box, ButtonState state) 
   }
   const COLORREF ink = colour_ref(button.enabled() ? button.fore_colour() : system_colour::grey_text);
   words(button.text(), box, button.font(), ink, DT_SINGLELINE | DT_VCENTER | DT_CENTER);
+}
+
+void Painter::rounded(const RECT& box, COLORREF face, COLORREF edge, int thickness) const {
+  const Selected brush(dc_, GetStockObject(DC_BRUSH));
+  const Selected pen(dc_, GetStockObject(DC_PEN));
+  SetDCBrushColor(dc_, face);
+  SetDCPenColor(dc_, edge);
+  for (int inset = 0; inset < thickness * hair(); ++inset) {
+    const int corner = std::max(6 * hair() - 2 * inset, 0);
+    RoundRect(dc_, box.left + inset, box.top + inset, box.right - inset, box.bottom - inset, corner, corner);
+  }
 }
 
 // Rough ground to take hold of.
@@ -217,6 +242,7 @@ void Painter::dots(const RECT& box) const {
 void Painter::box_edge(const TextBox& box, const RECT& bounds, bool focused) const {
   const Palette colours = palette();
   fill(bounds, colour_ref(box.back_colour()));
+  if (is_number(box)) return number_edge(box, bounds);
   const COLORREF edge = focused ? colours.accent : box.locked() ? colours.locked_edge : colours.box_edge;
   outline(bounds, edge, focused ? 2 * hair() : hair());
 }

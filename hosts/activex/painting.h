@@ -42,6 +42,10 @@ class Painter {
 
  private:
   void dots(const RECT& box) const;
+  // The edge of a number that a spin bar turns.
+  void number_edge(const platform::Control& number, const RECT& box) const;
+  // `thickness` in pixels at 96 dots to an inch.
+  void rounded(const RECT& box, COLORREF face, COLORREF edge, int thickness) const;
   void fill(const RECT& box, COLORREF colour) const;
   void outline(const RECT& box, COLORREF colour, int width) const;
   void words(const std::string& text, RECT box, const platform::Font& font, COLORREF colour,

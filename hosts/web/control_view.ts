@@ -1,5 +1,5 @@
 // One control of a surface: its element, and the properties that the module hands over.
-import { Align, Kind, Measure, Rendering } from "#shared";
+import { Align, Kind, Measure, Rendering, Role } from "#shared";
 import {
   type BoundsValue,
   type ColoursValue,
@@ -14,6 +14,7 @@ import {
   type Properties,
   type RangeValue,
   readProperties,
+  type RoleValue,
   type Reader,
   type SpokenNameValue,
   type TextValue,
@@ -45,6 +46,16 @@ const alignments = { [Align.Left]: "left", [Align.Right]: "right", [Align.Centre
   Align,
   string
 >;
+
+// By which styles.ts knows a role.
+const roles = {
+  [Role.None]: undefined,
+  [Role.Number]: "number",
+  [Role.CurrentNumber]: "number current",
+  [Role.Default]: "default",
+  [Role.OpensMenu]: "opener",
+  [Role.MenuOpen]: "opener open",
+} satisfies Record<Role, string | undefined>;
 
 const classes = {
   [Kind.Frame]: "frame",
@@ -98,7 +109,6 @@ export class ControlView implements Properties {
   #height = -1;
   #align = Align.Left;
   #bold = false;
-  #wraps = false;
 
   // `surface` is the number of the surface that it is of.
   constructor(
@@ -194,16 +204,8 @@ export class ControlView implements Properties {
     style.width = `${width}px`;
     style.height = `${height}px`;
     [this.#width, this.#height] = [width, height];
-    this.#alignLine();
     this.bar?.resize(width, height);
     this.#picture?.invalidate();
-  }
-
-  // One line of text stands in the middle of its height, in labels and boxes alike.
-  #alignLine(): void {
-    if (this.kind !== Kind.Label && this.kind !== Kind.TextBox) return;
-    const edges = this.kind === Kind.TextBox ? 2 : 0;
-    this.node.style.lineHeight = this.#wraps ? "" : `${this.#height - edges}px`;
   }
 
   setText({ text }: TextValue): void {
@@ -226,21 +228,21 @@ export class ControlView implements Properties {
     const { style } = this.node;
     style.color = cssColour(fore);
     if (this.kind === Kind.Line) return;
+    // A given colour tells something, and stays whatever colours the person wants otherwise.
+    this.node.classList.toggle("tinted", back >= 0 && back <= 0xffffff);
     // A button without a colour of its own looks like the page's other buttons.
     style.backgroundColor = this.kind === Kind.CommandButton && isTransparent(back) ? "" : cssColour(back);
   }
 
-  setFont({ points, bold, align, wraps }: FontValue): void {
+  setFont({ points, bold, align, wraps, middle }: FontValue): void {
     const { style } = this.node;
     style.fontSize = `${points * pixelsPerPoint}px`;
     if (bold !== this.#bold) style.fontWeight = bold ? "600" : "";
     if (align !== this.#align) style.textAlign = alignments[align];
     [this.#bold, this.#align] = [bold, align];
     this.#picture?.invalidate();
-    if (wraps === this.#wraps) return;
-    this.#wraps = wraps;
     this.node.classList.toggle("wraps", wraps);
-    this.#alignLine();
+    this.node.classList.toggle("middle", middle);
   }
 
   // The keys are the picture's own, and what they change in it is read out.
@@ -264,6 +266,13 @@ export class ControlView implements Properties {
 
   setLocked({ locked }: LockedValue): void {
     if (this.node instanceof HTMLInputElement) this.node.readOnly = locked;
+  }
+
+  setRole({ role }: RoleValue): void {
+    setAttribute(this.node, "data-role", roles[role]);
+    if (role < Role.OpensMenu) return;
+    this.node.ariaHasPopup = "menu";
+    this.node.ariaExpanded = String(role === Role.MenuOpen);
   }
 
   setSelection(): void {

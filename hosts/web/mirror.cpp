@@ -47,6 +47,9 @@ bool has_no_tool_tip(const Control& control) {
 bool has_no_spoken_name(const Control& control) {
   return control.spoken_name().empty();
 }
+bool has_no_role(const Control& control) {
+  return control.role() == Role::None;
+}
 bool is_unlocked(const Control& control) {
   return !as<TextBox>(control).locked();
 }
@@ -87,6 +90,8 @@ constexpr Writer writers[] = {
      [](Record& record, const Control& each) {
        write_Locked(record, LockedValue{as<TextBox>(each).locked()});
      }},
+    {Property::Role, is_any, has_no_role,
+     [](Record& record, const Control& each) { write_Role(record, RoleValue{each.role()}); }},
     {Property::Selection, is_selected, never,
      [](Record& record, const Control&) { write_Selection(record, SelectionValue{}); }},
     {Property::Range, is_bar, never,

@@ -48,6 +48,9 @@ const css = `
   letter-spacing: 0;
   color: var(--ink);
   cursor: default;
+  /* Colours tell something on paper too. */
+  print-color-adjust: exact;
+  -webkit-print-color-adjust: exact;
   user-select: none;
   -webkit-user-select: none;
   -webkit-tap-highlight-color: transparent;
@@ -76,8 +79,10 @@ const css = `
 
 .surface [data-name] { position: absolute; margin: 0; }
 
-.label { white-space: pre; text-align: left; }
+/* One line of text stands in the middle of its height, as in boxes. */
+.label { display: grid; align-content: center; white-space: pre; text-align: left; }
 .label.wraps { white-space: pre-wrap; line-height: 1.35; overflow-wrap: break-word; }
+.label.wraps:not(.middle) { align-content: start; }
 .caption { position: absolute; left: ${Measure.captionLeft}px; top: ${Measure.captionTop}px; white-space: pre; }
 .frame { overflow: clip; contain: layout style; }
 .frame.captioned { border-radius: 4px; box-shadow: 0 0 0 1px ${Look.buttonEdge}, 0 6px 18px 1px rgb(16 24 40 / 22%); }
@@ -118,6 +123,10 @@ const css = `
 .box:hover:not(:read-only, :disabled) { border-color: #5d6878; }
 .box:focus { border-color: var(--accent); outline-color: var(--accent); }
 .box:disabled { opacity: 0.55; }
+/* A number that a spin bar turns: alike in boxes and labels, and the one that the keys turn in the focus's colour. */
+[data-role~="number"] { outline: 1px solid ${Look.boxEdge}; outline-offset: -1px; border-radius: 2px; }
+.box[data-role~="number"] { border-color: transparent; }
+[data-role~="current"] { outline: 2px solid var(--accent); }
 .box::selection { background: var(--accent); color: #ffffff; }
 
 .surface .aside {
@@ -150,6 +159,8 @@ const css = `
 .button:active { background-image: linear-gradient(var(--press), var(--press)); }
 .button:focus { outline-color: var(--accent); }
 .button:disabled { opacity: 0.5; background-image: none; }
+.button[data-role="default"] { border-color: var(--accent); box-shadow: inset 0 0 0 1px var(--accent); }
+.button[data-role~="open"] { background-image: linear-gradient(var(--press), var(--press)); }
 /* The menu bar's buttons are flat. */
 .surface:not(.form *) > .button { background-color: transparent; border-color: transparent; outline-offset: -2px; border-radius: 3px; }
 
@@ -287,10 +298,20 @@ const css = `
 }
 
 @media (forced-colors: active) {
-  .surface, .form, .menu { --ink: CanvasText; --line: CanvasText; --soft-line: GrayText; --ground: Canvas; --band: Canvas; --accent: Highlight; }
+  .surface, .form, .menu { --ink: CanvasText; --line: CanvasText; --soft-line: CanvasText; --ground: Canvas; --band: Canvas; --accent: Highlight; }
   .form, .form .title, .menu { background-color: Canvas; }
   .button, .surface:not(.form *) > .button { background-color: ButtonFace; border-color: ButtonBorder; }
   .box, .box:read-only { border-color: ButtonBorder; }
+  .box:focus, .button:focus { border-color: Highlight; }
+  /* Here even a transparent outline is seen. */
+  .box:not(:focus, [data-role]), .button:not(:focus), .bar:not(:focus-visible) { outline-width: 0; }
+  .tinted { forced-color-adjust: none; }
+  .tinted, .tinted > .label { color: #000000 !important; }
+  .frame > .line { forced-color-adjust: none; outline: 3px solid #ffffff; }
+  .frame.captioned, .picture:not(:focus) { outline: 1px solid CanvasText; outline-offset: -1px; }
+  .surface .button[data-role="default"] { border: 2px solid Highlight; }
+  .surface .button[data-role~="open"] { background-color: Highlight; color: HighlightText !important; forced-color-adjust: none; }
+  .button[data-name="cmdFrame"] { background: ButtonFace; }
   .bar .arrow::before, .bar .thumb::before { background-color: ButtonText; forced-color-adjust: none; }
   .bar, .spin { border: 1px solid ButtonBorder; }
   .item.highlighted { background-color: Highlight; color: HighlightText; forced-color-adjust: none; }

@@ -116,6 +116,15 @@ TEST_P(Openings, AButtonOpensItsMenuInItsPlace) {
   EXPECT_EQ(host.open_menu()->y(), 285);
 }
 
+TEST_P(Openings, AButtonIsMarkedWhileItsMenuIsOpen) {
+  const platform::Control& button = *control.find(GetParam().button);
+  EXPECT_EQ(button.role(), platform::Role::OpensMenu);
+  press(GetParam().key);
+  EXPECT_EQ(button.role(), platform::Role::MenuOpen);
+  press("Escape");
+  EXPECT_EQ(button.role(), platform::Role::OpensMenu);
+}
+
 TEST_P(Openings, AltAndItsLetterOpenItAtTheButton) {
   control.find(GetParam().button)->set_left(777);
   EXPECT_TRUE(press(GetParam().key));

@@ -187,6 +187,26 @@ TEST_F(SweepDialog, TabGoesThroughTheBarsAndButtonsInARing) {
   EXPECT_EQ(focus(), "CancelButton");
 }
 
+TEST_F(SweepDialog, TheNumberThatTheKeysTurnIsMarked) {
+  const auto role = [this](std::string_view name) { return host.top_form()->find(name)->role(); };
+  EXPECT_EQ(role("txtKolom"), platform::Role::CurrentNumber);
+  EXPECT_EQ(role("txtRij"), platform::Role::Number);
+  press("Tab");
+  EXPECT_EQ(role("txtKolom"), platform::Role::Number);
+  EXPECT_EQ(role("txtRij"), platform::Role::CurrentNumber);
+}
+
+TEST_F(SweepDialog, OkIsTheDefaultButtonWhileEnterPressesIt) {
+  EXPECT_EQ(host.top_form()->find("OKButton")->role(), platform::Role::Default);
+  press("Tab");
+  press("Tab");
+  ASSERT_EQ(focus(), "OKButton");
+  EXPECT_EQ(host.top_form()->find("OKButton")->role(), platform::Role::Default);
+  press("Tab");
+  ASSERT_EQ(focus(), "CancelButton");
+  EXPECT_EQ(host.top_form()->find("OKButton")->role(), platform::Role::None);
+}
+
 TEST_F(SweepDialog, EachTimeItStartsAtOne) {
   press("Up");
   press("Escape");
