@@ -89,6 +89,13 @@ void Grid::show_rows(int filled, int filled_columns) {
   }
 }
 
+// A row's number stays, and its basic variable says what it is about.
+std::string Grid::row_name(int row) const {
+  const int basic = model_.current.basis(row);
+  const bool is_known = model_.kind_of_column(basic) != VariableKind::None;
+  return "rij" + number(row) + (is_known ? " (" + model_.variable_name(basic) + ")" : "");
+}
+
 void Grid::draw_row(int grid_row, int row) {
   lblRij(grid_row).set_text(number(row) + "  ");
   lblRij_F(grid_row).set_text("0");
@@ -98,7 +105,7 @@ void Grid::draw_row(int grid_row, int row) {
   // Once it cannot be typed in any more, a right-hand side tells the digits that its box has no room for.
   right.set_tool_tip(fill_in_.CellenBewerkbaar ? std::string()
                                                : numbers::Str(model_.current.row(row).right()));
-  right.set_spoken_name("rechterlid rij" + number(row));
+  right.set_spoken_name(row_name(row) + ", rechterlid");
 
   const int basic = model_.current.basis(row);
   const VariableKind kind = model_.kind_of_column(basic);
@@ -118,7 +125,7 @@ void Grid::draw_column(int grid_column, int column) {
   platform::TextBox& box = txtRij_F(grid_column);
   box.set_text(model_.current.row_F().text(column));
   box.set_locked(kind != VariableKind::Decision || !fill_in_.CellenBewerkbaar);
-  box.set_spoken_name(name + ", doelfunctie F");
+  box.set_spoken_name("doelfunctie F, kolom " + name);
   style(box, style_of(kind).body, style_of(kind).tip_in_row_F);
 }
 
@@ -128,7 +135,7 @@ void Grid::draw_cell(int grid_row, int grid_column, int row, int column) {
   platform::TextBox& box = box_at(grid_row, grid_column);
   box.set_text(model_.current.row(row).text(column));
   box.set_locked(!decision || !fill_in_.CellenBewerkbaar);
-  box.set_spoken_name(model_.variable_name(column) + ", rij" + number(row));
+  box.set_spoken_name(row_name(row) + ", kolom " + model_.variable_name(column));
   if (row == model_.PivotRij && column == model_.PivotKolom)
     style(box, pivot_colour, pivot_tip);
   else if (decision)

@@ -63,6 +63,7 @@ class Grid : public TableauView {
   platform::Task<> leave_hidden_box();
   void show_columns(int filled);
   void show_rows(int filled, int filled_columns);
+  std::string row_name(int row) const;
   void draw_row(int grid_row, int row);
   void draw_column(int grid_column, int column);
   void draw_cell(int grid_row, int grid_column, int row, int column);

@@ -1,4 +1,6 @@
 // Where the grid's controls stand and what they look like.
+#include <algorithm>
+
 #include "control/grid.h"
 #include "platform/layout.h"
 #include "shell/keyboard.h"
@@ -61,11 +63,58 @@ constexpr ArrayPlacement arrays[] = {
     {"txtRL", {right_hand_sides, rows_top, 1230, cell_height}, 1, 0, row_pitch, " 0", plain},
 };
 
+// The table of who hears it: column numbers and names, row F, the rows; in each, from left to right, the
+// row's number, its basic variable, column F, the columns, the right-hand side.
+using platform::TablePart;
+enum TableRow : std::uint8_t { at_numbers = 1, at_names, at_row_F, at_rows };
+enum TableColumn : std::uint8_t {
+  at_row_numbers = 1,
+  at_basis,
+  at_column_F,
+  at_columns,
+  at_right = at_columns + grid_columns
+};
+
+struct InTable {
+  std::string_view name;
+  platform::TablePlace first;
+  int per_row = 1;
+};
+
+constexpr InTable in_table[] = {
+    {"lblKopBasis", {TablePart::ColumnHeader, at_names, at_basis}},
+    {"lblKopF", {TablePart::ColumnHeader, at_names, at_column_F}},
+    {"lblKopRL", {TablePart::ColumnHeader, at_names, at_right}},
+    {"lblKopRij_F", {TablePart::RowHeader, at_row_F, at_basis}},
+    {"lblEenF", {TablePart::Cell, at_row_F, at_column_F}},
+    {"lblFRL", {TablePart::Cell, at_row_F, at_right}},
+    {"lblKLM", {TablePart::ColumnHeader, at_numbers, at_columns}, grid_columns},
+    {"lblKolom", {TablePart::ColumnHeader, at_names, at_columns}, grid_columns},
+    {"lblRij", {TablePart::RowHeader, at_rows, at_row_numbers}},
+    {"lblBasis", {TablePart::RowHeader, at_rows, at_basis}},
+    {"lblRij_F", {TablePart::Cell, at_rows, at_column_F}},
+    {"txtRij_F", {TablePart::Cell, at_row_F, at_columns}, grid_columns},
+    {"txtTableau", {TablePart::Cell, at_rows, at_columns}, grid_columns},
+    {"txtRL", {TablePart::Cell, at_rows, at_right}},
+};
+
+void place_in_table(platform::Surface& surface) {
+  for (const auto& [name, first, per_row] : in_table)
+    for (platform::Control* const control : surface.controls()) {
+      if (control->name() != name) continue;
+      const int at = std::max(control->index() - 1, 0);
+      control->set_table_place({first.part, static_cast<std::uint8_t>(first.row + at / per_row),
+                                static_cast<std::uint8_t>(first.column + at % per_row)});
+    }
+}
+
 }  // namespace
 
 void Grid::lay_out() {
   platform::place(surface_, placements);
   platform::place(surface_, arrays);
+  place_in_table(surface_);
+  lblNRTableau.set_role(platform::Role::Status);
   for (platform::Label& name : lblKolom) name.set_fore_colour(platform::system_colour::window_text);
   for (platform::Label& name : lblBasis) name.set_fore_colour(platform::system_colour::window_text);
   for (platform::Label* quiet : {&lblKopBasis, &lblKopF, &lblKopRL})

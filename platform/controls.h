@@ -88,6 +88,12 @@ class ControlOwner {
   bool changed_ = true;
 };
 
+// Where a control stands in the table that its surface shows, for who hears it and does not see it.
+struct TablePlace {
+  TablePart part = TablePart::None;
+  std::uint8_t row = 0, column = 0;  // from 1
+};
+
 // What every control has. `text` is the caption of a label, button, frame or menu item and the content of
 // a text box; "&" in the caption of a button or menu item marks its access key.
 class Control {
@@ -113,6 +119,7 @@ class Control {
   bool visible() const { return visible_; }
   bool enabled() const { return enabled_; }
   Role role() const { return role_; }
+  const TablePlace& table_place() const { return table_place_; }
   // Visible, in visible containers, and with some part of it on the surface.
   bool shown() const;
   // How a host shows it, as it stands in its container.
@@ -129,6 +136,8 @@ class Control {
   void set_font(const Font& font) { change(font_, font, Property::Font); }
   void set_visible(bool visible) { change(visible_, visible, Property::Visible); }
   void set_enabled(bool enabled) { change(enabled_, enabled, Property::Enabled); }
+  // Before it is shown.
+  void set_table_place(const TablePlace& place) { table_place_ = place; }
   void set_role(Role role) { change(role_, role, Property::Role); }
 
   // The place in the tab order; controls with the same place follow in order of creation. Controls with
@@ -173,6 +182,7 @@ class Control {
   Font font_;
   Kind kind_;
   Role role_ = Role::None;
+  TablePlace table_place_;
   bool visible_ = true, enabled_ = true, tab_stop_ = false;
 };
 

@@ -53,6 +53,7 @@ const roles = {
   [Role.Number]: "number",
   [Role.CurrentNumber]: "number current",
   [Role.Default]: "default",
+  [Role.Status]: undefined,
   [Role.OpensMenu]: "opener",
   [Role.MenuOpen]: "opener open",
 } satisfies Record<Role, string | undefined>;
@@ -134,6 +135,20 @@ export class ControlView implements Properties {
 
   get isActive(): boolean {
     return this.#isActive;
+  }
+
+  // A box that shows something; one beside its surface does not.
+  get isField(): boolean {
+    return this.kind === Kind.TextBox && !this.node.classList.contains("aside");
+  }
+
+  // In the units of what surrounds it.
+  get left(): number {
+    return this.#bounds.left;
+  }
+
+  get middle(): number {
+    return this.#bounds.top + this.#bounds.height / 2;
   }
 
   get canBeDragged(): boolean {
@@ -270,6 +285,7 @@ export class ControlView implements Properties {
 
   setRole({ role }: RoleValue): void {
     setAttribute(this.node, "data-role", roles[role]);
+    if (role === Role.Status) setAttribute(this.node, "role", "status");
     if (role < Role.OpensMenu) return;
     this.node.ariaHasPopup = "menu";
     this.node.ariaExpanded = String(role === Role.MenuOpen);

@@ -1,6 +1,6 @@
 // An open form: a modal dialog over the control, which the person can move by its title: with the mouse, a finger,
 // or the arrow keys and Ctrl.
-import { Key, Measure, PointerAction } from "#shared";
+import { Key, Kind, Measure, PointerAction } from "#shared";
 import type { OpenedSurface, SurfaceChange } from "#wire";
 import type { ControlView } from "./control_view.js";
 import { make } from "./dom.js";
@@ -32,6 +32,7 @@ function within(at: number, size: number, room: number): number {
 export class FormView extends SurfaceView {
   readonly dialog = make("dialog", "form");
   readonly #title = make("div", "title");
+  readonly #told = make("span", "told");
   // What the form opens over.
   readonly #below: HTMLElement;
   // Its middle, on what it opens over.
@@ -52,11 +53,12 @@ export class FormView extends SurfaceView {
       opened.left / Measure.twipsPerPixel + this.width / 2,
       opened.top / Measure.twipsPerPixel + (this.height + Around.formTitle) / 2,
     ];
-    this.ground.id = `form${opened.id}`;
     this.#title.id = `title${opened.id}`;
     this.dialog.dataset.name = opened.name;
     this.dialog.tabIndex = -1;
     this.dialog.setAttribute("aria-labelledby", this.#title.id);
+    this.#told.id = `told${opened.id}`;
+    this.dialog.setAttribute("aria-describedby", this.#told.id);
     // The form decides when it closes.
     this.dialog.setAttribute("closedby", "none");
     this.dialog.addEventListener("cancel", (event) => event.preventDefault());
@@ -65,20 +67,25 @@ export class FormView extends SurfaceView {
     this.dialog.addEventListener("focusin", (event) => this.#bringIntoView(event.target));
     this.#title.addEventListener("pointerdown", (event) => this.#drag(event));
     addEventListener("resize", () => this.#stayInWindow(), this.#listening);
-    this.dialog.append(this.#title, this.ground);
+    this.dialog.append(this.#title, this.#told, this.ground);
     root.append(this.dialog);
   }
 
   override apply(change: SurfaceChange, record: RecordReader): void {
     super.apply(change, record);
     this.#title.textContent = change.caption;
-    // What only tells something is read out when it opens.
-    const onlyTells = !this.controls.some(
-      ({ node }) => node instanceof HTMLInputElement && !node.classList.contains("aside"),
-    );
-    if (!onlyTells) return;
-    this.dialog.setAttribute("role", "alertdialog");
-    this.dialog.setAttribute("aria-describedby", this.ground.id);
+    this.#told.textContent = this.#words();
+    // What asks nothing is a message.
+    if (!this.controls.some(({ bar, isField }) => bar || isField)) this.dialog.role = "alertdialog";
+  }
+
+  // What is read out when it opens: its texts as they are read, from left to right and from above.
+  #words(): string {
+    return this.controls
+      .filter(({ node, kind, isField }) => !node.hidden && (isField || kind === Kind.Label))
+      .sort((one, other) => one.middle - other.middle || one.left - other.left)
+      .map(({ text }) => text.trim())
+      .join(" ");
   }
 
   show(): void {

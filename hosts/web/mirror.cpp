@@ -152,8 +152,11 @@ void write_control(Record& record, Control& control, Known& known, const Typed& 
   if (marked.none() && !is_new) return;
   const int container = control.container() ? control.container()->id() : -1;
   write(record, ControlChange{static_cast<u16>(control.id()), static_cast<u16>(marked.bits()), is_new});
-  if (is_new)
-    write(record, Introduction{control.kind(), static_cast<u16>(control.index()), container, control.name()});
+  if (is_new) {
+    const auto& [part, row, column] = control.table_place();
+    write(record, Introduction{control.kind(), static_cast<u16>(control.index()), container, part, row,
+                               column, control.name()});
+  }
   for (const Writer& writer : writers)
     if (marked.has(writer.property)) writer.write(record, control);
 }

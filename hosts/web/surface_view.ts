@@ -1,10 +1,18 @@
 // A surface: the control itself, or one of its forms.
 import { Measure } from "#shared";
-import { type OpenedSurface, type Reader, readControlChange, readIntroduction, type SurfaceChange } from "#wire";
+import {
+  type Introduction,
+  type OpenedSurface,
+  type Reader,
+  readControlChange,
+  readIntroduction,
+  type SurfaceChange,
+} from "#wire";
 import { ControlView } from "./control_view.js";
 import { make } from "./dom.js";
 import type { Send } from "./module.js";
 import type { RecordReader } from "./record.js";
+import { TableView } from "./table_view.js";
 
 export class SurfaceView {
   readonly id: number;
@@ -13,6 +21,7 @@ export class SurfaceView {
   readonly width: number;
   readonly height: number;
   active: ControlView | undefined;
+  #table: TableView | undefined;
   readonly #send: Send;
   readonly #introduced: (control: ControlView) => void;
 
@@ -30,18 +39,25 @@ export class SurfaceView {
   // The record goes on with the controls.
   apply({ active }: SurfaceChange, record: RecordReader): void {
     while (!record.done) this.#applyControl(record);
+    this.#table?.update();
     this.#setActive(this.controls[active]);
   }
 
   #applyControl(record: Reader): void {
     const { id, marked, isNew } = readControlChange(record);
-    const control = isNew ? this.#introduce(id, record) : this.controls[id]!;
+    if (!isNew) return this.controls[id]!.apply(marked, record);
+    const introduction = readIntroduction(record);
+    const control = this.#introduce(id, introduction);
     control.apply(marked, record);
-    if (isNew) (control.container?.node ?? this.ground).append(control.node);
+    if (introduction.part) this.#tableOf().add(control.node, introduction);
+    else (control.container?.node ?? this.ground).append(control.node);
   }
 
-  #introduce(id: number, record: Reader): ControlView {
-    const introduction = readIntroduction(record);
+  #tableOf(): TableView {
+    return (this.#table ??= new TableView(this.ground, this.ground.querySelector("[data-name=txtFocus]")));
+  }
+
+  #introduce(id: number, introduction: Introduction): ControlView {
     const container = this.controls[introduction.container];
     const control = new ControlView(this.id, id, introduction, container, this.#send);
     this.controls[id] = control;

@@ -19,7 +19,7 @@ namespace tabulon::web::wire {
 // ---- The types in the tables
 
 using platform::Align, platform::FilePurpose, platform::Kind, platform::Picture, platform::PointerAction,
-    platform::Role, platform::Raster, platform::Rendering;
+    platform::Role, platform::TablePart, platform::Raster, platform::Rendering;
 using platform::Colour, platform::Scale, platform::Stroke;
 
 using none = void;

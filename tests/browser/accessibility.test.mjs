@@ -152,22 +152,26 @@ describe("every cell", () => {
     prmSTR_KleinerGelijkVglen: " 1, 2, 3, 4, 5, 6, 7, 8",
   };
 
-  test("has a name with its variable and its row, and no two have the same", async () => {
+  test("is named by its row's basic variable and by its column, and no two alike", async () => {
     await open(problem(large));
     const cells = await inside(`[...root.querySelectorAll("[data-name^=txt][data-index]")]
       .filter((cell) => cell.checkVisibility())
       .map(({ dataset, ariaLabel }) => [dataset.name, Number(dataset.index), ariaLabel])`);
     assert.equal(cells.length, 5 + 4 * 5 + 4);
     assert.equal(new Set(cells.map(([, , name]) => name)).size, cells.length);
-    const columns = await Promise.all(
-      [1, 2, 3, 4, 5].map((index) => page.$eval(control("lblKolom", index), (label) => label.textContent)),
-    );
+    const texts = async (name, indexes) =>
+      Promise.all(
+        indexes.map((index) =>
+          page.$eval(control(name, index), (label) => label.textContent.trim().replace(/ +/, " +")),
+        ),
+      );
+    const columns = await texts("lblKolom", [1, 2, 3, 4, 5]);
+    const basis = await texts("lblBasis", [1, 2, 3, 4]);
     for (const [array, index, name] of cells) {
       const row = array === "txtTableau" ? Math.ceil(index / 5) : index;
-      if (array === "txtRL") assert.match(name, new RegExp(`rij ${row}$`));
-      else assert.ok(name.startsWith(columns[(index - 1) % 5].trim()), `${array} ${index}: ${name}`);
-      if (array === "txtTableau") assert.match(name, new RegExp(`rij ${row}$`));
-      if (array === "txtRij_F") assert.match(name, /doelfunctie F/);
+      const ofRow = array === "txtRij_F" ? "doelfunctie F" : `rij ${row} \\(${basis[row - 1]}\\)`;
+      const ofColumn = array === "txtRL" ? "rechterlid" : `kolom ${columns[(index - 1) % 5]}`;
+      assert.match(name, new RegExp(`^${ofRow}, ${ofColumn}$`), `${array} ${index}`);
     }
   });
 
@@ -175,10 +179,10 @@ describe("every cell", () => {
     await open(problem({ prmNrBeslisVar: 8, prmNrKleinerGelijkVglen: 9 }));
     const name = async () => (await heard(control("txtTableau", 1))).name;
     const first = await name();
-    assert.match(first, /^x +1, rij 1$/);
+    assert.match(first, /^rij 1 \(x +9\), kolom x +1$/);
     await page.click(`${control("HScroll")} .forward`);
     await page.click(`${control("VScroll")} .forward`);
-    assert.match(await name(), /^x +2, rij 2$/);
+    assert.match(await name(), /^rij 2 \(x +10\), kolom x +2$/);
   });
 
   test("says whether it can be filled in", async () => {
@@ -187,6 +191,118 @@ describe("every cell", () => {
     assert.equal(slack.role, "textbox");
     assert.equal(slack.readonly, true);
     assert.ok(!(await heard(control("txtTableau", 1))).readonly);
+  });
+});
+
+// What a screen reader finds on the page: each node with its role, name, description and children.
+async function tree() {
+  const session = await page.createCDPSession();
+  const { nodes } = await session.send("Accessibility.getFullAXTree");
+  await session.detach();
+  const byId = new Map(nodes.map((node) => [node.nodeId, node]));
+  const seen = (node) => {
+    const children = (node.childIds ?? [])
+      .map((id) => byId.get(id))
+      .filter(Boolean)
+      .flatMap(seen);
+    if (node.ignored) return children;
+    const properties = Object.fromEntries((node.properties ?? []).map(({ name, value }) => [name, value.value]));
+    return [
+      {
+        role: node.role?.value,
+        name: node.name?.value?.trim().replace(/ +/g, " "),
+        description: node.description?.value,
+        properties,
+        children,
+      },
+    ];
+  };
+  return seen(nodes[0]);
+}
+const all = (nodes, role) =>
+  nodes.flatMap((node) => [...(node.role === role ? [node] : []), ...all(node.children, role)]);
+
+describe("the tableau is a grid", () => {
+  const twoProducts = {
+    prmNrKleinerGelijkVglen: 3,
+    prmSTR_DLfunctie: " -3, -5",
+    prmSTR_KleinerGelijkVglen: " 1, 0, 0, 2, 3, 2",
+    prmSTR_RL: " 4, 12, 18",
+  };
+  const roleOf = { columnheader: "|", rowheader: "-", gridcell: "" };
+  // Each row's cells: headers by their words, cells by the name of the box that they hold, or its text.
+  const rowsOf = (grid) =>
+    all([grid], "row").map((row) =>
+      row.children
+        .filter(({ role }) => role in roleOf)
+        .map((cell) => roleOf[cell.role] + (all([cell], "textbox")[0]?.name ?? all([cell], "StaticText")[0]?.name)),
+    );
+
+  test("with headers for its rows and columns, and no more than is shown", async () => {
+    await open(problem(twoProducts));
+    const [grid, ...others] = all(await tree(), "grid");
+    assert.equal(others.length, 0);
+    assert.equal(grid.name, "Simplex-tableau");
+    const [numbers, names, objective, ...rows] = rowsOf(grid);
+    assert.deepEqual(numbers, ["|1", "|2", "|3", "|4", "|5"]);
+    assert.deepEqual(names, ["|basis", "|F", "|x 1", "|x 2", "|x 3", "|x 4", "|x 5", "|RL"]);
+    assert.deepEqual(objective.slice(0, 3), ["-F", "1", "doelfunctie F, kolom x 1"]);
+    assert.equal(objective.length, 8);
+    assert.equal(rows.length, 3);
+    rows.forEach((cells, at) => {
+      assert.equal(cells.length, 9);
+      assert.deepEqual(cells.slice(0, 3), [`-${at + 1}`, `-x ${at + 3}`, "0"]);
+      assert.equal(cells[3], `rij ${at + 1} (x ${at + 3}), kolom x 1`);
+      assert.equal(cells[8], `rij ${at + 1} (x ${at + 3}), rechterlid`);
+    });
+  });
+
+  test("that is larger when a larger problem is shown", async () => {
+    await open(problem(twoProducts));
+    await page.evaluate(() => {
+      LPctrl1.prmNrKleinerGelijkVglen = 5;
+      LPctrl1.prmShow = true;
+    });
+    const [grid] = all(await tree(), "grid");
+    assert.equal(rowsOf(grid).length, 3 + 5);
+  });
+
+  test("that says how it is left and how its menus open, also where the focus rests", async () => {
+    await open(problem(twoProducts));
+    const found = await tree();
+    const [grid] = all(found, "grid");
+    const resting = all(found, "textbox").find(({ properties }) => properties.focused);
+    for (const { description } of [grid, resting]) {
+      assert.match(description, /Escape en daarna Tab/);
+      assert.match(description, /Alt\+B, Alt\+W, Alt\+O en Alt\+H/);
+    }
+  });
+
+  test("and after a step its new name is told politely", async () => {
+    await open(problem(twoProducts));
+    const told = async () =>
+      all(await tree(), "status").map(({ name, properties, children }) => [
+        all(children, "StaticText")
+          .map((text) => text.name)
+          .join("") || name,
+        properties.live,
+      ]);
+    assert.deepEqual(await told(), [["1-e Simplex-tableau", "polite"]]);
+    await intoTheControl();
+    await press("Alt+w v");
+    await until('root.querySelector("dialog[open]")');
+    await press("Enter");
+    await until('!root.querySelector("dialog[open]")');
+    assert.deepEqual(await told(), [["2-e Simplex-tableau", "polite"]]);
+  });
+
+  test("and a menu's button says that it has a menu, and whether that is open", async () => {
+    await open(problem(twoProducts));
+    const button = async () => all(await tree(), "button").find(({ name }) => name === "Bewerken").properties;
+    assert.equal((await button()).hasPopup, "menu");
+    assert.equal((await button()).expanded, false);
+    await page.click(control("cmd_Bewerken"));
+    assert.equal((await button()).expanded, true);
   });
 });
 
@@ -215,6 +331,28 @@ describe("messages are told", () => {
     await until('root.querySelector("dialog[open]")');
     assert.equal((await heard(control("frmMelding"))).role, "alertdialog");
     assert.match(await described(), /Optimale oplossing gevonden!/);
+  });
+
+  test("as alert dialogs, and forms with fields are dialogs", async () => {
+    await open();
+    for (const [name, keys] of Object.entries(dialogs)) {
+      await intoTheControl();
+      await press(keys);
+      await until('root.querySelector("dialog[open]")');
+      const isMessage = ["frmPivot_element", "frmMelding", "frmAboutLP"].includes(name);
+      assert.equal((await heard(control(name))).role, isMessage ? "alertdialog" : "dialog", name);
+      await press("Escape");
+      await until('!root.querySelector("dialog[open]")');
+    }
+  });
+
+  test("as they are read: the basic solution line by line", async () => {
+    await open(problem({ prmNrKleinerGelijkVglen: 2, prmSTR_DLfunctie: " -3, -5", prmSTR_RL: " 4, 12" }));
+    await intoTheControl();
+    await press("Alt+w b");
+    await until('root.querySelector("dialog[open]")');
+    const [form] = all(await tree(), "dialog");
+    assert.equal(form.description.replace(/ +/g, " "), "x 3 = 4 x 4 = 12 Doelfunctie F = 0");
   });
 
   test("and what a dialog's arrow keys choose", async () => {
