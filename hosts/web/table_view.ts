@@ -28,6 +28,11 @@ function partAt(around: HTMLElement, at: number, role: string): HTMLElement {
   return part;
 }
 
+// Written only where it changes: a page may watch.
+function show(part: HTMLElement, isShown: boolean): void {
+  if (part.hidden === isShown) part.hidden = !isShown;
+}
+
 export class TableView {
   readonly #node = make("div", "");
   readonly #cells: HTMLElement[] = [];
@@ -50,8 +55,11 @@ export class TableView {
 
   // What is not seen is not told.
   update(): void {
-    for (const cell of this.#cells) cell.hidden = (cell.firstChild as HTMLElement).hidden;
+    for (const cell of this.#cells) show(cell, !(cell.firstChild as HTMLElement).hidden);
     for (const row of [...this.#node.children] as HTMLElement[])
-      row.hidden = ([...row.children] as HTMLElement[]).every((cell) => cell.hidden);
+      show(
+        row,
+        ([...row.children] as HTMLElement[]).some((cell) => !cell.hidden),
+      );
   }
 }
