@@ -17,14 +17,15 @@ struct CountParameter {
   std::string_view name;
   std::int16_t basSafeCtl::* count;
   std::string_view if_missing;
+  int rows_each, columns_each;  // that one more takes
 };
 
 constexpr CountParameter count_parameters[] = {
-    {"prmNrBeslisVar", &basSafeCtl::NrBeslisVar, "2"},
-    {"prmNrKleinerGelijkVglen", &basSafeCtl::NrKleinerGelijkVglen, "2"},
-    {"prmNrGroterGelijkVglen", &basSafeCtl::NrGroterGelijkVglen, "0"},
-    {"prmNrGelijkVglen", &basSafeCtl::NrGelijkVglen, "0"},
-    {"prmBigM", &basSafeCtl::BigM, " 100"},
+    {"prmNrBeslisVar", &basSafeCtl::NrBeslisVar, "2", 0, 1},
+    {"prmNrKleinerGelijkVglen", &basSafeCtl::NrKleinerGelijkVglen, "2", 1, 1},
+    {"prmNrGroterGelijkVglen", &basSafeCtl::NrGroterGelijkVglen, "0", 1, 2},
+    {"prmNrGelijkVglen", &basSafeCtl::NrGelijkVglen, "0", 1, 1},
+    {"prmBigM", &basSafeCtl::BigM, " 100", 0, 0},
 };
 
 Result<std::int16_t> to_count(const PropertyValue& value) {
@@ -42,6 +43,18 @@ Result<bool> to_truth(const PropertyValue& value) {
   return TRY(numbers::to_int16(text)) != 0;
 }
 
+// The count with which the tableau becomes too large; nothing where no count by itself does.
+std::string_view count_too_large(const basSafeCtl& model) {
+  int rows = 0, columns = 0;
+  for (const CountParameter& parameter : count_parameters) {
+    const int count = model.*parameter.count;
+    rows += parameter.rows_each * count;
+    columns += parameter.columns_each * count;
+    if (rows > most_rows || columns > most_columns) return parameter.name;
+  }
+  return {};
+}
+
 std::string to_text(const PropertyValue& value) {
   if (const auto* text = std::get_if<std::string>(&value)) return *text;
   if (const auto* truth = std::get_if<bool>(&value)) return *truth ? "True" : "False";
@@ -52,6 +65,13 @@ void write_in_both(CellRow& current, CellRow& first, int column, const std::stri
   const double value = numbers::Val(words);
   current.write(column, value, words);
   first.write(column, value, words);
+}
+
+// A list may be written over several lines of a page: a line break or tab in it is a blank.
+std::string on_one_line(std::string_view text) {
+  std::string line(text);
+  std::ranges::replace_if(line, [](char sign) { return sign == '\n' || sign == '\r' || sign == '\t'; }, ' ');
+  return line;
 }
 
 // Takes a list apart: items(k) = text for k = 1.. as long as there is room for `count` of them. An item
@@ -150,8 +170,8 @@ Result<> ProblemParameters::read_counts(const PropertyBag& page) {
     model_.*parameter.count =
         TRY(numbers::to_int16(given ? std::string_view(*given) : parameter.if_missing).about(parameter.name));
   }
-  TRY(model_.set_derived_counts());
-  return InitTableau(model_);
+  TRY(model_.set_derived_counts().about(count_too_large(model_)));
+  return InitTableau(model_).about(count_too_large(model_));
 }
 
 Result<> ProblemParameters::read_lists(const PropertyBag& page) {
@@ -181,7 +201,7 @@ Result<> ProblemParameters::set_prmShow(const PropertyValue& value) {
 }
 
 Result<> ProblemParameters::show_new_problem() {
-  TRY(problem_.start_problem());
+  TRY(problem_.start_problem().about(count_too_large(model_)));
   surface_.desk().call(surface_, problem_.show_problem());
   return {};
 }
@@ -197,7 +217,8 @@ Result<> ProblemParameters::set_list(const ListParameter& parameter, std::string
   return applied;
 }
 
-Result<> ProblemParameters::apply_list(const ListParameter& parameter, std::string_view text) {
+Result<> ProblemParameters::apply_list(const ListParameter& parameter, std::string_view given) {
+  const std::string text = on_one_line(given);
   this->*parameter.last_text = text;
   WisLijst();
   return parameter.kind == ListParameter::Kind::Objective ? apply_objective(text)
@@ -208,10 +229,12 @@ Result<> ProblemParameters::apply_list(const ListParameter& parameter, std::stri
 Result<> ProblemParameters::apply_objective(std::string_view text) {
   if (model_.NrBeslisVar > most_columns) return fail(ErrorNumber::SubscriptOutOfRange);
   CellRow& row = model_.current.row_F();
+  const auto check = [](int, std::string_view words) { return numbers::fits_double(words); };
   const auto store = [&row](int item, std::string_view words) -> Result<> {
     row.write_text(item, words);
     return {};
   };
+  TRY(SplitsLijst(model_.NrBeslisVar, text, check));
   TRY(SplitsLijst(model_.NrBeslisVar, text, store));
   for (int column = 1; column <= model_.NrBeslisVar; ++column)
     write_in_both(row, model_.first.row_F(), column, row.text(column));
@@ -223,6 +246,7 @@ Result<> ProblemParameters::apply_rows(const ListParameter& parameter, std::stri
   const int items = target.rows * target.columns;
   const auto store = [this](int item, std::string_view words) -> Result<> {
     if (item > most_items) return fail(ErrorNumber::SubscriptOutOfRange);
+    TRY(numbers::fits_double(words));
     strLijst[static_cast<std::size_t>(item)] = words;
     return {};
   };

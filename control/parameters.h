@@ -40,7 +40,7 @@ class ProblemParameters {
   Result<> set_prmShow(const PropertyValue& value);
   Result<> show_new_problem();
   Result<> set_list(const ListParameter& parameter, std::string_view text);
-  Result<> apply_list(const ListParameter& parameter, std::string_view text);
+  Result<> apply_list(const ListParameter& parameter, std::string_view given);
   Result<> apply_objective(std::string_view text);
   Result<> apply_rows(const ListParameter& parameter, std::string_view text);
   void WisLijst();

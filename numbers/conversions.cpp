@@ -1,5 +1,6 @@
 #include "numbers/conversions.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <string>
@@ -70,6 +71,14 @@ double signed_number(double magnitude, bool negative) {
   return negative && magnitude != 0 ? -magnitude : magnitude;
 }
 
+// Infinite where it is too large.
+double leading_number(std::string_view text) {
+  while (text.starts_with(' ')) text.remove_prefix(1);
+  const bool negative = text.starts_with('-');
+  if (negative || text.starts_with('+')) text.remove_prefix(1);
+  return signed_number(to_double(scan_number(text, ExponentLetters::BothCases)), negative);
+}
+
 }  // namespace
 
 void write_not_finite(double number, TextBuffer& text) {
@@ -112,13 +121,13 @@ std::string digits(int number) {
 }
 
 double Val(std::string_view text) {
-  while (text.starts_with(' ')) text.remove_prefix(1);
-  const bool negative = text.starts_with('-');
-  if (negative || text.starts_with('+')) text.remove_prefix(1);
-  const NumberText number = scan_number(text, ExponentLetters::BothCases);
-  const double magnitude = to_double(number);
   const double largest = std::numeric_limits<double>::max();
-  return signed_number(magnitude <= largest ? magnitude : largest, negative);
+  return std::clamp(leading_number(text), -largest, largest);
+}
+
+Result<> fits_double(std::string_view text) {
+  if (!std::isfinite(leading_number(text))) return fail(ErrorNumber::Overflow);
+  return {};
 }
 
 Result<std::int16_t> to_int16(std::string_view text) {

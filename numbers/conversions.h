@@ -34,6 +34,9 @@ std::string digits(int number);
 // the largest Double of its sign.
 double Val(std::string_view text);
 
+// Error 6 when the leading number of a text is too large for a Double.
+Result<> fits_double(std::string_view text);
+
 // A text that is a whole number, as a page parameter must be: " 100", "+5", "2.0", "1E2", with blanks around
 // it but none inside. Error 13 when it is no number or not whole, error 6 when it lies outside -32768..32767.
 Result<std::int16_t> to_int16(std::string_view text);

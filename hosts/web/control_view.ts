@@ -176,6 +176,8 @@ export class ControlView implements Properties {
     if (rendering !== Rendering.Aside) return;
     this.node.classList.add("aside");
     this.node.setAttribute("inputmode", "none");
+    // Nothing can be typed in it, so that the keys that mean nothing here scroll the page.
+    this.setLocked({ locked: true });
     this.setActive(this.#isActive);
   }
 
@@ -280,7 +282,7 @@ export class ControlView implements Properties {
   }
 
   setLocked({ locked }: LockedValue): void {
-    if (this.node instanceof HTMLInputElement) this.node.readOnly = locked;
+    if (this.node instanceof HTMLInputElement) this.node.readOnly = locked || this.node.classList.contains("aside");
   }
 
   setRole({ role }: RoleValue): void {

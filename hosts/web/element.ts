@@ -1,32 +1,36 @@
 // The custom element: the control as a page and its script see it.
 import { type Exports, Given, Method } from "#wire";
+import { make } from "./dom.js";
 import type { ElementView } from "./element_view.js";
 import { TabulonError } from "./errors.js";
 import type { Texts } from "./module.js";
 import { loadPage, type Page } from "./page.js";
 import { readParameters, whenGiven } from "./parameters.js";
-import { sheet } from "./styles.js";
+import { sheetOf } from "./styles.js";
 
 // A whole number of 16 bits, or a text that is one.
 export type Count = number | string;
 
 export class TabulonLPctrl extends HTMLElement {
   // Resolves when the control has been shown; rejects, with the error's number, when its parameters cannot be
-  // read. The control is shown all the same, with an empty tableau.
+  // read. The control is shown all the same, with an empty tableau. Rejects with an error that has no number where
+  // the browser or the page's rules do not allow what the control needs.
   readonly ready: Promise<void>;
 
   readonly #root: ShadowRoot;
-  #settleReady!: { resolve: () => void; reject: (error: TabulonError) => void };
+  #settleReady!: { resolve: () => void; reject: (error: Error) => void };
   #view: ElementView | undefined;
   #page: Page | undefined;
   #started = false;
-  // What a script does before the control is there is done, in its order, when it is.
-  #waiting: (() => void)[] = [];
+  // What a script gives before the control is there: parameters, as if they stood on the page.
+  readonly #early = new Map<string, unknown>();
+  // What a script does while the control is not there, or not in the page, is done, in its order, when it is.
+  readonly #waiting: (() => void)[] = [];
 
   constructor() {
     super();
     this.#root = this.attachShadow({ mode: "open" });
-    this.#root.adoptedStyleSheets = [sheet];
+    this.#root.adoptedStyleSheets = [sheetOf(this.ownerDocument)];
     const internals = this.attachInternals();
     internals.role = "group";
     internals.ariaLabel = "Simplex-tableau";
@@ -36,12 +40,17 @@ export class TabulonLPctrl extends HTMLElement {
   }
 
   connectedCallback(): void {
-    if (this.#view) for (const form of this.#view.forms) form.showAgain();
+    if (this.#view) this.#comeBack(this.#view);
     if (this.#started) return;
     this.#started = true;
     this.setAttribute("aria-busy", "true");
     this.#takeOwnProperties();
     whenGiven(this, () => void this.#start());
+  }
+
+  // Into another page, as that of a frame: the style does not come along.
+  adoptedCallback(): void {
+    this.#root.adoptedStyleSheets = [sheetOf(this.ownerDocument)];
   }
 
   disconnectedCallback(): void {
@@ -51,7 +60,8 @@ export class TabulonLPctrl extends HTMLElement {
     });
   }
 
-  // ---- Properties, all write-only. Error 6, 9 or 13 when the value will not do.
+  // ---- Properties, all write-only. Error 6, 9 or 13 when the value will not do. Until the control is first shown
+  // they are parameters, and `ready` has their errors.
 
   set prmNrBeslisVar(value: Count) {
     this.#set("prmNrBeslisVar", value);
@@ -133,22 +143,46 @@ export class TabulonLPctrl extends HTMLElement {
   // ---- How it starts
 
   async #start(): Promise<void> {
-    const page = await loadPage();
-    if (!this.isConnected) {
-      this.#started = false; // taken away before it was shown; it starts when it comes back
-      return;
+    try {
+      const page = await loadPage();
+      if (this.isConnected) this.#show(page);
+      else this.#started = false; // taken away before it was shown; it starts when it comes back
+    } catch (error) {
+      this.#fail(error as Error);
     }
+  }
+
+  #show(page: Page): void {
     this.#page = page;
     this.#view = page.create(this, this.#root);
     const error = this.#readParameters(page, this.#view);
     if (!this.#view.isBusy) this.removeAttribute("aria-busy");
-    for (const action of this.#waiting.splice(0)) action();
+    this.#doWhatWaits();
     if (error) this.#settleReady.reject(error);
     else this.#settleReady.resolve();
   }
 
+  // There is no control: its place says why.
+  #fail(error: Error): void {
+    console.error(error);
+    this.removeAttribute("aria-busy");
+    const words = make("p", "failure", error.message);
+    words.role = "alert";
+    this.#root.append(words);
+    this.#settleReady.reject(error);
+  }
+
+  #comeBack(view: ElementView): void {
+    for (const form of view.forms) form.showAgain();
+    this.#doWhatWaits();
+  }
+
+  #doWhatWaits(): void {
+    for (const action of this.#waiting.splice(0)) action();
+  }
+
   #readParameters(page: Page, { surface }: ElementView): TabulonError | undefined {
-    const parameters = readParameters(this);
+    const parameters = readParameters(this, this.#early);
     const [number, answer] = page.send((module, texts) => {
       texts.give(...parameters.listing, "");
       const started = module.start(surface.id);
@@ -156,9 +190,9 @@ export class TabulonLPctrl extends HTMLElement {
       page.afterwards(() => this.#root.append(surface.ground));
       return [started, texts.answer()] as const;
     });
-    if (number) {
-      const error = new TabulonError(number, answer, parameters.textOf(answer));
-      console.error(error);
+    const error = number ? new TabulonError(number, answer, parameters.textOf(answer)) : parameters.error;
+    if (error) {
+      page.report(this, error);
       return error;
     }
     for (const name of answer.split("\0").filter(Boolean)) console.warn(`Tabulon: ${name} is geen parameter.`);
@@ -177,10 +211,11 @@ export class TabulonLPctrl extends HTMLElement {
 
   // ---- How a script's wish reaches the control
 
-  // At once when the control is there, which may throw; else later, when an error can only be reported.
+  // At once when the control is there, which may throw; else later, when an error can only be reported. A form of
+  // an element that is not in the page would be nowhere, and keep all others waiting.
   #whenThere(action: (page: Page, view: ElementView) => void): void {
     const [page, view] = [this.#page, this.#view];
-    if (page && view) return action(page, view);
+    if (page && view && this.isConnected) return action(page, view);
     this.#waiting.push(() => {
       try {
         action(this.#page!, this.#view!);
@@ -199,7 +234,9 @@ export class TabulonLPctrl extends HTMLElement {
   }
 
   #set(name: string, value: unknown): void {
+    if (!this.#view) return void this.#early.set(name, value);
     this.#whenThere((page, { surface }) => {
+      if (value === null || value === undefined) throw new TabulonError(13, name, String(value));
       const kind = typeof value === "number" ? Given.Number : typeof value === "boolean" ? Given.Truth : Given.Text;
       const set = (module: Exports, texts: Texts) => {
         texts.give(name, String(value));
@@ -209,8 +246,9 @@ export class TabulonLPctrl extends HTMLElement {
     });
   }
 
-  #isThere(): Promise<void> {
-    return new Promise((there) => this.#whenThere(() => there()));
+  async #isThere(): Promise<void> {
+    await loadPage(); // where that fails no control will ever be there
+    await new Promise<void>((there) => this.#whenThere(() => there()));
   }
 
   async #callWithFile(method: "SchrijfTableau" | "LeesTableau", strFile: string): Promise<void> {

@@ -17,6 +17,8 @@ export interface Surroundings {
   readonly menu: unknown;
   entered(element: ElementView): void;
   left(element: ElementView): void;
+  // What the element was doing is given up.
+  abandon(element: ElementView): void;
 }
 
 const isActivation = ({ key }: KeyboardEvent) => key === "Enter" || key === " ";
@@ -55,7 +57,8 @@ export class ElementView {
   }
 
   openForm(opened: OpenedSurface): void {
-    this.forms.push(new FormView(opened, this.root, this.surface.ground, this.page.send, this.#introduced));
+    const unseen = () => this.page.abandon(this);
+    this.forms.push(new FormView(opened, this.root, this.surface.ground, this.page.send, this.#introduced, unseen));
   }
 
   closeForm(id: number): void {
@@ -81,12 +84,23 @@ export class ElementView {
     return this.#busy.size > 0;
   }
 
+  get document(): Document {
+    return this.host.ownerDocument;
+  }
+
+  // In a frame of a page in which the person is elsewhere: taking the focus would take it from there.
+  get isInFrameAside(): boolean {
+    return this.document.defaultView !== window.top && !this.document.hasFocus();
+  }
+
   // Whether the page's focus is in here, or nowhere and not promised to something else.
   get mayTakeFocus(): boolean {
+    if (this.isInFrameAside) return false;
+    const { document, host } = this;
     const active = document.activeElement;
-    if (active === this.host) return true;
+    if (active === host) return true;
     const isFree = !active || active === document.body;
-    return isFree && this.host.isConnected && !document.querySelector("[autofocus]");
+    return isFree && host.isConnected && !host.hasAttribute("nofocus") && !document.querySelector("[autofocus]");
   }
 
   get holdsFocus(): boolean {
@@ -140,7 +154,7 @@ export class ElementView {
 
   #leave(event: FocusEvent): void {
     // A window that is put aside keeps its focus for when it comes back.
-    if (this.page.applying || !this.hasFocus || !document.hasFocus()) return;
+    if (this.page.applying || !this.hasFocus || !this.document.hasFocus()) return;
     const control = this.#controlAt(event);
     // A control that can no longer have the focus loses it to the page; the surface knows where it goes.
     if (!event.relatedTarget && control && (control.node.hidden || control.node.matches(":disabled"))) {
@@ -244,7 +258,11 @@ export class ElementView {
   #point(control: ControlView, event: PointerEvent, action: PointerAction): void {
     const { unit } = control.outerScale;
     const { left, top } = control.node.getBoundingClientRect();
-    const [x, y] = [(event.clientX - left) / Math.abs(unit.x), (event.clientY - top) / Math.abs(unit.y)];
+    const scale = this.find(control.surface)?.scale ?? 1;
+    const [x, y] = [
+      (event.clientX - left) / scale / Math.abs(unit.x),
+      (event.clientY - top) / scale / Math.abs(unit.y),
+    ];
     this.page.send((module) => module.pointer(control.surface, control.id, action, isLeft(event, action), x, y));
   }
 }

@@ -38,14 +38,17 @@ export class FormView extends SurfaceView {
   // Its middle, on what it opens over.
   readonly #middle: readonly [number, number];
   readonly #listening = new AbortController();
+  readonly #unseen: () => void;
   #hasClosed = false;
 
+  // `unseen` is called when the page hides the form together with its element.
   constructor(
     opened: OpenedSurface,
     root: ShadowRoot,
     below: HTMLElement,
     send: Send,
     introduced: (control: ControlView) => void,
+    unseen: () => void,
   ) {
     super(opened, send, introduced);
     this.#below = below;
@@ -53,6 +56,7 @@ export class FormView extends SurfaceView {
       opened.left / Measure.twipsPerPixel + this.width / 2,
       opened.top / Measure.twipsPerPixel + (this.height + Around.formTitle) / 2,
     ];
+    this.#unseen = unseen;
     this.#title.id = `title${opened.id}`;
     this.dialog.dataset.name = opened.name;
     this.dialog.tabIndex = -1;
@@ -68,6 +72,7 @@ export class FormView extends SurfaceView {
     this.#title.addEventListener("pointerdown", (event) => this.#drag(event));
     addEventListener("resize", () => this.#stayInWindow(), this.#listening);
     this.dialog.append(this.#title, this.#told, this.ground);
+    new ResizeObserver(() => this.#lookWhetherSeen()).observe(this.dialog);
     root.append(this.dialog);
   }
 
@@ -92,6 +97,12 @@ export class FormView extends SurfaceView {
     if (this.dialog.open || !this.dialog.isConnected) return;
     this.dialog.showModal();
     this.#placeOverControl();
+    this.#lookWhetherSeen();
+  }
+
+  // A modal dialog that is not rendered would keep the person from everything else.
+  #lookWhetherSeen(): void {
+    if (this.dialog.open && this.dialog.getClientRects().length === 0) this.#unseen();
   }
 
   // After its element has moved in the page the dialog stands no longer above it.

@@ -4,6 +4,7 @@ import { type MenuChange, type MenuItem, type OpenMenu, type Reader, readMenuIte
 import { plainCaption, writeCaption } from "./captions.js";
 import { make } from "./dom.js";
 import type { Send } from "./module.js";
+import { moveTo } from "./place.js";
 import { Around } from "./styles.js";
 
 const leastMargin = 4;
@@ -31,7 +32,7 @@ interface Place {
 // What a menu needs of the element that it is opened on.
 interface Opener {
   readonly root: ShadowRoot;
-  readonly surface: { readonly ground: HTMLElement };
+  readonly surface: { readonly ground: HTMLElement; readonly scale: number };
   // Called before a press outside the menu closes it.
   pressedOutsideMenu(event: Event): void;
 }
@@ -52,8 +53,13 @@ export class MenuView {
       opener.pressedOutsideMenu(event);
       dismiss();
     };
-    document.addEventListener("pointerdown", pressed, { capture: true, signal });
-    window.addEventListener("blur", dismiss, { signal });
+    this.#page.addEventListener("pointerdown", pressed, { capture: true, signal });
+    this.#page.defaultView?.addEventListener("blur", dismiss, { signal });
+  }
+
+  // An element may be moved into another page than its script's.
+  get #page(): Document {
+    return this.#opener.root.ownerDocument;
   }
 
   // What has the focus while the menu is open.
@@ -87,12 +93,15 @@ export class MenuView {
     node.setAttribute("role", "menu");
     node.ariaLabel = plainCaption(caption);
     node.tabIndex = -1;
-    node.popover = "manual";
     const level = { menu, node, items: items.map((item) => this.#makeItem(item)) };
     node.append(...level.items.map((item) => item.node));
     this.#levels.push(level);
     this.#opener.root.append(node);
-    node.showPopover();
+    // Above everything; where a browser cannot do that, above what the page has put no higher.
+    if (node.showPopover) {
+      node.popover = "manual";
+      node.showPopover();
+    }
     this.#place(node, depth === 0 ? this.#placeOnControl(x, y) : this.#placeBeside(depth, menu));
   }
 
@@ -129,8 +138,8 @@ export class MenuView {
 
   #placeOnControl(x: number, y: number): Place {
     const control = this.#opener.surface.ground.getBoundingClientRect();
-    const [left, top] = [control.left + x / Measure.twipsPerPixel, control.top + y / Measure.twipsPerPixel];
-    return { left, top, otherLeft: innerWidth };
+    const unit = this.#opener.surface.scale / Measure.twipsPerPixel;
+    return { left: control.left + x * unit, top: control.top + y * unit, otherLeft: Infinity };
   }
 
   #placeBeside(depth: number, menu: number): Place {
@@ -143,14 +152,13 @@ export class MenuView {
 
   // Within the window, and with the page when it is scrolled.
   #place(node: HTMLElement, { left, top, otherLeft }: Place): void {
-    const { offsetWidth: width, offsetHeight: height } = node;
-    const { clientWidth, clientHeight } = document.documentElement;
+    const { width, height } = node.getBoundingClientRect();
+    const { clientWidth, clientHeight } = this.#page.documentElement;
     const fits = left + width + leastMargin <= clientWidth;
     const wanted =
       fits || otherLeft - width < leastMargin ? left : Math.min(otherLeft, clientWidth - leastMargin) - width;
     const x = Math.max(leastMargin, Math.min(wanted, clientWidth - width - leastMargin));
     const y = Math.max(leastMargin, Math.min(top, Math.max(clientHeight, height) - height - leastMargin));
-    node.style.left = `${Math.round(x + scrollX)}px`;
-    node.style.top = `${Math.round(y + scrollY)}px`;
+    moveTo(node, x, y);
   }
 }

@@ -1,6 +1,7 @@
 // The WebAssembly module, and how texts go into it and out of it.
 import deflated from "tabulon.wasm";
 import type { Exports, Imports } from "#wire";
+import { inflate } from "./inflate.js";
 
 const encoder = new TextEncoder();
 const decoder = new TextDecoder();
@@ -62,7 +63,15 @@ function decodeBase64(text: string): Uint8Array<ArrayBuffer> {
   return native.fromBase64?.(text) ?? Uint8Array.from(atob(text), (byte) => byte.charCodeAt(0));
 }
 
-// The module as a response, so that the browser compiles what is inflated while the rest is being inflated.
+const canInflate = () => {
+  try {
+    return Boolean(new DecompressionStream("deflate-raw"));
+  } catch {
+    return false;
+  }
+};
+
+// As a response, so that the browser compiles what is inflated while the rest is being inflated.
 function inflated(): Response {
   const { readable, writable } = new DecompressionStream("deflate-raw");
   const writer = writable.getWriter();
@@ -71,9 +80,27 @@ function inflated(): Response {
   return new Response(readable, { headers: { "Content-Type": "application/wasm" } });
 }
 
+const instantiated = (imports: WebAssembly.Imports) =>
+  canInflate()
+    ? WebAssembly.instantiateStreaming(inflated(), imports)
+    : WebAssembly.instantiate(inflate(decodeBase64(deflated)), imports);
+
+// What a person reads where the control would stand.
+function reason(error: unknown): string {
+  if (typeof WebAssembly === "undefined") return "deze browser heeft geen WebAssembly, of het staat uit";
+  return /unsafe-eval|CSP|content security/i.test(String(error))
+    ? "het beleid (Content-Security-Policy) van deze pagina laat WebAssembly niet toe; 'wasm-unsafe-eval' ontbreekt"
+    : `deze browser is er niet geschikt voor (${String(error)})`;
+}
+
+// Rejects with a Dutch sentence that says what stands in the way.
 export async function loadModule(imports: Imports): Promise<Module> {
-  const { instance } = await WebAssembly.instantiateStreaming(inflated(), { tabulon: { ...imports } });
-  const module = new Module(instance.exports as Exports);
-  module.exports._initialize();
-  return module;
+  try {
+    const { instance } = await instantiated({ tabulon: { ...imports } });
+    const module = new Module(instance.exports as Exports);
+    module.exports._initialize();
+    return module;
+  } catch (error) {
+    throw new Error(`Het Simplex-tableau kan hier niet worden getoond: ${reason(error)}.`, { cause: error });
+  }
 }

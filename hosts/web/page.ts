@@ -112,7 +112,7 @@ export class Page implements Surroundings {
     });
   }
 
-  // The element has left the page: what it was doing is given up.
+  // The element is not seen any more: what it was doing is given up.
   abandon(element: ElementView): void {
     const { id } = element.surface;
     this.#loseFocus(element);
@@ -160,10 +160,11 @@ export class Page implements Surroundings {
       const menu = this.#menuOwner === element ? this.menu?.node : undefined;
       const active = element.top.active;
       const target = menu ?? active?.node ?? element.forms.at(-1)?.dialog;
-      if (target && element.root.activeElement !== target) target.focus({ preventScroll: true });
+      if (target && element.root.activeElement !== target && !element.isInFrameAside)
+        target.focus({ preventScroll: true });
       if (!menu) active?.selectIfWanted();
     });
-    if (element.hasFocus && !element.holdsFocus && document.hasFocus()) this.left(element);
+    if (element.hasFocus && !element.holdsFocus && element.document.hasFocus()) this.left(element);
   }
 
   // ---- What the module asks for

@@ -14,11 +14,14 @@ type Heard = (event: PointerEvent, action: PointerAction) => void;
 // From press to release the pointer is the node's, wherever it goes.
 export function holdPointer(node: HTMLElement, pressed: PointerEvent, hear: Heard): void {
   const held = new AbortController();
-  const pass = (type: string, actionOf: (event: PointerEvent) => PointerAction) =>
+  const pass = (
+    type: "pointermove" | "pointerup" | "lostpointercapture",
+    actionOf: (event: PointerEvent) => PointerAction,
+  ) =>
     node.addEventListener(
       type,
       (event) => {
-        if (!(event instanceof PointerEvent) || event.pointerId !== pressed.pointerId) return;
+        if (event.pointerId !== pressed.pointerId) return;
         const action = actionOf(event);
         if (type !== "pointermove") held.abort();
         hear(event, action);

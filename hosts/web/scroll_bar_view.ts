@@ -117,7 +117,10 @@ export class ScrollBarView {
   #drag(event: PointerEvent): void {
     if (event.button !== 0) return;
     const thumb = this.#thumb;
-    const room = this.#length - this.#thumbLength;
+    const scale = this.#vertical
+      ? thumb.getBoundingClientRect().height / thumb.offsetHeight
+      : thumb.getBoundingClientRect().width / thumb.offsetWidth;
+    const room = (this.#length - this.#thumbLength) * scale;
     const place = (at: PointerEvent) => (this.#vertical ? at.clientY : at.clientX);
     const [start, startValue] = [place(event), this.#value];
     const direction = this.#max < this.#min ? -1 : 1;

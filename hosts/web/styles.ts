@@ -19,20 +19,29 @@ const css = `
   display: inline-block;
   box-sizing: content-box !important;
   width: ${Measure.controlWidth}px !important;
+  min-width: ${Measure.controlWidth}px !important;
+  max-width: ${Measure.controlWidth}px !important;
   height: ${Measure.controlHeight}px !important;
-  min-width: 0 !important;
-  max-width: none !important;
-  max-height: none !important;
+  min-height: ${Measure.controlHeight}px !important;
+  max-height: ${Measure.controlHeight}px !important;
   padding: 0 !important;
+  columns: auto !important;
   vertical-align: top;
-  color-scheme: light;
 }
 :host([hidden]) { display: none; }
 
 * { box-sizing: border-box; }
 [hidden] { display: none !important; }
 
+/* Of what the page has set for its own words nothing is inherited but whether they are seen. */
 .surface, .form, .menu {
+  all: initial;
+  display: block;
+  direction: ltr;
+  unicode-bidi: isolate;
+  visibility: inherit;
+  pointer-events: inherit;
+  color-scheme: light;
   --ink: ${Look.ink};
   --line: ${Look.edge};
   --soft-line: ${Look.lockedEdge};
@@ -44,8 +53,6 @@ const css = `
   font-family: ${letters};
   font-size: 12px;
   font-variant-numeric: tabular-nums lining-nums;
-  line-height: normal;
-  letter-spacing: 0;
   color: var(--ink);
   cursor: default;
   /* Colours tell something on paper too. */
@@ -54,6 +61,18 @@ const css = `
   user-select: none;
   -webkit-user-select: none;
   -webkit-tap-highlight-color: transparent;
+}
+.failure {
+  all: initial;
+  display: block;
+  box-sizing: border-box;
+  height: 100%;
+  padding: 16px 20px;
+  border: 1px solid ${Look.edge};
+  border-radius: 3px;
+  background-color: ${Look.ground};
+  font: 14px/1.5 ${letters};
+  color: ${Look.ink};
 }
 .surface {
   position: relative;
@@ -217,8 +236,6 @@ const css = `
   box-shadow: 0 1px 2px rgb(16 24 40 / 12%), 0 12px 32px rgb(16 24 40 / 24%);
   overflow: auto;
   scroll-padding: ${Around.formTitle + 8}px 8px 8px;
-  outline: none;
-  color-scheme: light;
 }
 .form::backdrop { background-color: rgb(16 24 40 / 10%); }
 .form .title {
@@ -242,17 +259,14 @@ const css = `
 
 .menu {
   position: absolute;
-  inset: auto;
-  margin: 0;
+  width: max-content;
   padding: ${Around.menuPadding}px;
   min-width: 150px;
   border: ${Around.border}px solid #b4bcc8;
   border-radius: 6px;
   background-color: #ffffff;
   box-shadow: 0 1px 2px rgb(16 24 40 / 10%), 0 8px 20px rgb(16 24 40 / 18%);
-  outline: none;
-  overflow: visible;
-  color-scheme: light;
+  z-index: 2147483647;
 }
 .item {
   position: relative;
@@ -320,5 +334,12 @@ const css = `
 }
 `;
 
-export const sheet = new CSSStyleSheet();
-sheet.replaceSync(css);
+const sheets = new WeakMap<Document, CSSStyleSheet>();
+
+// The sheet of a page: a page takes none that was made for another.
+export function sheetOf(page: Document): CSSStyleSheet {
+  const made = sheets.get(page) ?? new (page.defaultView ?? window).CSSStyleSheet();
+  if (!sheets.has(page)) made.replaceSync(css);
+  sheets.set(page, made);
+  return made;
+}

@@ -11,6 +11,7 @@ import {
 import { ControlView } from "./control_view.js";
 import { make } from "./dom.js";
 import type { Send } from "./module.js";
+import { scaleOf } from "./place.js";
 import type { RecordReader } from "./record.js";
 import { TableView } from "./table_view.js";
 
@@ -34,6 +35,11 @@ export class SurfaceView {
     this.ground.style.height = `${this.height}px`;
     this.#send = send;
     this.#introduced = introduced;
+  }
+
+  // How many of the window's pixels one of its own is.
+  get scale(): number {
+    return scaleOf(this.ground, this.width);
   }
 
   // The record goes on with the controls.

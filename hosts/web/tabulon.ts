@@ -8,6 +8,6 @@ export { TabulonError } from "./errors.js";
 
 // A page may name the script twice; the first stays.
 if (!customElements.get("tabulon-lpctrl")) {
-  void loadPage();
+  loadPage().catch(() => {}); // each element says what went wrong
   customElements.define("tabulon-lpctrl", TabulonLPctrl);
 }

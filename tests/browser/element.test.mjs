@@ -67,6 +67,27 @@ describe("parameters", () => {
     );
   });
 
+  for (const parameters of [{ NrBeslisVar: 3 }, { BigM: 9 }, { STR_RL: " 1, 2" }])
+    test(`one without prm is named to the author: ${Object.keys(parameters)}`, async () => {
+      await open(problem(parameters));
+      assert.deepEqual(noise(page), [`Tabulon: ${Object.keys(parameters)} is geen parameter.`]);
+    });
+
+  test("a list may be written over several lines", async () => {
+    await open(problem({ prmSTR_RL: " 4,\n 12" }));
+    await page.click(control("cmd_Bewerken"));
+    await page.click(control("mnu_Basisoplossing"));
+    await until(() => LPctrl1.shadowRoot.querySelector("dialog[open]"));
+    assert.equal((await text(page, "txtRL", 2)).trim(), "12");
+    const shown = await page.$$eval("tabulon-lpctrl >>> dialog [data-name=txtRL]", (all) =>
+      all.map((box) => box.value),
+    );
+    assert.deepEqual(
+      shown.slice(0, 2).map((value) => value.trim()),
+      ["4", "12"],
+    );
+  });
+
   test("a param that is meant for something else is left alone", async () => {
     await open(problem({ quality: "high" }));
     assert.deepEqual(noise(page), []);
@@ -96,7 +117,10 @@ describe("parameters", () => {
   const refused = [
     ["text for a count", { prmNrBeslisVar: "drie" }, 13, 'prmNrBeslisVar: "drie" is geen getal (fout 13)'],
     ["a count beyond 16 bits", { prmBigM: "40000" }, 6, 'prmBigM: "40000" past niet; het moet'],
-    ["more columns than there are", { prmNrBeslisVar: "40" }, 9, "hoogstens 10 rijen en 30 kolommen"],
+    ["more columns than there are", { prmNrBeslisVar: "40" }, 9, "prmNrBeslisVar: dit past niet in een tableau"],
+    ["more rows than there are", { prmNrGelijkVglen: "9" }, 9, "prmNrGelijkVglen: dit past niet in een tableau"],
+    ["half a variable", { prmNrBeslisVar: "2.5" }, 13, 'prmNrBeslisVar: "2.5" is geen geheel getal'],
+    ["a number that is too large", { prmSTR_RL: " 1, 1e400" }, 6, 'prmSTR_RL: " 1, 1e400" past niet'],
   ];
   for (const [what, parameters, number, message] of refused) {
     test(`${what} is error ${number}, and the page goes on with an empty tableau`, async () => {
@@ -184,6 +208,14 @@ describe("properties", () => {
     assert.equal((await scriptError("LPctrl1.prmNrBeslisVar = 40; LPctrl1.prmShow = true"))[1], 9);
     assert.deepEqual(noise(page), []);
   });
+
+  for (const nothing of ["null", "undefined"])
+    test(`${nothing} is refused and changes nothing`, async () => {
+      await open(problem({ prmSTR_RL: " 5, 6" }));
+      for (const name of ["prmRL", "prmNrBeslisVar", "prmShow"])
+        assert.deepEqual((await scriptError(`LPctrl1.${name} = ${nothing}`)).slice(0, 2), ["TabulonError", 13]);
+      assert.equal(await text(page, "txtRL", 1), " 5");
+    });
 
   test("what is set before the control is there is done in its order", async () => {
     await browser.write(

@@ -171,6 +171,55 @@ TEST_F(PageParameters, ArtificialCountsBeyond16BitsAreError6) {
   EXPECT_EQ(model.NrGelijkVglen, 0);
 }
 
+struct TooLarge {
+  const char* culprit;
+  Parameters page;
+};
+
+void PrintTo(const TooLarge& each, std::ostream* out) {
+  *out << each.culprit;
+}
+
+class CountsTooLarge : public PageParameters, public testing::WithParamInterface<TooLarge> {};
+
+TEST_P(CountsTooLarge, AreRefusedInTheNameOfTheOneThatIs) {
+  const auto read = try_open(GetParam().page);
+  ASSERT_FALSE(read);
+  EXPECT_EQ(read.error().subject, GetParam().culprit);
+  for (const auto& [name, text] : GetParam().page) set(name, text);
+  const auto shown_by_script = set("prmShow", true);
+  ASSERT_FALSE(*shown_by_script);
+  EXPECT_EQ(shown_by_script->error().subject, GetParam().culprit);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Counts, CountsTooLarge,
+    testing::Values(TooLarge{"prmNrBeslisVar", {{"prmNrBeslisVar", "31"}}},
+                    TooLarge{"prmNrKleinerGelijkVglen", {{"prmNrKleinerGelijkVglen", "11"}}},
+                    TooLarge{"prmNrGroterGelijkVglen",
+                             {{"prmNrBeslisVar", "20"}, {"prmNrGroterGelijkVglen", "5"}}},
+                    TooLarge{"prmNrGelijkVglen", {{"prmNrGelijkVglen", "9"}}},
+                    TooLarge{"prmNrGroterGelijkVglen",
+                             {{"prmNrGroterGelijkVglen", "20000"}, {"prmNrGelijkVglen", "20000"}}}));
+
+TEST_F(PageParameters, AListMayBeWrittenOverSeveralLines) {
+  open({{"prmSTR_DLfunctie", " 3,\t5"}, {"prmSTR_RL", " 4,\r\n 12"}});
+  EXPECT_EQ(text("txtRij_F", 2), " 5");
+  EXPECT_EQ(model.current.row_F().value(2), 5);
+  EXPECT_EQ(text("txtRL", 2), "   12");
+  EXPECT_EQ(model.current.row(2).right(), 12);
+}
+
+TEST_F(PageParameters, ANumberTooLargeForADoubleIsError6) {
+  for (const char* list : {"prmSTR_DLfunctie", "prmSTR_RL"}) {
+    const auto read = try_open({{list, " 1,-1e400 euro"}});
+    ASSERT_FALSE(read);
+    EXPECT_EQ(read.error(), (RunTimeError{ErrorNumber::Overflow, list}));
+    EXPECT_EQ(text("txtRL", 1), " 0");
+  }
+  EXPECT_TRUE(try_open({{"prmSTR_RL", " 1, 1.7E308, 1e400"}})) << "the third item is not asked for";
+}
+
 TEST_F(PageParameters, TheLargestProblemFits) {
   ASSERT_TRUE(try_open(
       {{"prmNrBeslisVar", "10"}, {"prmNrGroterGelijkVglen", "10"}, {"prmNrKleinerGelijkVglen", "0"}}));
@@ -320,6 +369,13 @@ TEST_F(ScriptProperties, AnObjectiveBeyondTheStorageIsError9AndWritesNothing) {
   EXPECT_EQ(error_of("prmDLfunctie", long_list), 9);
   EXPECT_EQ(model.current.row_F().text(1), "-3");
   EXPECT_EQ(model.current.row_F().text(2), " -5");
+  EXPECT_EQ(model.current.row_F().value(1), -3);
+}
+
+TEST_F(ScriptProperties, AnObjectiveWithANumberTooLargeForADoubleWritesNothing) {
+  open(two_products);
+  EXPECT_EQ(error_of("prmDLfunctie", std::string(" 8, 1e400")), 6);
+  EXPECT_EQ(model.current.row_F().text(1), "-3");
   EXPECT_EQ(model.current.row_F().value(1), -3);
 }
 
