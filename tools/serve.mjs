@@ -1,9 +1,11 @@
 // Serves dist/web on this machine only: node tools/serve.mjs [--port N] [--no-open]
 import { spawn } from "node:child_process";
+import { realpath } from "node:fs/promises";
 import { createServer } from "node:http";
+import { join, sep } from "node:path";
 import { fileURLToPath } from "node:url";
 import { parseArgs } from "node:util";
-import sirv from "sirv";
+import send from "send";
 
 const usualPort = 8080;
 const folder = fileURLToPath(new URL("../dist/web", import.meta.url));
@@ -16,20 +18,35 @@ const headers = {
   "X-Content-Type-Options": "nosniff",
 };
 
-export function createPageServer(root = folder) {
-  const files = sirv(root, {
-    dev: true,
-    etag: false,
-    setHeaders(response) {
-      for (const [name, value] of Object.entries(headers)) response.setHeader(name, value);
-    },
-  });
-  return createServer((request, response) =>
-    files(request, response, () => {
-      response.writeHead(404, { "Content-Type": "text/plain" }).end("Not found\n");
-    }),
-  );
+// A page of elsewhere may have a name that leads to this machine; it is not to read what is served here.
+const isOwnHost = (host = "") => /^(127\.0\.0\.1|localhost|\[::1\])(:\d+)?$/i.test(host);
+
+// Whether the file, links followed, lies in the folder; one that is not there is for the server to miss.
+async function liesIn(root, path) {
+  const inside = await realpath(root);
+  const file = await realpath(join(inside, path)).catch(() => inside);
+  return file === inside || file.startsWith(inside + sep);
 }
+
+const refuse = (response, status, words) =>
+  response.writeHead(status, { "Content-Type": "text/plain" }).end(`${words}\n`);
+
+async function serve(root, request, response) {
+  if (!isOwnHost(request.headers.host)) return refuse(response, 403, "Not from here");
+  if (!["GET", "HEAD"].includes(request.method)) return refuse(response, 405, "Only to be read");
+  const { pathname } = new URL(request.url, "http://localhost");
+  if (!(await liesIn(root, decodeURIComponent(pathname)))) return refuse(response, 404, "Not found");
+  for (const [name, value] of Object.entries(headers)) response.setHeader(name, value);
+  const options = { root, dotfiles: "ignore", etag: false, lastModified: false, cacheControl: false };
+  send(request, pathname, options)
+    .on("error", ({ status = 500 }) => refuse(response, status, status === 404 ? "Not found" : "Not possible"))
+    .pipe(response);
+}
+
+export const createPageServer = (root = folder) =>
+  createServer((request, response) => {
+    serve(root, request, response).catch(() => refuse(response, 400, "Not understood"));
+  });
 
 // Resolves to the port; port 0 is any free one.
 export function listen(server, port) {

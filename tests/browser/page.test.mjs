@@ -161,7 +161,8 @@ describe("an element that is not in the page", () => {
   });
 
   test("one that is moved into a frame keeps its style, its forms and its menus", async () => {
-    await open(`${problem()}<iframe id="frame" width="800" height="500"></iframe>`);
+    await open(`${problem()}<iframe id="frame" width="800" height="500" srcdoc="<!doctype html><p>elders"></iframe>`);
+    await until(() => frame.contentDocument?.querySelector("p"));
     await page.evaluate(() => frame.contentDocument.body.append(LPctrl1));
     await page.evaluate(() => (globalThis.LPctrl1 = frame.contentDocument.querySelector("tabulon-lpctrl")));
     const inFrame = await (await page.$("#frame")).contentFrame();
@@ -210,11 +211,11 @@ describe("the page's focus", () => {
   });
 
   for (const [key, far] of [
-    ["Space", 100],
+    [" ", 100],
     ["PageDown", 100],
     ["End", 1000],
   ])
-    test(`${key}, which means nothing to the control, scrolls the page`, async () => {
+    test(`the key "${key}", which means nothing to the control, scrolls the page`, async () => {
       await openStyled("body { height: 3000px }");
       assert.equal(await page.evaluate(() => LPctrl1.shadowRoot.activeElement.dataset.name), "txtFocus");
       await page.keyboard.press(key);
