@@ -137,9 +137,14 @@ export class ControlView implements Properties {
     return this.#isActive;
   }
 
-  // A box that shows something; one beside its surface does not.
+  // It has the focus where nothing else has, and is not seen.
+  get isAside(): boolean {
+    return this.node.classList.contains("aside");
+  }
+
+  // A box that shows something.
   get isField(): boolean {
-    return this.kind === Kind.TextBox && !this.node.classList.contains("aside");
+    return this.kind === Kind.TextBox && !this.isAside;
   }
 
   // In the units of what surrounds it.
@@ -168,7 +173,7 @@ export class ControlView implements Properties {
   setActive(active: boolean): void {
     this.#isActive = active;
     this.node.tabIndex = active ? 0 : -1;
-    if (this.node.classList.contains("aside")) setAttribute(this.node, "aria-hidden", active ? undefined : "true");
+    if (this.isAside) setAttribute(this.node, "aria-hidden", active ? undefined : "true");
   }
 
   setVisible({ rendering }: VisibleValue): void {
@@ -176,8 +181,6 @@ export class ControlView implements Properties {
     if (rendering !== Rendering.Aside) return;
     this.node.classList.add("aside");
     this.node.setAttribute("inputmode", "none");
-    // Nothing can be typed in it, so that the keys that mean nothing here scroll the page.
-    this.setLocked({ locked: true });
     this.setActive(this.#isActive);
   }
 
@@ -282,7 +285,7 @@ export class ControlView implements Properties {
   }
 
   setLocked({ locked }: LockedValue): void {
-    if (this.node instanceof HTMLInputElement) this.node.readOnly = locked || this.node.classList.contains("aside");
+    if (this.node instanceof HTMLInputElement) this.node.readOnly = locked;
   }
 
   setRole({ role }: RoleValue): void {

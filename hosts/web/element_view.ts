@@ -5,6 +5,7 @@ import type { ControlView } from "./control_view.js";
 import { FormView } from "./form_view.js";
 import { keyCode, modifiers } from "./keys.js";
 import type { Send } from "./module.js";
+import { scrollPage } from "./page_scroll.js";
 import { holdPointer, isBeside, isLeft } from "./pointer.js";
 import { SurfaceView } from "./surface_view.js";
 
@@ -32,6 +33,8 @@ export class ElementView {
   readonly #busy = new Set<number>();
   // The form or menu that was on top when the key that is held was pressed.
   #keyPressedOn: unknown;
+  // The press that holds the button has selected a cell's text.
+  #selected = false;
   // A press that closed a menu must not open the same menu again.
   #menuOpenedBy: ControlView | undefined;
   #ignoredClick: ControlView | undefined;
@@ -129,6 +132,7 @@ export class ElementView {
     root.addEventListener("keyup", (event) => this.#keyUp(event as KeyboardEvent));
     root.addEventListener("input", (event) => this.#input(event));
     root.addEventListener("mousedown", (event) => this.#mouseDown(event as MouseEvent));
+    root.addEventListener("mouseup", (event) => this.#mouseUp(event as MouseEvent));
     root.addEventListener("click", (event) => this.#click(event));
     root.addEventListener("pointerdown", (event) => this.#pointerDown(event as PointerEvent));
   }
@@ -186,7 +190,9 @@ export class ElementView {
       this.#keyPressedOn !== onTop ||
       this.page.send((module) => module.key(this.top.id, code, modifiers(event))) !== 0 ||
       // A button is pressed by the module, never a second time by the browser.
-      (isActivation(event) && this.#controlAt(event)?.kind === Kind.CommandButton);
+      (isActivation(event) && this.#controlAt(event)?.kind === Kind.CommandButton) ||
+      // Where nothing can be typed, what means nothing here is meant for the page.
+      (onTop === this.surface && this.#controlAt(event)?.isAside === true && scrollPage(this.host, event));
     if (used) event.preventDefault();
   }
 
@@ -212,6 +218,7 @@ export class ElementView {
   // Where the focus goes is the surface's to decide. Only in the box that has it already does a press place
   // the caret; in another box that would undo the selection with which the box receives the focus.
   #mouseDown(event: MouseEvent): void {
+    this.#selected = false;
     const control = this.#controlAt(event);
     const box = control?.kind === Kind.TextBox && !control.node.matches(":disabled") ? control : undefined;
     if (box && box.node === this.root.activeElement) return;
@@ -221,6 +228,19 @@ export class ElementView {
       if (!this.hasFocus && !this.forms.length) this.page.entered(this);
       this.#moveFocus(box);
     });
+    if (box && box.node === this.root.activeElement) this.#select(box);
+  }
+
+  // A cell that is clicked is there to be typed over, also where it was the last before the page had the focus.
+  #select({ node }: ControlView): void {
+    (node as HTMLInputElement).select();
+    this.#selected = true;
+  }
+
+  // A browser may put the caret where the button goes up.
+  #mouseUp(event: MouseEvent): void {
+    if (this.#selected) event.preventDefault();
+    this.#selected = false;
   }
 
   #clicked: ControlView | undefined;

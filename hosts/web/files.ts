@@ -25,6 +25,9 @@ function kindOf(filter: string): Kind {
   return { description, extension: pattern.replace("*", "") };
 }
 
+// Whatever a script calls it, what lies among the downloads is a tableau and nothing that a machine would run.
+const tableauName = (name: string) => (/\.tbl$/i.test(name) ? name : `${name}.tbl`);
+
 export function download(name: string, content: Blob): void {
   const link = make("a", "");
   link.href = URL.createObjectURL(content);
@@ -61,19 +64,24 @@ export class Files {
     return name ?? fileName;
   }
 
+  // What the person has picked was for the answer to one question.
+  forget(): void {
+    this.#handles.clear();
+  }
+
   // Writes where the person has said, else downloads.
   async write({ name, content: bytes }: WrittenFile): Promise<void> {
     const content = new Blob([bytes.slice()], { type: mediaType });
     // What the person has picked is for this once: a script that uses the name again gets no say over it.
     const handle = this.#handles.get(name);
     this.#handles.delete(name);
-    if (!handle) return download(name, content);
+    if (!handle) return download(tableauName(name), content);
     try {
       const file = await handle.createWritable();
       await file.write(content);
       await file.close();
     } catch {
-      download(name, content);
+      download(tableauName(name), content);
     }
   }
 

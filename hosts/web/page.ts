@@ -5,6 +5,7 @@
 //   page.send((module) => module.click(view.surface.id, 3));
 import {
   type Exports,
+  type FileQuestion,
   type Imports,
   type Method,
   type OpenedSurface,
@@ -230,6 +231,12 @@ export class Page implements Surroundings {
     return true;
   }
 
+  // With the answer the file is written, or, where that fails, is not.
+  async #askForFile(question: FileQuestion, ticket: number): Promise<void> {
+    this.#answer(ticket, await this.#files.ask(question));
+    this.#files.forget();
+  }
+
   // An error that no script is there to catch.
   report(host: HTMLElement | undefined, error: TabulonError): void {
     console.error(error);
@@ -262,7 +269,7 @@ export class Page implements Surroundings {
       beep: playBeep,
       show_file_dialog: (at, size, ticket) => {
         const question = readFileQuestion(this.#record(at, size));
-        this.#turns.afterwards(() => this.#files.ask(question).then((name) => this.#answer(ticket, name)));
+        this.#turns.afterwards(() => this.#askForFile(question, ticket));
       },
       write_file: (at, size) => {
         const file = readWrittenFile(this.#record(at, size));

@@ -159,6 +159,19 @@ describe("saving", { skip }, () => {
     assert.equal(await page.evaluate(() => window.writes), 1);
   });
 
+  test("that fails after the person has picked a place leaves that place to no script", async () => {
+    await open();
+    await picker(place("window.writes = (window.writes ?? 0) + 1;"));
+    await page.evaluate(() => (LPctrl1.prmNrBeslisVar = 40)); // more than a file can hold
+    await save();
+    await until(() => window.asked);
+    await waitsForThePerson();
+    await page.evaluate(() => (LPctrl1.prmNrBeslisVar = 2));
+    const { name } = await downloaded(() => page.evaluate(() => LPctrl1.SchrijfTableau("les.tbl")));
+    assert.equal(name, "les.tbl");
+    assert.equal(await page.evaluate(() => window.writes), undefined);
+  });
+
   test("is given up without a word by who cancels", async () => {
     await open();
     await waitsForThePerson();
@@ -181,6 +194,17 @@ describe("a script", { skip }, () => {
     assert.equal(bytes, await golden("one-variable"));
     await saysNothing();
   });
+
+  for (const [given, got] of [
+    ["x.exe", "x.exe.tbl"],
+    ["oefening", "oefening.tbl"],
+    ["LES.TBL", "LES.TBL"],
+    ["a.tbl.bat", "a.tbl.bat.tbl"],
+  ])
+    test(`downloads ${given} as ${got}`, async () => {
+      await open();
+      assert.equal((await downloaded(() => page.evaluate((name) => LPctrl1.SchrijfTableau(name), given))).name, got);
+    });
 
   test("saves letters as Latin ones, and others as question marks", async () => {
     await open({ prmSTR_RL: " 3 caf\u00e9, 4 \u2264 5" });
@@ -231,6 +255,19 @@ describe("opening", { skip }, () => {
       await saysNothing();
     });
   }
+
+  test("that fails after the person has picked a place leaves that place to no script", async () => {
+    await open();
+    await picker(place("window.writes = (window.writes ?? 0) + 1;"));
+    await page.evaluate(() => (LPctrl1.prmNrBeslisVar = 40)); // more than a file can hold
+    await save();
+    await until(() => window.asked);
+    await waitsForThePerson();
+    await page.evaluate(() => (LPctrl1.prmNrBeslisVar = 2));
+    const { name } = await downloaded(() => page.evaluate(() => LPctrl1.SchrijfTableau("les.tbl")));
+    assert.equal(name, "les.tbl");
+    assert.equal(await page.evaluate(() => window.writes), undefined);
+  });
 
   test("is given up without a word by who cancels", async () => {
     await open({ prmSTR_RL: " 5, 6" });

@@ -59,6 +59,27 @@ describe("focus", () => {
     assert.equal(await text(page, "txtTableau", 2), " 05");
   });
 
+  test("finds the whole text of a clicked cell selected, also after the page has had it", async () => {
+    await open(between);
+    await page.click(control("txtTableau", 2));
+    await page.keyboard.press("End");
+    await page.click("#last");
+    await page.click(control("txtTableau", 2));
+    await page.keyboard.type("77");
+    assert.equal(await text(page, "txtTableau", 2), "77");
+  });
+
+  test("finds the whole text of a clicked cell selected, also after a second click and Escape", async () => {
+    await open(between);
+    const place = await middleOf(control("txtTableau", 2));
+    await page.mouse.click(...place);
+    await page.mouse.click(...place);
+    await page.keyboard.press("Escape");
+    await page.mouse.click(...place);
+    await page.keyboard.type("77");
+    assert.equal(await text(page, "txtTableau", 2), "77");
+  });
+
   test("stays where it is when a heading is clicked", async () => {
     await open(between);
     await page.click(control("txtTableau", 2));

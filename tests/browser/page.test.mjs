@@ -17,7 +17,13 @@ afterEach(async () => {
 const open = async (place, options) => (page = await browser.open(place, options));
 const until = (test, ...given) => page.waitForFunction(test, { timeout: 20000 }, ...given);
 const formIsOpen = () => until(() => LPctrl1.shadowRoot.querySelector("dialog[open]"));
-const boxOf = async (selector, on = page) => (await on.$(selector)).boundingBox();
+// In the page's own pixels, also of what stands in its frame `on`.
+async function boxOf(selector, on = page) {
+  const inFrame = await (await on.$(selector)).evaluate((node) => node.getBoundingClientRect().toJSON());
+  const { x, y } =
+    on === page ? { x: 0, y: 0 } : await page.$eval("iframe", (frame) => frame.getBoundingClientRect().toJSON());
+  return { x: inFrame.x + x, y: inFrame.y + y, width: inFrame.width, height: inFrame.height };
+}
 const middleOf = async (selector, on = page) => {
   const { x, y, width, height } = await boxOf(selector, on);
   return [x + width / 2, y + height / 2];
@@ -221,4 +227,177 @@ describe("the page's focus", () => {
       await page.keyboard.press(key);
       await until((least) => scrollY > least, far);
     });
+});
+
+describe("a page's style", () => {
+  for (const [what, css, body] of [
+    ["min-height", "tabulon-lpctrl { min-height: 500px; min-width: 900px }"],
+    ["max-height", "tabulon-lpctrl { max-height: 50px; max-width: 90px }"],
+    ["flex", "main { display: flex; width: 1200px } tabulon-lpctrl { flex: 1 }"],
+    ["align-items: stretch", "main { display: flex; height: 500px; align-items: stretch }"],
+    ["a narrow row", "main { display: flex; width: 200px }"],
+    ["a grid", "main { display: grid; width: 300px; height: 500px } tabulon-lpctrl { place-self: stretch }"],
+    ["display: inline", "tabulon-lpctrl { display: inline }"],
+    ["display: flex", "tabulon-lpctrl { display: flex; align-items: center; justify-content: end }"],
+    ["columns", "tabulon-lpctrl { columns: 3 }"],
+    ["vertical writing", "* { writing-mode: vertical-rl }"],
+    ["both sides fixed", "main { position: relative; height: 800px } tabulon-lpctrl { position: absolute; inset: 0 }"],
+    ["a frame around all boxes", "* { box-sizing: border-box; padding: 12px; line-height: 3; max-width: 100% }"],
+  ])
+    test(`leaves 600 by 296: ${what}`, async () => {
+      await openStyled(css, `<main>${body ?? problem()}</main>`);
+      const [host, surface] = [await boxOf("tabulon-lpctrl"), await boxOf("tabulon-lpctrl >>> .surface")];
+      assert.deepEqual([surface.width, surface.height], [600, 296]);
+      assert.deepEqual([surface.x, surface.y], [host.x, host.y]);
+      // A box that is part of a line is as wide as its line, whatever stands in it.
+      if (what !== "display: inline") assert.deepEqual([host.width, host.height], [600, 296]);
+    });
+
+  // What is seen of every control: its place in the control, and its letters' style.
+  const look = () =>
+    page.evaluate(() => {
+      const { left, top } = LPctrl1.getBoundingClientRect();
+      const properties = ["direction", "textTransform", "letterSpacing", "wordSpacing", "textIndent", "textAlign"];
+      properties.push(
+        "fontSize",
+        "fontFamily",
+        "fontWeight",
+        "fontStyle",
+        "fontVariant",
+        "lineHeight",
+        "textShadow",
+        "color",
+      );
+      properties.push("writingMode", "quotes", "hyphens", "tabSize", "whiteSpace", "textDecorationLine");
+      const shown = [...LPctrl1.shadowRoot.querySelectorAll("[data-name]")].filter((node) => node.checkVisibility());
+      return shown.map((node) => {
+        const style = getComputedStyle(node);
+        const box = node.getBoundingClientRect();
+        const place = [box.left - left, box.top - top, box.width, box.height].map((at) => Math.round(at * 100));
+        return [node.dataset.name, ...place, ...properties.map((name) => style[name])].join(" ");
+      });
+    });
+
+  for (const [what, css] of [
+    ["from right to left", "* { direction: rtl; unicode-bidi: bidi-override }"],
+    ["in capitals", "* { text-transform: uppercase; font-variant: small-caps }"],
+    ["spaced", "* { letter-spacing: 4px; word-spacing: 9px; line-height: 3; text-indent: 20px; text-align: right }"],
+    ["large and slanting", "* { font: italic bold 30px serif; color: red; text-shadow: 1px 1px blue; cursor: help }"],
+    ["down", "* { writing-mode: vertical-rl; white-space: normal; hyphens: auto; tab-size: 1; quotes: none }"],
+  ])
+    test(`is its own: a page ${what} changes nothing of the control, its form and its menu`, async () => {
+      const seen = async () => {
+        await page.click(control("cmd_Help"));
+        await idle(page);
+        const withMenu = await look();
+        await clickAt("tabulon-lpctrl >>> [role=menuitem]");
+        await formIsOpen();
+        return [...withMenu, ...(await look())];
+      };
+      const numbers = { prmSTR_RL: "-3, 4" };
+      await open(`<main>${problem(numbers)}</main>`);
+      const plain = await seen();
+      await page.close();
+      await openStyled(`body { margin: 8px } ${css}`, `<main>${problem(numbers)}</main>`);
+      assert.deepEqual(await seen(), plain);
+    });
+
+  test("can hide it", async () => {
+    await openStyled("tabulon-lpctrl { display: none } .unseen { visibility: hidden }", problem());
+    assert.equal(await text(page, "lblNRTableau"), null);
+    await page.evaluate(() => (LPctrl1.style.display = "inline-block"));
+    assert.equal(await text(page, "lblNRTableau"), "1-e Simplex-tableau");
+    await page.evaluate(() => LPctrl1.classList.add("unseen"));
+    const visibility = await page.$eval(control("lblNRTableau"), (node) => getComputedStyle(node).visibility);
+    assert.equal(visibility, "hidden");
+  });
+});
+
+const twoProducts = {
+  prmNrBeslisVar: 2,
+  prmNrKleinerGelijkVglen: 3,
+  prmSTR_DLfunctie: " -3, -5",
+  prmSTR_KleinerGelijkVglen: " 1, 0, 0, 2, 3, 2",
+  prmSTR_RL: " 4, 12, 18",
+};
+
+describe("a page that is scaled", () => {
+  const wide = { width: 1400, height: 1000 };
+  const scales = [
+    ["zoom: 1.5", "main { zoom: 1.5; margin: 40px 60px }"],
+    ["zoom: 0.75", "main { zoom: 0.75; margin: 40px 60px }"],
+    ["zoom on the control", "tabulon-lpctrl { zoom: 1.25; margin: 50px }"],
+    ["transform: scale(1.5)", "main { transform: scale(1.5); transform-origin: 0 0; margin: 40px 60px }"],
+    ["transform: scale(0.5)", "main { transform: scale(0.5); transform-origin: 0 0; margin: 40px 60px }"],
+  ];
+  const near = (found, wanted, most, what) =>
+    assert.ok(Math.abs(found - wanted) <= most, `${what}: ${found} and not ${wanted}`);
+  const isTop = (selector) =>
+    page.evaluate((name) => {
+      const { x, y, width, height } = LPctrl1.shadowRoot.querySelector(name).getBoundingClientRect();
+      return x >= 0 && y >= 0 && x + width <= innerWidth && y + height <= innerHeight;
+    }, selector);
+
+  for (const [what, css] of scales) {
+    test(`opens a menu at its button: ${what}`, async () => {
+      await openStyled(css, `<main>${problem()}</main>`, wide);
+      await clickAt(control("cmd_Opties"));
+      const [host, button, menu] = [
+        await boxOf("tabulon-lpctrl"),
+        await boxOf(control("cmd_Opties")),
+        await boxOf("tabulon-lpctrl >>> [role=menu]"),
+      ];
+      const unit = host.width / 600;
+      near(menu.x, button.x, 6 * unit + 1, "left");
+      near(menu.y, host.y + 19 * unit, 2 * unit + 1, "top");
+    });
+
+    test(`opens a form in the middle: ${what}`, async () => {
+      await openStyled(css, `<main>${problem()}</main>`, wide);
+      await page.evaluate(() => void LPctrl1.ShowAboutBox());
+      await formIsOpen();
+      const [host, form] = [await boxOf("tabulon-lpctrl"), await boxOf("tabulon-lpctrl >>> dialog")];
+      near(form.x + form.width / 2, Math.max(host.x + host.width / 2, form.width / 2 + 8), 2, "middle");
+      near(form.y + form.height / 2, Math.max(host.y + host.height / 2, form.height / 2 + 8), 2, "middle");
+      assert.ok(await isTop("dialog"));
+    });
+
+    test(`the graph's cross and panel follow the pointer: ${what}`, async () => {
+      await openStyled(css, `<main>${problem(twoProducts)}</main>`, wide);
+      await clickAt(control("cmd_Bewerken"));
+      await clickAt(control("mnu_optimaliseren"));
+      await formIsOpen();
+      await page.keyboard.press("Enter");
+      await clickAt(control("cmd_Opties"));
+      await clickAt(control("mnu_Grafiek"));
+      await until(() => LPctrl1.shadowRoot.querySelector("[data-name=imgCross]")?.checkVisibility());
+      const unit = (await boxOf("tabulon-lpctrl")).width / 600;
+      for (const [name, byX, byY] of [
+        ["imgCross", 20, 20],
+        ["cmdFrame", -40, 15],
+      ]) {
+        const from = await middleOf(control(name));
+        await page.mouse.move(...from);
+        await page.mouse.down();
+        await page.mouse.move(from[0] + (byX * unit) / 2, from[1] + (byY * unit) / 2);
+        await page.mouse.move(from[0] + byX * unit, from[1] + byY * unit);
+        await page.mouse.up();
+        const to = await middleOf(control(name));
+        near(to[0] - from[0], byX * unit, 3 * unit, `${name}, to the right`);
+        near(to[1] - from[1], byY * unit, 3 * unit, `${name}, down`);
+      }
+    });
+
+    test(`a scroll bar's thumb follows the pointer: ${what}`, async () => {
+      await openStyled(css, `<main>${problem({ prmNrBeslisVar: 20, prmNrKleinerGelijkVglen: 10 })}</main>`, wide);
+      const thumb = `${control("HScroll")} .thumb`;
+      const [from, box] = [await middleOf(thumb), await boxOf(control("HScroll"))];
+      await page.mouse.move(...from);
+      await page.mouse.down();
+      await page.mouse.move(from[0] + box.width / 3, from[1], { steps: 4 });
+      await page.mouse.up();
+      await idle(page);
+      near((await middleOf(thumb))[0] - from[0], box.width / 3, box.width / 25, "the thumb");
+    });
+  }
 });
