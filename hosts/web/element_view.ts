@@ -224,6 +224,8 @@ export class ElementView {
     if (box && box.node === this.root.activeElement) return;
     event.preventDefault();
     if (event.button !== 0) return;
+    // Not every browser lets the person into a frame by a press that goes no further.
+    if (!this.document.hasFocus()) this.document.defaultView?.focus();
     this.page.send(() => {
       if (!this.hasFocus && !this.forms.length) this.page.entered(this);
       this.#moveFocus(box);

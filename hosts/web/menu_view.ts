@@ -27,6 +27,8 @@ interface Place {
   readonly top: number;
   // Where a menu that would leave the window on the right goes instead.
   readonly otherLeft: number;
+  // What a menu that fits on neither side leaves free: a finger is still there.
+  readonly opened?: DOMRect;
 }
 
 // What a menu needs of the element that it is opened on.
@@ -147,18 +149,21 @@ export class MenuView {
     const item = parent.items.find(({ id }) => id === menu)!.node.getBoundingClientRect();
     const all = parent.node.getBoundingClientRect();
     const top = item.top - Around.menuPadding - Around.border;
-    return { left: all.right - overlap, top, otherLeft: all.left + overlap };
+    return { left: all.right - overlap, top, otherLeft: all.left + overlap, opened: item };
   }
 
   // Within the window, and with the page when it is scrolled.
-  #place(node: HTMLElement, { left, top, otherLeft }: Place): void {
+  #place(node: HTMLElement, { left, top, otherLeft, opened }: Place): void {
     const { width, height } = node.getBoundingClientRect();
     const { clientWidth, clientHeight } = this.#page.documentElement;
+    const within = (at: number, size: number, room: number) =>
+      Math.max(leastMargin, Math.min(at, Math.max(room, size) - size - leastMargin));
     const fits = left + width + leastMargin <= clientWidth;
-    const wanted =
-      fits || otherLeft - width < leastMargin ? left : Math.min(otherLeft, clientWidth - leastMargin) - width;
-    const x = Math.max(leastMargin, Math.min(wanted, clientWidth - width - leastMargin));
-    const y = Math.max(leastMargin, Math.min(top, Math.max(clientHeight, height) - height - leastMargin));
-    moveTo(node, x, y);
+    const fitsOther = otherLeft - width >= leastMargin;
+    const x = fits || !fitsOther ? left : Math.min(otherLeft, clientWidth - leastMargin) - width;
+    if (fits || fitsOther || !opened)
+      return moveTo(node, within(x, width, clientWidth), within(top, height, clientHeight));
+    const below = opened.bottom + height + leastMargin <= clientHeight;
+    moveTo(node, within(x, width, clientWidth), below ? opened.bottom : Math.max(leastMargin, opened.top - height));
   }
 }

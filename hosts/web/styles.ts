@@ -305,7 +305,20 @@ const css = `
 }
 .separator { height: 1px; margin: 4px 6px; background-color: var(--soft-line); }
 
+/* Under a finger arrows grow: out of their row, or where rows follow each other, side by side. What else is small is
+   caught from further off. */
 @media (pointer: coarse) {
+  .surface:not(.form *) > .button::after { content: ""; position: absolute; inset: 0 0 -5px; z-index: 1; }
+  .picture .image::after { content: ""; position: absolute; inset: -12px; }
+  .frame.captioned { z-index: 2; }
+  .spin { overflow: visible; }
+  .spin .arrow { left: -3px; width: 24px; height: 24px; border: 1px solid ${Look.buttonEdge}; border-radius: 3px; background-color: ${Look.button}; }
+  .spin .back { top: auto; bottom: 50%; }
+  .spin .forward { top: 50%; bottom: auto; }
+  .spin[data-name^="VScroll_"] .arrow { top: calc(50% - 12px); bottom: auto; left: -4px; width: 21px; }
+  .spin[data-name^="VScroll_"] .forward { left: 16px; }
+  .spin[data-name^="VScroll_"] .arrow::after { content: ""; position: absolute; inset: -1px -1px -1px -5px; z-index: 1; }
+  .spin[data-name^="VScroll_"] .forward::after { inset: -1px -4px -1px -1px; }
   .item { height: 38px; line-height: 38px; }
   .item[aria-checked="true"]::before { top: 13px; }
   .item[aria-haspopup]::after { top: 16px; }

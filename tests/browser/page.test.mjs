@@ -401,3 +401,113 @@ describe("a page that is scaled", () => {
     });
   }
 });
+
+describe("a finger", () => {
+  const touched = { width: 700, height: 700, hasTouch: true, isMobile: true };
+  const noTouch = process.env.TABULON_ENGINE === "firefox" && "it has no coarse pointer to try with";
+
+  async function openTouched(parameters, viewport = touched) {
+    page = await browser.open("<p>", { wait: false });
+    const { width, height } = viewport;
+    const url = await withoutOpening(parameters);
+    await page.setViewport(viewport);
+    await page.goto(url);
+    await idle(page);
+    return { width, height };
+  }
+
+  // The address of a page with the control.
+  async function withoutOpening(parameters) {
+    const name = `touched${++sheets}.html`;
+    await browser.write(name, withHead('<meta name="viewport" content="width=device-width">', problem(parameters)));
+    return `${browser.origin}/${name}`;
+  }
+
+  // The size of the field in which a press reaches `part` of a control, by trying every pixel around its middle.
+  const reach = (name, part = "") =>
+    page.evaluate(
+      (control, inner) => {
+        const root = LPctrl1.shadowRoot;
+        const wanted = root.querySelector(`[data-name=${control}] ${inner}`.trim());
+        const { left, top, width, height } = wanted.getBoundingClientRect();
+        const [x, y] = [left + width / 2, top + height / 2];
+        const hits = (dx, dy) => {
+          const hit = root.elementFromPoint(x + dx, y + dy);
+          return hit === wanted || wanted.contains(hit);
+        };
+        const run = (step) => {
+          let far = 0;
+          while (far < 60 && hits(...step(far))) ++far;
+          return far;
+        };
+        const across = run((at) => [at, 0]) + run((at) => [-at, 0]) - 1;
+        return [across, run((at) => [0, at]) + run((at) => [0, -at]) - 1];
+      },
+      name,
+      part,
+    );
+  const expectReach = async (least, ...what) => {
+    const [width, height] = await reach(...what);
+    assert.ok(width >= least && height >= least, `${what.join(" ")}: ${width} by ${height}`);
+  };
+  const tap = async (selector) => {
+    await page.waitForSelector(selector);
+    await page.touchscreen.tap(...(await middleOf(selector)));
+  };
+
+  test("finds 24 pixels each way on the menus' buttons", { skip: noTouch }, async () => {
+    await openTouched(twoProducts);
+    for (const button of ["cmd_Bestand", "cmd_Bewerken", "cmd_Opties", "cmd_Help"]) await expectReach(24, button);
+  });
+
+  for (const [form, items, bars] of [
+    ["a new problem", ["cmd_Bestand", "mnu_Nieuw", "mnu_Nieuw_Big_M"], ["VScroll_NrBeslisVarM", "VScroll_NrBigMM"]],
+    ["sweeping", ["cmd_Bewerken", "mnu_Kolommen_vegen"], ["VScrollKolom", "VScrollRij"]],
+  ])
+    test(`finds 24 pixels each way on the arrows of ${form}, and each does what it shows`, {
+      skip: noTouch,
+    }, async () => {
+      await openTouched(twoProducts);
+      for (const item of items) await tap(control(item));
+      await formIsOpen();
+      for (const bar of bars) for (const arrow of [".back", ".forward"]) await expectReach(24, bar, arrow);
+      const value = () => page.$eval(control(bars[0]), (bar) => Number(bar.ariaValueNow));
+      const before = await value();
+      await tap(`${control(bars[0])} .back`);
+      assert.equal(await value(), before + 1);
+      await tap(`${control(bars[0])} .forward`);
+      assert.equal(await value(), before);
+    });
+
+  test("catches the graph's cross from further off than a mouse", { skip: noTouch }, async () => {
+    await openTouched(twoProducts);
+    await tap(control("cmd_Bewerken"));
+    await tap(control("mnu_optimaliseren"));
+    await formIsOpen();
+    await page.keyboard.press("Enter");
+    await tap(control("cmd_Opties"));
+    await tap(control("mnu_Grafiek"));
+    await until(() => LPctrl1.shadowRoot.querySelector("[data-name=imgCross]")?.checkVisibility());
+    await expectReach(36, "imgCross");
+  });
+
+  for (const height of [700, 200])
+    test(`meets no submenu under it in a window of 320 by ${height}`, { skip: noTouch }, async () => {
+      await openTouched(twoProducts, { ...touched, width: 320, height });
+      await tap(control("cmd_Bestand"));
+      await page.waitForSelector(control("mnu_Nieuw"));
+      const place = await middleOf(control("mnu_Nieuw"));
+      await page.touchscreen.tap(...place);
+      await page.waitForSelector(control("mnu_Nieuw_Big_M"));
+      const under = await page.evaluate(
+        (x, y) => {
+          const hit = LPctrl1.shadowRoot.elementFromPoint(x, y);
+          return hit?.closest("[data-name]")?.dataset.name;
+        },
+        ...place,
+      );
+      assert.equal(under, "mnu_Nieuw");
+      const submenu = await boxOf("tabulon-lpctrl >>> [role=menu]:last-of-type");
+      assert.ok(submenu.x >= 0 && submenu.y >= 0);
+    });
+});
