@@ -19,7 +19,11 @@ const until = (test, ...given) => page.waitForFunction(test, { timeout: 20000 },
 const formIsOpen = () => until(() => LPctrl1.shadowRoot.querySelector("dialog[open]"));
 // In the page's own pixels, also of what stands in its frame `on`.
 async function boxOf(selector, on = page) {
-  const inFrame = await (await on.$(selector)).evaluate((node) => node.getBoundingClientRect().toJSON());
+  const inFrame = await on.evaluate((path) => {
+    const [element, inside] = path.split(" >>> ");
+    const host = document.querySelector(element);
+    return (inside ? host.shadowRoot.querySelector(inside) : host).getBoundingClientRect().toJSON();
+  }, selector);
   const { x, y } =
     on === page ? { x: 0, y: 0 } : await page.$eval("iframe", (frame) => frame.getBoundingClientRect().toJSON());
   return { x: inFrame.x + x, y: inFrame.y + y, width: inFrame.width, height: inFrame.height };
