@@ -67,11 +67,14 @@ describe("parameters", () => {
     );
   });
 
-  for (const parameters of [{ NrBeslisVar: 3 }, { BigM: 9 }, { STR_RL: " 1, 2" }])
-    test(`one without prm is named to the author: ${Object.keys(parameters)}`, async () => {
-      await open(problem(parameters));
-      assert.deepEqual(noise(page), [`Tabulon: ${Object.keys(parameters)} is geen parameter.`]);
-    });
+  test("one without prm is named to the author", async () => {
+    const forgotten = ["NrBeslisVar", "BigM", "STR_RL"];
+    await open(problem(Object.fromEntries(forgotten.map((name) => [name, " 1"]))));
+    assert.deepEqual(
+      noise(page),
+      forgotten.map((name) => `Tabulon: ${name} is geen parameter.`),
+    );
+  });
 
   test("a list may be written over several lines", async () => {
     await open(problem({ prmSTR_RL: " 4,\n 12" }));
@@ -209,13 +212,13 @@ describe("properties", () => {
     assert.deepEqual(noise(page), []);
   });
 
-  for (const nothing of ["null", "undefined"])
-    test(`${nothing} is refused and changes nothing`, async () => {
-      await open(problem({ prmSTR_RL: " 5, 6" }));
-      for (const name of ["prmRL", "prmNrBeslisVar", "prmShow"])
+  test("neither null nor undefined is a value", async () => {
+    await open(problem({ prmSTR_RL: " 5, 6" }));
+    for (const name of ["prmRL", "prmNrBeslisVar", "prmShow"])
+      for (const nothing of ["null", "undefined"])
         assert.deepEqual((await scriptError(`LPctrl1.${name} = ${nothing}`)).slice(0, 2), ["TabulonError", 13]);
-      assert.equal(await text(page, "txtRL", 1), " 5");
-    });
+    assert.equal(await text(page, "txtRL", 1), " 5");
+  });
 
   test("what is set before the control is there is done in its order", async () => {
     await browser.write(

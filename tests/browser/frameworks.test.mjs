@@ -167,10 +167,13 @@ describe("before the control is first shown", () => {
     assert.equal(await text(page, "txtRL", 2), " 8");
   });
 
-  for (const nothing of ["null", "undefined"])
-    test(`${nothing} for a list is error 13 and an empty tableau, and not a text`, async () => {
+  test("neither null nor undefined is an exercise", async () => {
+    for (const nothing of ["null", "undefined"]) {
       await open(`LPctrl1.prmRL = ${nothing};`, `${problem({ prmSTR_DLfunctie: " 1, 1" })}${bundle}${control}`);
       assert.equal(await page.evaluate(() => LPctrl1.ready.catch(({ number }) => number)), 13);
       assert.deepEqual([await text(page, "txtRL", 1), await text(page, "txtRij_F", 1)], [" 0", " 0"]);
-    });
+      await page.close();
+    }
+    page = undefined;
+  });
 });

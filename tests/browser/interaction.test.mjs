@@ -59,7 +59,7 @@ describe("focus", () => {
     assert.equal(await text(page, "txtTableau", 2), " 05");
   });
 
-  test("finds the whole text of a clicked cell selected, also after the page has had it", async () => {
+  test("finds a clicked cell's text selected, also after the page has had it", async () => {
     await open(between);
     await page.click(control("txtTableau", 2));
     await page.keyboard.press("End");
@@ -69,7 +69,7 @@ describe("focus", () => {
     assert.equal(await text(page, "txtTableau", 2), "77");
   });
 
-  test("finds the whole text of a clicked cell selected, also after a second click and Escape", async () => {
+  test("finds a clicked cell's text selected, also after a second click and Escape", async () => {
     await open(between);
     const place = await middleOf(control("txtTableau", 2));
     await page.mouse.click(...place);
