@@ -1,6 +1,7 @@
 // Any bytes as a tableau file, and the operations on whatever model that leaves. What must hold is checked by
 // require(); the first failure stops the run.
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
@@ -58,6 +59,13 @@ void check_finite(const basSafeCtl& model, Shape shape) {
   }
 }
 
+// One item a line, whatever the texts hold.
+void check_lines(const std::string& bytes, Shape shape) {
+  const std::ptrdiff_t lines = 15 + 4 * shape.columns + 2 * shape.rows * (2 * shape.columns + 3);
+  require(std::ranges::count(bytes, '\n') == lines && std::ranges::count(bytes, '\r') == lines);
+  require(!bytes.contains('\0'));
+}
+
 // A written tableau is read, and written again it is the same file.
 void check_written(basSafeCtl& model) {
   MemoryFiles files;
@@ -66,6 +74,7 @@ void check_written(basSafeCtl& model) {
     return;
   }
   const std::string bytes = files.contents["a.tbl"];
+  if (const auto shape = model.shape()) check_lines(bytes, *shape);
   basSafeCtl back;
   const auto done = read(back, files);
   require(done && *done == TableauRead::Read);

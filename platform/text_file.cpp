@@ -22,12 +22,17 @@ char32_t next_character(std::string_view& text) {
   return length == 0 ? 0xFFFD : code;
 }
 
+// What a line cannot hold: letters outside Latin, and what would end the line or the text for who reads it.
+bool fits_a_line(char32_t code) {
+  return code <= 0xFF && code != '\r' && code != '\n' && code != '\0';
+}
+
 std::string to_latin(std::string_view text) {
   std::string latin;
   latin.reserve(text.size() + 2);
   while (!text.empty()) {
     const char32_t code = next_character(text);
-    latin += code <= 0xFF ? static_cast<char>(code) : '?';
+    latin += fits_a_line(code) ? static_cast<char>(code) : '?';
   }
   return latin;
 }

@@ -4,7 +4,8 @@
 //   if (file) return file->write_line("Tabloria op Internet");
 //
 // A write to a file opened for input, and a read from one opened for output, is error 54. Lines end with
-// CR LF. Texts are UTF-8 here and Latin text of 8 bits in the file; a character outside it is written "?".
+// CR LF. Texts are UTF-8 here and Latin text of 8 bits in the file; a character outside it is written "?",
+// and so are CR, LF and NUL, so that a text is one line whatever it holds.
 #pragma once
 
 #include <cstdint>

@@ -39,7 +39,7 @@ class RandomTableaux : public testing::Test {
     return kind == 1 ? random.any_finite() : random.tableau_number();
   }
 
-  // What a line can hold: everything in Latin but line ends, blanks at both ends too.
+  // What a line can hold: everything in Latin but line ends and NUL, blanks at both ends too.
   std::string any_text() {
     static const std::string letters[] = {" ", "0", "1", "9", "-", "+",  "/", "(",      ")",
                                           "p", "i", ".", ",", "E", "\"", "'", "\u00E9", "\u00FF"};
@@ -134,6 +134,27 @@ class RandomTableaux : public testing::Test {
   numbers::RandomNumbers random;
   platform::MemoryFiles files;
 };
+
+TEST_F(RandomTableaux, HoldOneItemALineWhateverTheirTextsHold) {
+  SCOPED_TRACE(random.seed_text());
+  for (int number = 1; number <= numbers::rounds(1'000) && !HasFailure(); ++number) {
+    SCOPED_TRACE("tableau " + std::to_string(number));
+    basSafeCtl model = any_tableau(), back;
+    const auto broken = [&](CellRow& row) {
+      row.write(CellRow::right_hand_side, 0,
+                "\r\n" + any_text() + "\n" + any_text() + std::string("\0\r", 2));
+    };
+    broken(model.current.row_F());
+    broken(model.first.row_F());
+    const std::string bytes = write(model);
+    const Shape shape = model.shape().value_or(Shape{});
+    EXPECT_EQ(std::ranges::count(bytes, '\n'),
+              15 + 4 * shape.columns + 2 * shape.rows * (2 * shape.columns + 3));
+    EXPECT_EQ(std::ranges::count(bytes, '\r'), std::ranges::count(bytes, '\n'));
+    read(back);
+    EXPECT_EQ(write(back), bytes);
+  }
+}
 
 TEST_F(RandomTableaux, AreReadAsTheyWereWritten) {
   SCOPED_TRACE(random.seed_text());

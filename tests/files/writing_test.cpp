@@ -88,6 +88,15 @@ TEST_F(Writing, ATypedTextIsKeptAsItWasTyped) {
   EXPECT_NE(bytes.find("\r\n .75\r\n"), bytes.npos) << bytes;
 }
 
+TEST_F(Writing, ATextWithLineEndsPlantsNoLinesOfItsOwn) {
+  open();
+  model.current.row_F().write(1, 0, "\r\nstart x.exe\r\n");
+  model.first.row(1).write(CellRow::right_hand_side, 0, std::string("4\0\n5", 4));
+  std::string expected = with_line(golden("default-problem.tbl"), 12, "??start x.exe??");
+  expected = with_line(expected, count_lines(expected) - 6, "4??5");
+  EXPECT_EQ(saved(), expected);
+}
+
 TEST_F(Writing, AFileThatIsThereIsReplaced) {
   open();
   contents["a.tbl"] = std::string(100'000, 'x');

@@ -109,6 +109,15 @@ TEST_F(TextFiles, BytesThatAreNoTextAreWrittenAsQuestionMarksAndSwallowNothing) 
   EXPECT_EQ(files.contents["a.tbl"], "a?b?c??\r\n");
 }
 
+TEST_F(TextFiles, ATextIsOneLineWhateverItHolds) {
+  TextFile file = write();
+  ASSERT_TRUE(file.write_line(std::string_view("a\r\nb\nc\rd\0e\t.", 12)));
+  ASSERT_TRUE(file.write_line("\r"));
+  ASSERT_TRUE(file.write_line("\n"));
+  EXPECT_EQ(files.contents["a.tbl"], "a??b?c?d?e\t.\r\n?\r\n?\r\n");
+  EXPECT_EQ(lines(3), (std::vector<std::string>{"a??b?c?d?e\t.", "?", "?"}));
+}
+
 TEST_F(TextFiles, EveryRefusalKeepsItsNumber) {
   for (const ErrorNumber number : {ErrorNumber::BadFileName, ErrorNumber::FileNotFound, ErrorNumber::DiskFull,
                                    ErrorNumber::PermissionDenied, ErrorNumber::PathNotFound}) {
