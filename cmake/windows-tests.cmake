@@ -77,10 +77,14 @@ function(tabulon_windows_tests)
     ${PROJECT_SOURCE_DIR}/tests/scenarios/interpreter.cpp ${PROJECT_SOURCE_DIR}/tests/scenarios/scenario.cpp
     ${PROJECT_SOURCE_DIR}/tests/scenarios/player.cpp)
   file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/scratch/activex)
+  if(EXISTS /dev/full)
+    file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/scratch/activex/devices)
+    file(CREATE_LINK /dev/full ${CMAKE_BINARY_DIR}/scratch/activex/devices/full SYMBOLIC)
+  endif()
   add_executable(activex_tests ${sources})
   target_include_directories(activex_tests PRIVATE ${PROJECT_SOURCE_DIR}/tests/scenarios)
   target_link_libraries(activex_tests PRIVATE
-    tabulon_test_options tabulon_activex tabulon_headless tabulon_googletest)
+    tabulon_test_options tabulon_activex tabulon_headless tabulon_googletest urlmon)
   target_precompile_headers(activex_tests PRIVATE <gtest/gtest.h>)
   set_target_properties(activex_tests PROPERTIES UNITY_BUILD OFF)
   add_dependencies(activex_tests Tabulon)
@@ -89,7 +93,7 @@ function(tabulon_windows_tests)
   # Two at a time, but for those that show windows, which would take the one keyboard from each other, those that
   # use the one clipboard, and those that take the control out of the registry. Where a control is in its place beyond
   # the edge of the screen (InPlace* without InAContainer) it is in nobody's way.
-  set(on_screen "*ScenarioInWindows.*:*InAContainer.*:FileDialogs.*:OnTheClipboard.*")
+  set(on_screen "*InAContainer:*ScenarioInWindows.*:*InAContainer.*:FileDialogs.*:OnTheClipboard.*")
   set(registering "Registration.*")
   tabulon_windows_test_group("${on_screen}" RESOURCE_LOCK screen)
   tabulon_windows_test_group("${registering}" RUN_SERIAL ON)

@@ -19,17 +19,22 @@ constexpr FileDialog open_dialog{FileDialog::Purpose::Open, "Simplex tableau ope
 
 }  // namespace
 
-Result<> FileCommands::SchrijfTableau(std::string_view strFile) {
+// A file gets its number before its name is looked at.
+Result<TextFile> FileCommands::open(std::string_view name, TextFile::Mode mode) {
   platform::FileStore& files = surface_.desk().host().files();
-  TextFile file = TRY(TextFile::open(files, strFile, TextFile::Mode::Output).about(strFile));
+  if (model_.open_files.size() >= files.most_open())
+    return fail(ErrorNumber::TooManyFiles, std::string(name));
+  return TextFile::open(files, name, mode).about(name);
+}
+
+Result<> FileCommands::SchrijfTableau(std::string_view strFile) {
+  TextFile file = TRY(open(strFile, TextFile::Mode::Output));
   return write_tableau(model_, file).about(strFile);
 }
 
 // A file of another kind is no error that is raised: it is noted, and every open file is closed.
 Result<> FileCommands::LeesTableau(std::string_view strFile) {
-  platform::FileStore& files = surface_.desk().host().files();
-  TextFile& opened = model_.open_files.emplace_back(
-      TRY(TextFile::open(files, strFile, TextFile::Mode::Input).about(strFile)));
+  TextFile& opened = model_.open_files.emplace_back(TRY(open(strFile, TextFile::Mode::Input)));
   if (TRY(read_tableau(model_, opened).about(strFile)) == TableauRead::Read) {
     model_.open_files.pop_back();
   } else {

@@ -6,6 +6,7 @@
 #include "control/basSafeCtl.h"
 #include "control/basSafeCtl_views.h"
 #include "platform/surface.h"
+#include "platform/text_file.h"
 
 namespace tabulon {
 
@@ -15,9 +16,10 @@ class FileCommands {
                ProblemView& problem)
       : surface_(surface), model_(model), txtFocus_(txtFocus), problem_(problem) {}
 
-  // Saves the tableau under that name, replacing what is there. Errors 9, 52, 61, 70, 76.
+  // Saves the tableau under that name, replacing what is there. Errors 9, 52, 61, 67, 70, 76.
   Result<> SchrijfTableau(std::string_view strFile);
-  // Error 54 for every file that is there, and nothing is read; 52, 53, 70, 76 for the others.
+  // Error 54 for every file that is there, and nothing is read, and it stays open; 52, 53, 67, 70,
+  // 76 for the others.
   Result<> LeesTableau(std::string_view strFile);
 
   // Whatever goes wrong ends these without a word; cancelling leaves a name that no file can have.
@@ -25,6 +27,8 @@ class FileCommands {
   platform::Task<> mnu_Openen_Click();
 
  private:
+  Result<platform::TextFile> open(std::string_view name, platform::TextFile::Mode mode);
+
   platform::Surface& surface_;
   basSafeCtl& model_;
   platform::Control& txtFocus_;

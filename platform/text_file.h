@@ -8,7 +8,9 @@
 // and so are CR, LF and NUL, so that a text is one line whatever it holds.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -28,6 +30,9 @@ class FileBytes {
   virtual Result<> close() = 0;
 };
 
+// How many files of a disk are open at a time, by the numbers that the control has for them.
+inline constexpr std::size_t file_numbers = 511;
+
 // Where a host keeps files. Names are not empty and hold no "*", "?" or NUL. Refusals are errors 52, 53, 61,
 // 70 and 76.
 class FileStore {
@@ -36,6 +41,8 @@ class FileStore {
   virtual Result<std::unique_ptr<FileBytes>> open_for_input(std::string_view name) = 0;
   // Creates the file, or empties it.
   virtual Result<std::unique_ptr<FileBytes>> open_for_output(std::string_view name) = 0;
+  // A store without a disk has no numbers to run out of.
+  virtual std::size_t most_open() const { return std::numeric_limits<std::size_t>::max(); }
 };
 
 class TextFile {

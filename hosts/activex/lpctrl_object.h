@@ -45,6 +45,7 @@ class LPctrlObject final : public ILPctrl,
                            public IProvideClassInfo2,
                            public ISupportErrorInfo,
                            public IObjectSafety,
+                           public IObjectWithSite,
                            private ViewSite {
  public:
   static HRESULT create(REFIID id, void** out);
@@ -149,7 +150,8 @@ class LPctrlObject final : public ILPctrl,
   STDMETHODIMP GetAdvise(DWORD* aspects, DWORD* flags, IAdviseSink** sink) override;
   STDMETHODIMP GetExtent(DWORD aspect, LONG index, DVTARGETDEVICE* target, SIZEL* size) override;
 
-  // ---- IConnectionPointContainer, IProvideClassInfo2, ISupportErrorInfo, IObjectSafety, lpctrl_object.cpp
+  // ---- IConnectionPointContainer, IProvideClassInfo2, ISupportErrorInfo, IObjectSafety, IObjectWithSite,
+  // lpctrl_object.cpp
   STDMETHODIMP EnumConnectionPoints(IEnumConnectionPoints** out) override;
   STDMETHODIMP FindConnectionPoint(REFIID id, IConnectionPoint** out) override;
   STDMETHODIMP GetClassInfo(ITypeInfo** out) override;
@@ -157,6 +159,8 @@ class LPctrlObject final : public ILPctrl,
   STDMETHODIMP InterfaceSupportsErrorInfo(REFIID id) override;
   STDMETHODIMP GetInterfaceSafetyOptions(REFIID id, DWORD* supported, DWORD* enabled) override;
   STDMETHODIMP SetInterfaceSafetyOptions(REFIID id, DWORD mask, DWORD enabled) override;
+  STDMETHODIMP SetSite(IUnknown* site) override;
+  STDMETHODIMP GetSite(REFIID id, void** out) override;
 
  private:
   LPctrlObject();
@@ -186,6 +190,7 @@ class LPctrlObject final : public ILPctrl,
   Result<> set(DISPID property, const PropertyValue& value);
   Result<> build();
   Result<> show(platform::Task<> form);
+  Result<> admit_file(const std::string& name) const;
   Result<> with_file(const std::string& name, Result<> (LPctrl::*method)(std::string_view));
 
   // ---- lpctrl_persistence.cpp
@@ -222,6 +227,7 @@ class LPctrlObject final : public ILPctrl,
   Events events_;
 
   ComPtr<IOleClientSite> site_;
+  ComPtr<IUnknown> maker_;  // the script engine that has made the control without a place on its page
   ComPtr<IOleInPlaceSite> in_place_site_;  // while active in place
   ComPtr<IOleInPlaceFrame> frame_;
   ComPtr<IOleInPlaceUIWindow> document_;

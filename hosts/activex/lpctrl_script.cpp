@@ -1,7 +1,11 @@
 // The control's properties and methods, and ILPctrl for early-bound callers.
+#include <algorithm>
+
 #include "hosts/activex/errors.h"
+#include "hosts/activex/file_names.h"
 #include "hosts/activex/lpctrl_object.h"
 #include "hosts/activex/members.h"
+#include "hosts/activex/script_origin.h"
 
 namespace tabulon::activex {
 
@@ -15,7 +19,18 @@ Result<> LPctrlObject::build() {
   return run([&] { return control_.InitTableau(); });
 }
 
+// The control says that it is safe for scripts: those of a page that nobody trusts get no say over files, and
+// those of a browser none over other hosts, which would learn who is at the machine.
+Result<> LPctrlObject::admit_file(const std::string& name) const {
+  const ScriptOrigin origin = std::max(origin_of(site_.get()), origin_of(maker_.get()));
+  const bool admitted = origin == ScriptOrigin::Program ||
+                        (origin == ScriptOrigin::TrustedPage && !is_on_another_host(wide(name)));
+  return admitted ? Result<>() : fail(ErrorNumber::PermissionDenied, name);
+}
+
 Result<> LPctrlObject::with_file(const std::string& name, Result<> (LPctrl::*method)(std::string_view)) {
+  const ComPtr<ILPctrl> alive(this);  // whoever is asked for the page may release the control
+  TRY(admit_file(name));
   return run([&] { return (control_.*method)(name); });
 }
 

@@ -6,6 +6,7 @@
 #include <string>
 #include <utility>
 
+#include "hosts/activex/file_names.h"
 #include "hosts/activex/text.h"
 
 namespace tabulon::activex {
@@ -99,7 +100,7 @@ bool is_folder(const std::wstring& name) {
 
 Result<std::unique_ptr<FileBytes>> open(std::string_view name, DWORD access, DWORD creation) {
   const std::wstring path = wide(name);
-  if (is_too_long(path)) return fail(ErrorNumber::BadFileName, std::string(name));
+  if (is_too_long(path) || is_no_file(path)) return fail(ErrorNumber::BadFileName, std::string(name));
   if (is_folder(path)) return fail(ErrorNumber::PermissionDenied, std::string(name));
   const HANDLE file = CreateFileW(path.c_str(), access, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, creation,
                                   FILE_ATTRIBUTE_NORMAL, nullptr);

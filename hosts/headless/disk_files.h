@@ -17,6 +17,7 @@ class DiskFiles : public FileStore {
  public:
   Result<std::unique_ptr<FileBytes>> open_for_input(std::string_view name) override;
   Result<std::unique_ptr<FileBytes>> open_for_output(std::string_view name) override;
+  std::size_t most_open() const override { return file_numbers; }
 };
 
 }  // namespace tabulon::platform

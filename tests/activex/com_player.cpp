@@ -319,14 +319,16 @@ void ComPlayer::dump(const std::string& label) {
     const std::string seen = eyes().state();
     if (seen != wanted->second) throw Failure{"dump " + label + difference(wanted->second, seen)};
   };
-  std::optional<Failure> failure;
+  const auto save_picture = [&] {
+    if (!options_.pictures.empty()) save_picture_of(container_.frame(), options_.pictures + label + ".bmp");
+  };
   try {
     eventually(compare);
-  } catch (const Failure& found) {
-    failure = found;
+  } catch (const Failure&) {
+    save_picture();
+    throw;
   }
-  if (!options_.pictures.empty()) save_picture_of(container_.frame(), options_.pictures + label + ".bmp");
-  if (failure) throw *failure;
+  save_picture();
 }
 
 // ---- Files

@@ -88,22 +88,29 @@ void register_class(const wchar_t* name, WNDPROC procedure) {
   RegisterClassW(&window_class);
 }
 
-}  // namespace
-
-Container::Container(const Options& options) : options_(options) {
-  OleInitialize(nullptr);
+HWND create_frame() {
   register_class(frame_class, frame_procedure);
   register_class(place_class, DefWindowProcW);
   RECT bounds{0, 0, scaled(frame_size.cx), scaled(frame_size.cy)};
   AdjustWindowRect(&bounds, WS_OVERLAPPEDWINDOW, false);
-  frame_ = CreateWindowExW(0, frame_class, L"Container", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, 60, 60,
-                           bounds.right - bounds.left, bounds.bottom - bounds.top, nullptr, nullptr, nullptr,
-                           nullptr);
-  place_ =
-      CreateWindowExW(0, place_class, nullptr, WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, 0, 0,
-                      scaled(control_size.cx), scaled(control_size.cy), frame_, nullptr, nullptr, nullptr);
-  own_box_ = CreateWindowExW(0, L"EDIT", nullptr, WS_CHILD | WS_VISIBLE | WS_BORDER, scaled(20), scaled(340),
-                             scaled(200), scaled(24), frame_, nullptr, nullptr, nullptr);
+  return CreateWindowExW(0, frame_class, L"Container", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, 60, 60,
+                         bounds.right - bounds.left, bounds.bottom - bounds.top, nullptr, nullptr, nullptr,
+                         nullptr);
+}
+
+HWND create_child(HWND frame, const wchar_t* window_class, DWORD style, POINT at, SIZE size) {
+  return CreateWindowExW(0, window_class, nullptr, WS_CHILD | WS_VISIBLE | style, scaled(at.x), scaled(at.y),
+                         scaled(size.cx), scaled(size.cy), frame, nullptr, nullptr, nullptr);
+}
+
+}  // namespace
+
+Container::Container(const Options& options)
+    : options_(options),
+      frame_(create_frame()),
+      place_(create_child(frame_, place_class, WS_CLIPCHILDREN, {0, 0}, control_size)),
+      own_box_(create_child(frame_, L"EDIT", WS_BORDER, {20, 340}, {200, 24})) {
+  OleInitialize(nullptr);
   ShowWindow(frame_, SW_SHOW);
   SetForegroundWindow(frame_);
 }

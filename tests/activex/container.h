@@ -67,7 +67,7 @@ class Container {
 
   Options options_;
   WindowThread thread_;
-  HWND frame_ = nullptr, place_ = nullptr, own_box_ = nullptr;
+  HWND frame_, place_, own_box_;
   Microsoft::WRL::ComPtr<IUnknown> control_;
 };
 

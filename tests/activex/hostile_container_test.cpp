@@ -192,7 +192,7 @@ TEST_F(InPlaceHostileInAContainer, DoesNoHarmAndLeavesNothingBehind) {
   const Resources after = resources_now();
   EXPECT_LE(after.windows, before.windows);
   EXPECT_LE(after.drawing_object, before.drawing_object + 100);
-  EXPECT_LE(after.bytes, before.bytes + 4 * 1024 * 1024);
+  EXPECT_LE(after.bytes, before.bytes + 4'000'000);
 }
 
 }  // namespace

@@ -4,13 +4,16 @@
 // Suites that need the keyboard, or a window in front of others, have names that end in InAContainer. All
 // others use windows beyond the edge of the screen.
 #include <algorithm>
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <ostream>
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "hosts/activex/bitmap.h"
 #include "hosts/activex/names.h"
 #include "tests/activex/com.h"
 #include "tests/activex/in_place.h"
@@ -741,25 +744,10 @@ TEST_F(InPlaceFormsInAContainer, AreBalancedWhenTheControlGoesOutOfItsPlaceMeanw
 class InPlacePicture : public InPlace {
  protected:
   InPlacePicture() {
-    BITMAPINFO info{};
-    info.bmiHeader.biSize = sizeof info.bmiHeader;
-    info.bmiHeader.biWidth = paper.cx;
-    info.bmiHeader.biHeight = -paper.cy;
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = 32;
-    void* pixels = nullptr;
-    bitmap_ = CreateDIBSection(dc_, &info, DIB_RGB_COLORS, &pixels, nullptr, 0);
-    pixels_ = static_cast<const DWORD*>(pixels);
-    before_ = SelectObject(dc_, bitmap_);
     const RECT all{0, 0, paper.cx, paper.cy};
     HBRUSH const brush = CreateSolidBrush(RGB(255, 0, 255));
     FillRect(dc_, &all, brush);
     DeleteObject(brush);
-  }
-  ~InPlacePicture() override {
-    SelectObject(dc_, before_);
-    DeleteObject(bitmap_);
-    DeleteDC(dc_);
   }
 
   HRESULT draw(RECTL box) {
@@ -774,12 +762,12 @@ class InPlacePicture : public InPlace {
             std::max(corners[0].x, corners[1].x), std::max(corners[0].y, corners[1].y)};
   }
   void expect_drawn(const RECT& wanted) {
-    GdiFlush();
+    const std::span<const std::uint32_t> pixels = bitmap_.pixels();
     RECT drawn{paper.cx, paper.cy, 0, 0};
     LONG count = 0;
     for (LONG y = 0; y < paper.cy; ++y)
       for (LONG x = 0; x < paper.cx; ++x) {
-        if ((pixels_[y * paper.cx + x] & 0xFFFFFF) == 0xFF00FF) continue;
+        if ((pixels[static_cast<std::size_t>(y * paper.cx + x)] & 0xFFFFFF) == 0xFF00FF) continue;
         drawn = {std::min(drawn.left, x), std::min(drawn.top, y), std::max(drawn.right, x + 1),
                  std::max(drawn.bottom, y + 1)};
         ++count;
@@ -789,12 +777,8 @@ class InPlacePicture : public InPlace {
   }
 
   static constexpr SIZE paper{1400, 700};
-  HDC dc_ = CreateCompatibleDC(nullptr);
-
- private:
-  HBITMAP bitmap_ = nullptr;
-  HGDIOBJ before_ = nullptr;
-  const DWORD* pixels_ = nullptr;
+  const activex::MemoryBitmap bitmap_{paper};
+  const HDC dc_ = bitmap_.dc();
 };
 
 TEST_F(InPlacePicture, FillsItsBoxInUnitsOfTwoPixels) {

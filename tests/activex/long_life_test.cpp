@@ -38,7 +38,7 @@ TEST_F(LongLife, NothingIsLeftOfTenThousandControls) {
   EXPECT_LE(after.drawing_object, before.drawing_object + 100);
   EXPECT_LE(after.windows, before.windows);
   EXPECT_LE(after.handle, before.handle + 400);
-  EXPECT_LE(after.bytes, before.bytes + 2 * 1024 * 1024);
+  EXPECT_LE(after.bytes, before.bytes + 2'000'000);
 }
 
 }  // namespace

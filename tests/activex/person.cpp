@@ -95,9 +95,9 @@ constexpr ModifierKey modifier_keys[] = {
 
 }  // namespace
 
-Person::Person(const WindowThread& windows) {
+Person::Person(const WindowThread& windows)
+    : hook_(SetWindowsHookExW(WH_GETMESSAGE, see_message, nullptr, windows.id())) {
   marker_seen = CreateEventW(nullptr, false, false, nullptr);
-  hook_ = SetWindowsHookExW(WH_GETMESSAGE, see_message, nullptr, windows.id());
   // Two clicks at the same place are two clicks, however fast the test runs.
   SetDoubleClickTime(1);
 }

@@ -202,10 +202,10 @@ class ScriptObject final : public DispatchDouble {
   const wchar_t* text_;
 };
 
-_variant_t array_of(const std::vector<_variant_t>& items) {
+_variant_t array_of(std::vector<_variant_t> items) {
   SAFEARRAY* const array = SafeArrayCreateVector(VT_VARIANT, 0, static_cast<ULONG>(items.size()));
   for (LONG at = 0; at < static_cast<LONG>(items.size()); ++at)
-    SafeArrayPutElement(array, &at, const_cast<_variant_t*>(&items[static_cast<std::size_t>(at)]));
+    SafeArrayPutElement(array, &at, &items[static_cast<std::size_t>(at)]);
   _variant_t value;
   value.vt = VT_ARRAY | VT_VARIANT;
   value.parray = array;
@@ -235,9 +235,8 @@ TEST_F(ScriptList, MayBeAnArrayOfOneType) {
   _variant_t numbers;
   numbers.vt = VT_ARRAY | VT_I2;
   numbers.parray = SafeArrayCreateVector(VT_I2, 1, 2);
-  const short items[] = {4, -9};
-  for (LONG at = 1; at <= 2; ++at)
-    SafeArrayPutElement(numbers.parray, &at, const_cast<short*>(&items[at - 1]));
+  short items[] = {4, -9};
+  for (LONG at = 1; at <= 2; ++at) SafeArrayPutElement(numbers.parray, &at, &items[at - 1]);
   expect_row(numbers, "4", "-9");
 }
 

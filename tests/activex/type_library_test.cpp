@@ -28,7 +28,7 @@ class TypeLibrary : public ComTest {
   static std::wstring name_of(ITypeInfo* type, MEMBERID id) {
     _bstr_t name;
     EXPECT_EQ(code(type->GetDocumentation(id, name.GetAddress(), nullptr, nullptr, nullptr)), code(S_OK));
-    return std::wstring(name);
+    return {static_cast<const wchar_t*>(name)};
   }
   static std::vector<Member> members(ITypeInfo* type) {
     std::vector<Member> found;

@@ -5,6 +5,7 @@
 #include <set>
 #include <vector>
 
+#include "hosts/activex/bitmap.h"
 #include "tests/activex/bags.h"
 #include "tests/activex/com.h"
 
@@ -17,30 +18,15 @@ constexpr COLORREF untouched = RGB(255, 0, 255);
 // A bitmap filled with a colour that the control does not use.
 class Paper {
  public:
-  Paper(LONG wide, LONG high) : size_{wide, high} {
-    BITMAPINFO info{};
-    info.bmiHeader.biSize = sizeof info.bmiHeader;
-    info.bmiHeader.biWidth = wide;
-    info.bmiHeader.biHeight = -high;
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = 32;
-    bitmap_ = CreateDIBSection(dc_, &info, DIB_RGB_COLORS, nullptr, nullptr, 0);
-    before_ = SelectObject(dc_, bitmap_);
+  Paper(LONG wide, LONG high) : bitmap_({wide, high}) {
     const HBRUSH brush = CreateSolidBrush(untouched);
     const RECT all{0, 0, wide, high};
-    FillRect(dc_, &all, brush);
+    FillRect(dc(), &all, brush);
     DeleteObject(brush);
   }
-  Paper(const Paper&) = delete;
-  Paper& operator=(const Paper&) = delete;
-  ~Paper() {
-    SelectObject(dc_, before_);
-    DeleteObject(bitmap_);
-    DeleteDC(dc_);
-  }
 
-  HDC dc() const { return dc_; }
-  COLORREF at(LONG x, LONG y) const { return GetPixel(dc_, x, y); }
+  HDC dc() const { return bitmap_.dc(); }
+  COLORREF at(LONG x, LONG y) const { return GetPixel(dc(), x, y); }
   // How many colours there are in a part of it.
   std::size_t colours(const RECT& part) const {
     std::set<COLORREF> found;
@@ -55,18 +41,10 @@ class Paper {
       for (LONG x = part.left; x < part.right; ++x) count += at(x, y) != untouched;
     return count;
   }
-  std::vector<COLORREF> pixels() const {
-    std::vector<COLORREF> all;
-    for (LONG y = 0; y < size_.cy; ++y)
-      for (LONG x = 0; x < size_.cx; ++x) all.push_back(at(x, y));
-    return all;
-  }
+  std::vector<std::uint32_t> pixels() const { return {bitmap_.pixels().begin(), bitmap_.pixels().end()}; }
 
  private:
-  SIZE size_;
-  HDC dc_ = CreateCompatibleDC(nullptr);
-  HBITMAP bitmap_ = nullptr;
-  HGDIOBJ before_ = nullptr;
+  activex::MemoryBitmap bitmap_;
 };
 
 class View : public ComTest {

@@ -93,6 +93,16 @@ TEST_F(OnDisk, OpeningIsError54AndTheFileStaysOpen) {
   if (fs::exists("/proc/self/fd")) EXPECT_EQ(open_by_this_process(), 1);
 }
 
+TEST_F(OnDisk, LeftOpenAre511FilesAtMost) {
+  const std::string name = put("a.tbl", "");
+  for (int number = 1; number <= 511; ++number) ASSERT_EQ(error_of_opening(name), 54) << number;
+  EXPECT_EQ(error_of_opening(name), 67);
+  EXPECT_EQ(error_of_opening("*"), 67);
+  EXPECT_EQ(error_of_saving(in_folder("b.tbl")), 67);
+  EXPECT_FALSE(fs::exists(folder / "b.tbl"));
+  expect_silence(name);
+}
+
 TEST_F(OnDisk, AFullDiskIsError61) {
   if (!fs::exists("/dev/full")) GTEST_SKIP() << "this machine has no device that is always full";
   EXPECT_EQ(error_of_saving("/dev/full"), 61);
