@@ -35,6 +35,11 @@ target_compile_options(tabulon_options INTERFACE
   -fno-rtti
   "SHELL:-Xclang -fno-pch-timestamp")
 
+# What 32-bit programs compute with otherwise has more digits than a Double, or fewer, as the program around it says.
+if(CMAKE_SIZEOF_VOID_P EQUAL 4 AND NOT TABULON_WEB)
+  target_compile_options(tabulon_options INTERFACE -msse2 -mfpmath=sse)
+endif()
+
 if(TABULON_SANITIZE)
   target_compile_options(tabulon_options INTERFACE
     -fsanitize=address,undefined,fuzzer-no-link -fno-sanitize-recover=all)

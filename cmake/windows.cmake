@@ -73,19 +73,7 @@ function(tabulon_ocx_for_32_bit)
   add_dependencies(tabulon_x86 Tabulon)
 endfunction()
 
-# The rooms are compiled several files at a time, which takes a quarter of the time. These have names of their
-# own that others have too, and are compiled alone.
-function(tabulon_compile_alone)
-  file(GLOB forms ${PROJECT_SOURCE_DIR}/simplex/frm*.cpp ${PROJECT_SOURCE_DIR}/simplex/*_form.cpp
-    ${PROJECT_SOURCE_DIR}/simplex/*_dialog.cpp ${PROJECT_SOURCE_DIR}/*/*_layout.cpp)
-  list(TRANSFORM ARGN PREPEND ${PROJECT_SOURCE_DIR}/)
-  set_source_files_properties(${forms} ${ARGN} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
-endfunction()
-
 function(tabulon_windows)
-  tabulon_compile_alone(
-    numbers/display.cpp numbers/expression_scanner.cpp files/tableau_file.cpp
-    shell/keyboard.cpp shell/menu_bar.cpp shell/resting_focus.cpp)
   file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/hosts/activex/*.cpp)
   tabulon_type_library(idl_folder)
   add_library(tabulon_activex OBJECT ${sources})

@@ -6,25 +6,29 @@
 #
 # The Windows is Wine's in build/wine (another folder: WINEPREFIX), made at the first use. It has a screen of its
 # own, a desktop on it so that windows get the keyboard without a window manager, and Tabulon.ocx registered where
-# it has been built.
+# it has been built. Beside it stands a second one, with its own screen, keyboard, clipboard and registry: what runs
+# under tools/free-wine.sh takes the one that is free. TABULON_WINDOWS=1 makes do with the first.
 set -uo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 (($#)) || { echo "usage: tools/in-wine.sh <command> [<argument>...]" >&2; exit 2; }
 
-# Of somebody's own Windows nothing is ended but what was started here.
+# Of somebody's own Windows nothing is ended but what was started here, and there is no second one.
 [[ -z ${WINEPREFIX:-} ]] && own=1 || own=
-export WINEPREFIX=${WINEPREFIX:-$root/build/wine}
+first=${WINEPREFIX:-$root/build/wine}
 export WINEARCH=win64 WINEDEBUG=${WINEDEBUG:--all}
 # What Wine would ask to download at the first use.
 export WINEDLLOVERRIDES="mscoree=d;mshtml=d"
 
 screen=1280x1024
 ocx=$root/dist/activex/x64/Tabulon.ocx
-xvfb=
+prefixes=("$first")
+[[ -z $own || ${TABULON_WINDOWS:-2} == 1 ]] || prefixes+=("$first-2")
+screens=()
 
 end() {
-  [[ -z $own ]] || wineserver -k 2>/dev/null
-  [[ -z $xvfb ]] || { kill "$xvfb" && wait "$xvfb"; } 2>/dev/null
+  local prefix
+  for prefix in "${prefixes[@]}"; do [[ -z $own ]] || WINEPREFIX=$prefix wineserver -k 2>/dev/null; done
+  ((${#screens[@]} == 0)) || { kill "${screens[@]}" && wait "${screens[@]}"; } 2>/dev/null
 }
 trap end EXIT
 trap 'exit 130' INT TERM
@@ -34,7 +38,7 @@ start_screen() {
   local fifo
   fifo=$(mktemp -u) && mkfifo "$fifo" || return
   Xvfb -displayfd 3 -screen 0 "${screen}x24" -nolisten tcp -noreset 3>"$fifo" 9>&- 2>/dev/null &
-  xvfb=$!
+  screens+=($!)
   read -r -t 20 DISPLAY <"$fifo"
   rm -f "$fifo"
   [[ -n ${DISPLAY:-} ]] && export DISPLAY=:$DISPLAY
@@ -42,29 +46,49 @@ start_screen() {
 
 set_key() { wine reg add "$1" /v "$2" /d "$3" /f; }
 
+# Making one takes half a minute, and copying it a second. It is marked when it is whole.
 make_prefix() {
-  local made=$WINEPREFIX/.made
-  [[ -e $made ]] && return
+  [[ -e $WINEPREFIX/.made ]] && return
+  if [[ $WINEPREFIX != "$first" ]]; then
+    rm -rf "$WINEPREFIX" && cp -a --reflink=auto "$first" "$WINEPREFIX"
+    return
+  fi
   timeout 180 wine wineboot --init &&
     set_key 'HKCU\Software\Wine\Explorer' Desktop Default &&
     set_key 'HKCU\Software\Wine\Explorer\Desktops' Default "$screen" &&
     # A program that breaks ends, and shows no dialog that nobody answers.
     wine reg add 'HKCU\Software\Wine\WineDbg' /v ShowCrashDialog /t REG_DWORD /d 0 /f &&
     wineserver -w &&
-    touch "$made"
+    touch "$WINEPREFIX/.made"
 }
 
-# One at a time: there is one keyboard, and the end of one is the end of all its programs. Those do not inherit the
-# lock, which some of them would keep.
-mkdir -p "$WINEPREFIX"
-exec 9>"$WINEPREFIX/.lock"
+# A program that waits for nothing: the system's own programs, which a test would wait for, stay as long as it does.
+keep_running() {
+  local fifo
+  fifo=$(mktemp -u) && mkfifo "$fifo" && exec {silence}<>"$fifo" && rm -f "$fifo"
+  wine cmd <&"$silence" 9>&- >/dev/null 2>&1 &
+}
+
+# Makes the Windows of the prefix ready, and adds it to those that free-wine.sh finds.
+open_windows() {
+  export WINEPREFIX=$1
+  local log
+  start_screen || { echo "Xvfb does not start" >&2; return 1; }
+  log=$(make_prefix 2>&1 9>&-) || { printf '%s\n' "$log" "Wine cannot make $WINEPREFIX" >&2; return 1; }
+  TABULON_FREE_WINE+="$DISPLAY $WINEPREFIX"$'\n'
+  # Kept for all programs that the command runs, instead of one for each.
+  [[ -z $own ]] || wineserver -p 9>&-
+  keep_running
+  [[ ! -e $ocx ]] || timeout 60 wine regsvr32 /s "$ocx" 9>&- ||
+    { echo "Tabulon.ocx cannot be registered" >&2; return 1; }
+}
+
+# One command at a time: the end of one is the end of all its programs. Those do not inherit the lock, which some of them
+# would keep.
+mkdir -p "$first"
+exec 9>"$first/.lock"
 flock 9
 
-start_screen || { echo "Xvfb does not start" >&2; exit 1; }
-log=$(make_prefix 2>&1 9>&-) || { printf '%s\n' "$log" "Wine cannot make $WINEPREFIX" >&2; exit 1; }
-# Kept for all programs that the command runs, instead of one for each.
-[[ -z $own ]] || wineserver -p 9>&-
-if [[ -e $ocx ]]; then
-  timeout 60 wine regsvr32 /s "$ocx" 9>&- || { echo "Tabulon.ocx cannot be registered" >&2; exit 1; }
-fi
+export TABULON_FREE_WINE=
+for prefix in "${prefixes[@]}"; do open_windows "$prefix" || exit; done
 "$@" 9>&-

@@ -13,6 +13,8 @@
 #include <utility>
 #include <vector>
 
+#include "hosts/activex/own_arithmetic.h"
+
 namespace tabulon::activex {
 
 class Dispatcher {
@@ -25,6 +27,7 @@ class Dispatcher {
   template <class Event>
   auto handle(Event event) {
     const Handling handling(*this);
+    const OwnArithmetic arithmetic;
     return event();
   }
   // Runs the action as soon as no event is being handled.

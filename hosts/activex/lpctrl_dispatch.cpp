@@ -85,6 +85,7 @@ Result<> LPctrlObject::set(DISPID property, VARIANT& given) {
 }
 
 Result<> LPctrlObject::display_text(VARIANT* kind, VARIANT* number, VARIANT* answer) {
+  const OwnArithmetic arithmetic;
   const auto kind_number = number_of(*kind);
   const auto value = number_of(*number);
   if (!kind_number || !value) return fail(ErrorNumber::TypeMismatch);

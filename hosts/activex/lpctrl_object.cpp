@@ -97,7 +97,6 @@ STDMETHODIMP LPctrlObject::QueryInterface(REFIID id, void** out) {
       {&IID_IProvideClassInfo2, class_info},
       {&IID_ISupportErrorInfo, static_cast<ISupportErrorInfo*>(this)},
       {&IID_IObjectSafety, static_cast<IObjectSafety*>(this)},
-      {&IID_IObjectWithSite, static_cast<IObjectWithSite*>(this)},
   };
   return answer_query(offered, id, out);
 }
@@ -160,20 +159,10 @@ STDMETHODIMP LPctrlObject::GetInterfaceSafetyOptions(REFIID id, DWORD* supported
 }
 
 STDMETHODIMP LPctrlObject::SetInterfaceSafetyOptions(REFIID id, DWORD mask, DWORD enabled) {
-  return result_of(set_safety_options(library().model, registry_text(address_of(id)), mask, enabled));
-}
-
-// ---- IObjectWithSite: how a script engine tells a control that it makes which page it works for
-
-STDMETHODIMP LPctrlObject::SetSite(IUnknown* site) {
-  maker_ = ComPtr<IUnknown>(site);
-  return S_OK;
-}
-
-STDMETHODIMP LPctrlObject::GetSite(REFIID id, void** out) {
-  if (!out) return E_POINTER;
-  *out = nullptr;
-  return maker_ ? maker_->QueryInterface(id, out) : E_FAIL;
+  const IID* const about = address_of(id);
+  const HRESULT answer = result_of(set_safety_options(library().model, registry_text(about), mask, enabled));
+  if (about && *about == IID_IDispatch && SUCCEEDED(answer)) asked_to_be_safe_ = true;
+  return answer;
 }
 
 }  // namespace tabulon::activex

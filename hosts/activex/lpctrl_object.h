@@ -45,7 +45,6 @@ class LPctrlObject final : public ILPctrl,
                            public IProvideClassInfo2,
                            public ISupportErrorInfo,
                            public IObjectSafety,
-                           public IObjectWithSite,
                            private ViewSite {
  public:
   static HRESULT create(REFIID id, void** out);
@@ -150,8 +149,7 @@ class LPctrlObject final : public ILPctrl,
   STDMETHODIMP GetAdvise(DWORD* aspects, DWORD* flags, IAdviseSink** sink) override;
   STDMETHODIMP GetExtent(DWORD aspect, LONG index, DVTARGETDEVICE* target, SIZEL* size) override;
 
-  // ---- IConnectionPointContainer, IProvideClassInfo2, ISupportErrorInfo, IObjectSafety, IObjectWithSite,
-  // lpctrl_object.cpp
+  // ---- IConnectionPointContainer, IProvideClassInfo2, ISupportErrorInfo, IObjectSafety, lpctrl_object.cpp
   STDMETHODIMP EnumConnectionPoints(IEnumConnectionPoints** out) override;
   STDMETHODIMP FindConnectionPoint(REFIID id, IConnectionPoint** out) override;
   STDMETHODIMP GetClassInfo(ITypeInfo** out) override;
@@ -159,8 +157,6 @@ class LPctrlObject final : public ILPctrl,
   STDMETHODIMP InterfaceSupportsErrorInfo(REFIID id) override;
   STDMETHODIMP GetInterfaceSafetyOptions(REFIID id, DWORD* supported, DWORD* enabled) override;
   STDMETHODIMP SetInterfaceSafetyOptions(REFIID id, DWORD mask, DWORD enabled) override;
-  STDMETHODIMP SetSite(IUnknown* site) override;
-  STDMETHODIMP GetSite(REFIID id, void** out) override;
 
  private:
   LPctrlObject();
@@ -227,7 +223,6 @@ class LPctrlObject final : public ILPctrl,
   Events events_;
 
   ComPtr<IOleClientSite> site_;
-  ComPtr<IUnknown> maker_;  // the script engine that has made the control without a place on its page
   ComPtr<IOleInPlaceSite> in_place_site_;  // while active in place
   ComPtr<IOleInPlaceFrame> frame_;
   ComPtr<IOleInPlaceUIWindow> document_;
@@ -235,6 +230,7 @@ class LPctrlObject final : public ILPctrl,
   ComPtr<IOleAdviseHolder> advised_;
   ComPtr<ITypeInfo> own_type_;
   ComPtr<IAdviseSink> picture_sink_;
+  bool asked_to_be_safe_ = false;  // for the scripts of others, as browsers ask
   DWORD picture_aspects_ = 0, picture_flags_ = 0;
   HACCEL accelerators_ = nullptr;
   InPlace place_;

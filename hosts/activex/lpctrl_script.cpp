@@ -1,6 +1,4 @@
 // The control's properties and methods, and ILPctrl for early-bound callers.
-#include <algorithm>
-
 #include "hosts/activex/errors.h"
 #include "hosts/activex/file_names.h"
 #include "hosts/activex/lpctrl_object.h"
@@ -20,10 +18,11 @@ Result<> LPctrlObject::build() {
 }
 
 // The control says that it is safe for scripts: those of a page that nobody trusts get no say over files, and
-// those of a browser none over other hosts, which would learn who is at the machine.
+// those of a browser none over other hosts, which would learn who is at the machine. A page's script may make
+// a control that has no site to ask; a browser asks such a one to be safe.
 Result<> LPctrlObject::admit_file(const std::string& name) const {
-  const ScriptOrigin origin = std::max(origin_of(site_.get()), origin_of(maker_.get()));
-  const bool admitted = origin == ScriptOrigin::Program ||
+  const ScriptOrigin origin = origin_of(site_.get());
+  const bool admitted = (origin == ScriptOrigin::Program && !asked_to_be_safe_) ||
                         (origin == ScriptOrigin::TrustedPage && !is_on_another_host(wide(name)));
   return admitted ? Result<>() : fail(ErrorNumber::PermissionDenied, name);
 }
@@ -84,6 +83,7 @@ STDMETHODIMP LPctrlObject::InitTableau() {
 
 STDMETHODIMP LPctrlObject::strSoortGetal(VARIANT_BOOL Soort, double* Getal, BSTR* text) {
   if (!Getal || !text) return E_POINTER;
+  const OwnArithmetic arithmetic;
   *text = new_text(control_.strSoortGetal(Soort, *Getal));
   return S_OK;
 }

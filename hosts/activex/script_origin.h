@@ -13,7 +13,6 @@
 
 namespace tabulon::activex {
 
-// From the most trusted to the least: a later one decides where a control has two sites.
 enum class ScriptOrigin : std::uint8_t {
   Program,      // no browser is there
   TrustedPage,  // of this machine, the intranet or the trusted sites

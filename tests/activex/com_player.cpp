@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "hosts/activex/text.h"
+#include "patience.h"
 #include "screen_picture.h"
 
 namespace tabulon::activex {
@@ -18,9 +19,6 @@ using namespace scenarios;
 using std::chrono::steady_clock;
 
 namespace {
-
-// How long what must be seen is waited for.
-constexpr auto patience = std::chrono::seconds(4);
 
 POINT middle_of(const RECT& box) {
   return {(box.left + box.right) / 2, (box.top + box.bottom) / 2};
@@ -75,14 +73,12 @@ struct Track {
   }
 };
 
-constexpr UINT message_patience = 2000;  // milliseconds
-
 Track track_of(const Seen& bar) {
   SCROLLBARINFO parts{};
   parts.cbSize = sizeof parts;
   DWORD_PTR answer = 0;
   SendMessageTimeoutW(bar.window, SBM_GETSCROLLBARINFO, 0, reinterpret_cast<LPARAM>(&parts), SMTO_NORMAL,
-                      message_patience, &answer);
+                      patience_in_milliseconds, &answer);
   SCROLLINFO info{};
   info.cbSize = sizeof info;
   info.fMask = SIF_RANGE | SIF_PAGE;
@@ -207,8 +203,7 @@ void ComPlayer::parameter(const std::string& name, const std::string& text) {
 
 void ComPlayer::show() {
   HRESULT answer = E_PENDING;
-  const bool done =
-      container_.thread().run([&] { answer = container_.show(parameters_); }, std::chrono::seconds(60));
+  const bool done = container_.thread().run([&] { answer = container_.show(parameters_); });
   if (!done) std::abort();  // the other thread still writes in this frame
   note(answer);
   expect(container_.surface(), "the control has no window");

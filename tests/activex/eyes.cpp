@@ -14,6 +14,7 @@
 #include "hosts/activex/names.h"
 #include "hosts/activex/text.h"
 #include "platform/captions.h"
+#include "tests/activex/patience.h"
 #include "tests/activex/screen.h"
 
 namespace tabulon::activex {
@@ -27,11 +28,9 @@ constexpr UINT menu_handle_message = 0x1E1;  // MN_GETHMENU
 
 // ---- Asking windows
 
-constexpr UINT patience = 2000;  // milliseconds
-
 LRESULT ask(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
   DWORD_PTR answer = 0;
-  return SendMessageTimeoutW(window, message, wparam, lparam, SMTO_NORMAL, patience, &answer)
+  return SendMessageTimeoutW(window, message, wparam, lparam, SMTO_NORMAL, patience_in_milliseconds, &answer)
              ? static_cast<LRESULT>(answer)
              : 0;
 }

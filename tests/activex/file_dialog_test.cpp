@@ -9,6 +9,7 @@
 #include <string>
 
 #include "hosts/activex/text.h"
+#include "tests/activex/patience.h"
 
 namespace tabulon::activex {
 namespace {
@@ -43,18 +44,20 @@ struct DialogUser {
   bool read_only_box = true;
   HWND owner_of_dialog = nullptr;
   int looked = 0;
+  ULONGLONG answered = 0;
 
   void look() {
-    constexpr int patience = 500;
     const HWND dialog = shown_dialog();
     if (!dialog) return;
     if (looked++ == 0) answer(dialog);
     // No test here expects a further question from the dialog.
-    if (looked > patience) PostMessageW(GetLastActivePopup(dialog), WM_COMMAND, IDCANCEL, 0);
+    if (GetTickCount64() - answered > patience_in_milliseconds)
+      PostMessageW(GetLastActivePopup(dialog), WM_COMMAND, IDCANCEL, 0);
   }
 
  private:
   void answer(HWND dialog) {
+    answered = GetTickCount64();
     wchar_t text[100] = L"";
     SendMessageW(name_box(dialog), WM_GETTEXT, 100, reinterpret_cast<LPARAM>(text));
     offered = narrow(text);

@@ -29,7 +29,6 @@ const Promised promised[] = {
     {"IProvideClassInfo2", IID_IProvideClassInfo2},
     {"ISupportErrorInfo", IID_ISupportErrorInfo},
     {"IObjectSafety", IID_IObjectSafety},
-    {"IObjectWithSite", IID_IObjectWithSite},
 };
 
 ComPtr<IUnknown> ask(IUnknown* object, const IID& id) {

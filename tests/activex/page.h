@@ -115,7 +115,6 @@ class Page final : public IOleClientSite, public IServiceProvider {
   Page& operator=(const Page&) = delete;
 
   ULONG references = 1;
-  bool is_client_site = true;
   bool offers_page_manager = false, offers_address_manager = false, offers_browser = false;
   PageManager page_manager;
   AddressManager address_manager;
@@ -154,7 +153,7 @@ class Page final : public IOleClientSite, public IServiceProvider {
     *answer = nullptr;
     if (id == IID_IServiceProvider)
       *answer = static_cast<IServiceProvider*>(this);
-    else if (id == IID_IUnknown || (is_client_site && id == IID_IOleClientSite))
+    else if (id == IID_IUnknown || id == IID_IOleClientSite)
       *answer = static_cast<IOleClientSite*>(this);
     if (!*answer) return E_NOINTERFACE;
     AddRef();

@@ -5,6 +5,8 @@
 #include <utility>
 #include <vector>
 
+#include "patience.h"
+
 namespace tabulon::activex {
 
 namespace {
@@ -149,12 +151,12 @@ void Person::button_up(POINT at) {
   send_mouse(at, {MOUSEEVENTF_LEFTUP});
 }
 
-bool Person::wait_until_idle(std::chrono::milliseconds patience) {
+bool Person::wait_until_idle() {
   // The second round is for painting that the first has caused.
   for (int round = 0; round < 2; ++round) {
     ResetEvent(marker_seen);
     send({key_event(marker, false), key_event(marker, true)});
-    if (WaitForSingleObject(marker_seen, static_cast<DWORD>(patience.count())) != WAIT_OBJECT_0) return false;
+    if (WaitForSingleObject(marker_seen, patience_in_milliseconds) != WAIT_OBJECT_0) return false;
   }
   return true;
 }

@@ -10,7 +10,6 @@
 
 #include <windows.h>
 
-#include <chrono>
 #include <string_view>
 
 #include "window_thread.h"
@@ -44,8 +43,8 @@ class Person {
   void button_up(POINT at);
 
   // Waits until the windows' thread has handled all input so far, and the messages that it posted. False if
-  // that takes longer than `patience`.
-  bool wait_until_idle(std::chrono::milliseconds patience = std::chrono::seconds(10));
+  // that never comes.
+  bool wait_until_idle();
 
  private:
   HHOOK hook_;

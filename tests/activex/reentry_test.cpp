@@ -11,6 +11,7 @@
 #include "hosts/activex/names.h"
 #include "tests/activex/com.h"
 #include "tests/activex/in_place.h"
+#include "tests/activex/patience.h"
 #include "tests/activex/resources.h"
 #include "tests/activex/site.h"
 
@@ -19,10 +20,10 @@ namespace {
 
 using activex::surface_class;
 
-// After five seconds the test fails, and all message loops end.
+// When it has run out the test fails, and all message loops end.
 class Patience {
  public:
-  Patience() : timer_(SetTimer(nullptr, 0, 5000, &end)) {}
+  Patience() : timer_(SetTimer(nullptr, 0, activex::patience_in_milliseconds, &end)) {}
   Patience(const Patience&) = delete;
   ~Patience() {
     KillTimer(nullptr, timer_);

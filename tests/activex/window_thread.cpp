@@ -3,6 +3,8 @@
 #include <memory>
 #include <utility>
 
+#include "patience.h"
+
 namespace tabulon::activex {
 
 namespace {
@@ -34,14 +36,14 @@ void WindowThread::post(Work work) {
   if (PostMessageW(window_, work_message, 0, reinterpret_cast<LPARAM>(owned.get()))) (void)owned.release();
 }
 
-bool WindowThread::run(Work work, std::chrono::milliseconds patience) {
+bool WindowThread::run(Work work) {
   // Both threads hold the event: one may give up waiting before the other is done.
   const std::shared_ptr<void> done(CreateEventW(nullptr, true, false, nullptr), CloseHandle);
   post([done, work = std::move(work)] {
     work();
     SetEvent(done.get());
   });
-  return WaitForSingleObject(done.get(), static_cast<DWORD>(patience.count())) == WAIT_OBJECT_0;
+  return WaitForSingleObject(done.get(), patience_in_milliseconds) == WAIT_OBJECT_0;
 }
 
 }  // namespace tabulon::activex

@@ -8,7 +8,6 @@
 
 #include <windows.h>
 
-#include <chrono>
 #include <functional>
 
 namespace tabulon::activex {
@@ -24,9 +23,8 @@ class WindowThread {
 
   DWORD id() const { return id_; }
   void post(Work work);
-  // False where the work is not done within `patience`; it may still be done later, so it must own what it
-  // needs.
-  bool run(Work work, std::chrono::milliseconds patience = std::chrono::seconds(10));
+  // False where the work is not done in time; it may still be done later, so it must own what it needs.
+  bool run(Work work);
 
  private:
   DWORD id_;
