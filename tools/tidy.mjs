@@ -21,7 +21,7 @@ const presets = ["native", "sanitize", "web", "windows"];
 // Of how a source is compiled, what decides what it means; the rest is optimisation and precompiled headers.
 const counts = /^(--target=|-stdlib=|-std=|-D|-I|-isystem|-fno-rtti|-fconstexpr-steps=)/;
 
-// The tests of the COM server have so many names alike that reading them would take longer than all else.
+// Our own sources: not what is made in build/, and nothing from elsewhere.
 export const isRead = (path) => path.endsWith(".cpp") && !/^(build\/|\.\.)/.test(path);
 
 function compiled(preset) {
