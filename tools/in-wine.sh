@@ -46,11 +46,12 @@ start_screen() {
 
 set_key() { wine reg add "$1" /v "$2" /d "$3" /f; }
 
-# Making one takes half a minute, and copying it a second. It is marked when it is whole.
+# Making one takes half a minute, copying it some seconds.
 make_prefix() {
   [[ -e $WINEPREFIX/.made ]] && return
   if [[ $WINEPREFIX != "$first" ]]; then
-    rm -rf "$WINEPREFIX" && cp -a --reflink=auto "$first" "$WINEPREFIX"
+    rm -rf "$WINEPREFIX" "$WINEPREFIX.part" && cp -a --reflink=auto "$first" "$WINEPREFIX.part" &&
+      mv "$WINEPREFIX.part" "$WINEPREFIX"
     return
   fi
   timeout 180 wine wineboot --init &&
@@ -62,7 +63,7 @@ make_prefix() {
     touch "$WINEPREFIX/.made"
 }
 
-# A program that waits for nothing: the system's own programs, which a test would wait for, stay as long as it does.
+# A program that never ends: as long as it is there, so are the system's own programs, which a test would wait for.
 keep_running() {
   local fifo
   fifo=$(mktemp -u) && mkfifo "$fifo" && exec {silence}<>"$fifo" && rm -f "$fifo"
@@ -77,8 +78,7 @@ open_windows() {
   log=$(make_prefix 2>&1 9>&-) || { printf '%s\n' "$log" "Wine cannot make $WINEPREFIX" >&2; return 1; }
   TABULON_FREE_WINE+="$DISPLAY $WINEPREFIX"$'\n'
   # Kept for all programs that the command runs, instead of one for each.
-  [[ -z $own ]] || wineserver -p 9>&-
-  keep_running
+  [[ -z $own ]] || { wineserver -p 9>&- && keep_running; }
   [[ ! -e $ocx ]] || timeout 60 wine regsvr32 /s "$ocx" 9>&- ||
     { echo "Tabulon.ocx cannot be registered" >&2; return 1; }
 }
