@@ -1,29 +1,21 @@
 // Forms as windows: where they open over the control, and that a person can move them.
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <functional>
 #include <string_view>
 
 #include "com_player.h"
 #include "hosts/activex/names.h"
+#include "patience.h"
 #include "stage.h"
 
 namespace tabulon::activex {
 namespace {
 
-constexpr auto patience = std::chrono::seconds(10);
-
 RECT bounds_of(HWND window) {
   RECT bounds{};
   GetWindowRect(window, &bounds);
   return bounds;
-}
-
-bool becomes(const std::function<bool()>& so) {
-  for (const auto end = std::chrono::steady_clock::now() + patience; !so(); Sleep(10))
-    if (std::chrono::steady_clock::now() > end) return false;
-  return true;
 }
 
 class FormsInAContainer : public testing::Test {
@@ -57,7 +49,7 @@ TEST_F(FormsInAContainer, AreDraggedByTheirTitleBars) {
     person.move({title.x + 90, title.y + 60});
     person.button_up({title.x + 90, title.y + 60});
     person.wait_until_idle();
-    EXPECT_TRUE(becomes([&] {
+    EXPECT_TRUE(comes([&] {
       const RECT now = bounds_of(form);
       return now.left == before.left + 90 && now.top == before.top + 60;
     })) << bounds_of(form).left - before.left
