@@ -37,6 +37,7 @@ const css = `
 .surface, .form, .menu {
   all: initial;
   display: block;
+  box-sizing: border-box;
   direction: ltr;
   unicode-bidi: isolate;
   visibility: inherit;
