@@ -1,19 +1,24 @@
 // Makes dist/web from build/web/tabulon.wasm, hosts/web/*.ts and examples/:
 //
-//   dist/web/tabulon.js    the control, whole: script and WebAssembly in one file
-//   dist/web/types/        its types, tabulon.d.ts first
-//   dist/web/*.html ...    the examples; index.html is the start page
+//   dist/web/tabulon.js             the control, whole: script and WebAssembly in one file
+//   dist/web/tabulon.mjs            the same to be imported
+//   dist/web/types/                 its types, tabulon.d.ts first
+//   dist/web/custom-elements.json   what an editor is told of it
+//   dist/web/*.html ...             the examples; index.html is the start page
 import { execFile } from "node:child_process";
 import { existsSync, readFileSync } from "node:fs";
-import { cp, mkdir, readFile, rename, rm } from "node:fs/promises";
+import { cp, mkdir, readFile, rename, rm, writeFile } from "node:fs/promises";
 import { createRequire } from "node:module";
 import { basename, dirname, join } from "node:path";
 import { fileURLToPath } from "node:url";
 import { promisify } from "node:util";
 import * as esbuild from "esbuild";
+import { attributesOf, describeElement } from "./describe-element.mjs";
 import { makeContract, namesOf } from "./make-contract.mjs";
 
 const root = fileURLToPath(new URL("..", import.meta.url));
+export const { version } = JSON.parse(readFileSync(join(root, "package.json"), "utf8"));
+const banner = `/*! Tabulon ${version}. MIT License, the Tabulon authors. */`;
 const ownModule = "tabulon";
 
 const tables = { imports: "hosts/web/wire/imports.def", exports: "hosts/web/wire/exports.def" };
@@ -56,14 +61,11 @@ async function deflated(path) {
 }
 
 // `import deflated from "tabulon.wasm"` gives the module, deflated, as base64.
-const embedWasm = (path) => ({
+const embedWasm = (contents) => ({
   name: "embed-wasm",
   setup(build) {
     build.onResolve({ filter: /^tabulon\.wasm$/ }, () => ({ path: "tabulon.wasm", namespace: "embed-wasm" }));
-    build.onLoad({ filter: /.*/, namespace: "embed-wasm" }, async () => ({
-      contents: await deflated(path),
-      loader: "text",
-    }));
+    build.onLoad({ filter: /.*/, namespace: "embed-wasm" }, () => ({ contents, loader: "text" }));
   },
 });
 
@@ -87,16 +89,17 @@ const minifyStyles = {
   },
 };
 
-async function bundle({ entry, wasmPath, outfile }) {
+async function bundle({ deflatedWasm, outfile, format }) {
   await esbuild.build({
-    entryPoints: [entry],
+    entryPoints: [join(root, "hosts/web/tabulon.ts")],
     outfile,
     bundle: true,
-    format: "iife",
+    format,
+    banner: { js: banner },
     target: "es2022",
     minify: true,
     legalComments: "none",
-    plugins: [embedWasm(wasmPath), minifyStyles],
+    plugins: [embedWasm(deflatedWasm), minifyStyles],
     logLevel: "warning",
   });
 }
@@ -132,7 +135,14 @@ async function writeTypes(outDir) {
   const folder = `${outDir}-of-all`;
   await declare(folder);
   for (const file of reachable(join(folder, "hosts/web/tabulon.d.ts"))) await cp(file, join(outDir, basename(file)));
+  await cp(join(root, "hosts/web/package/types"), outDir, { recursive: true });
   await rm(folder, { recursive: true });
+}
+
+async function writeDescription(made) {
+  const manifest = await describeElement(await readFile(join(made, "types/element.d.ts"), "utf8"));
+  await writeFile(join(made, "custom-elements.json"), `${JSON.stringify(manifest, null, 2)}\n`);
+  await writeFile(join(made, "types/attributes.d.ts"), attributesOf(manifest));
 }
 
 const kilobytes = (bytes) => `${Math.ceil(bytes.length / 1024)} kB`;
@@ -150,9 +160,11 @@ async function packageWeb() {
     recursive: true,
     filter: (source) => !basename(source).startsWith("."),
   });
-  const outfile = join(made, "tabulon.js");
-  await bundle({ entry: join(root, "hosts/web/tabulon.ts"), wasmPath, outfile });
+  const deflatedWasm = await deflated(wasmPath);
+  for (const [name, format] of Object.entries({ "tabulon.js": "iife", "tabulon.mjs": "esm" }))
+    await bundle({ deflatedWasm, outfile: join(made, name), format });
   await writeTypes(join(made, "types"));
+  await writeDescription(made);
 
   const out = join(root, "dist/web");
   await mkdir(dirname(out), { recursive: true });

@@ -1,5 +1,6 @@
 // The custom element: the control as a page and its script see it.
 import { type Exports, Given, Method } from "#wire";
+import { version } from "../../package.json";
 import { make } from "./dom.js";
 import type { ElementView } from "./element_view.js";
 import { TabulonError } from "./errors.js";
@@ -8,13 +9,62 @@ import { loadPage, type Page } from "./page.js";
 import { readParameters, whenGiven } from "./parameters.js";
 import { sheetOf } from "./styles.js";
 
-// A whole number of 16 bits, or a text that is one.
+/** A whole number of 16 bits (-32768 to 32767), or a text that is one. */
 export type Count = number | string;
 
-export class TabulonLPctrl extends HTMLElement {
-  // Resolves when the control has been shown; rejects, with the error's number, when its parameters cannot be
-  // read. The control is shown all the same, with an empty tableau. Rejects with an error that has no number where
-  // the browser or the page's rules do not allow what the control needs.
+// Where a page is only written, on a server, there are no elements to be one of.
+const PageElement: typeof HTMLElement = globalThis.HTMLElement ?? class {};
+
+/**
+ * `<tabulon-lpctrl>`: a Simplex tableau in which a pupil solves a linear-programming problem step by step. It is 600
+ * by 296 CSS pixels. All elements of a page show one and the same tableau.
+ *
+ * The problem is given by attributes, or by `<param>` children of the same names. Lists are numbers separated by
+ * commas and are shown as they are written; a blank before a number is the place of its sign. There is room for 10
+ * constraints and 30 columns: the decision variables, one column for each "<=" and "=" constraint and two for each
+ * ">=" constraint.
+ *
+ * @example
+ * ```html
+ * <tabulon-lpctrl
+ *   prmNrBeslisVar="2"
+ *   prmNrKleinerGelijkVglen="3"
+ *   prmSTR_DLfunctie=" -3, -5"
+ *   prmSTR_KleinerGelijkVglen=" 1, 0, 0, 2, 3, 2"
+ *   prmSTR_RL=" 4, 12, 18"></tabulon-lpctrl>
+ * ```
+ *
+ * @tag tabulon-lpctrl
+ *
+ * @attr {number} [prmNrBeslisVar=2] - The number of decision variables.
+ * @attr {number} [prmNrKleinerGelijkVglen=2] - The number of "<=" constraints.
+ * @attr {number} [prmNrGroterGelijkVglen=0] - The number of ">=" constraints.
+ * @attr {number} [prmNrGelijkVglen=0] - The number of "=" constraints.
+ * @attr {number} [prmBigM=100] - The value of M of the Big-M method, a whole number.
+ * @attr {string} prmSTR_DLfunctie - Row F: one number for each decision variable, the objective's coefficient with opposite sign. Zeros without it.
+ * @attr {string} prmSTR_KleinerGelijkVglen - The coefficients of the "<=" constraints, row after row. Zeros without it.
+ * @attr {string} prmSTR_GroterGelijkVglen - The coefficients of the ">=" constraints, row after row. Zeros without it.
+ * @attr {string} prmSTR_GelijkVglen - The coefficients of the "=" constraints, row after row. Zeros without it.
+ * @attr {string} prmSTR_RL - The right-hand sides: those of the "<=" rows, then of the ">=" rows, then of the "=" rows. Zeros without it.
+ * @attr {boolean} nofocus - The control does not take the keyboard when it is first shown.
+ *
+ * @fires {CustomEvent<TabulonError>} tabulon-error - What went wrong where no script was asking; the error is its `detail`.
+ */
+export class TabulonLPctrl extends PageElement {
+  /** The version of this package, as in "1.0.0". */
+  static readonly version: string = version;
+
+  /**
+   * Resolves when the control has been shown. Rejects with a {@link TabulonError} when its parameters cannot be read;
+   * the control is shown all the same, with an empty tableau. Rejects with an error that has no number where the
+   * browser or the page's rules do not allow what the control needs.
+   *
+   * @example
+   * ```js
+   * const tableau = document.querySelector("tabulon-lpctrl");
+   * await tableau.ready;
+   * ```
+   */
   readonly ready: Promise<void>;
 
   readonly #root: ShadowRoot;
@@ -63,49 +113,125 @@ export class TabulonLPctrl extends HTMLElement {
   // ---- Properties, all write-only. Error 6, 9 or 13 when the value will not do. Until the control is first shown
   // they are parameters, and `ready` has their errors.
 
+  /**
+   * Sets the number of decision variables, and shows it when {@link prmShow} is set.
+   *
+   * @throws {TabulonError} 6 beyond 16 bits, 13 for what is no number.
+   */
   set prmNrBeslisVar(value: Count) {
     this.#set("prmNrBeslisVar", value);
   }
+  /**
+   * Sets the number of "<=" constraints, and shows it when {@link prmShow} is set.
+   *
+   * @throws {TabulonError} 6 beyond 16 bits, 13 for what is no number.
+   */
   set prmNrKleinerGelijkVglen(value: Count) {
     this.#set("prmNrKleinerGelijkVglen", value);
   }
+  /**
+   * Sets the number of ">=" constraints, and shows it when {@link prmShow} is set.
+   *
+   * @throws {TabulonError} 6 beyond 16 bits, 13 for what is no number.
+   */
   set prmNrGroterGelijkVglen(value: Count) {
     this.#set("prmNrGroterGelijkVglen", value);
   }
+  /**
+   * Sets the number of "=" constraints, and shows it when {@link prmShow} is set.
+   *
+   * @throws {TabulonError} 6 beyond 16 bits, 13 for what is no number.
+   */
   set prmNrGelijkVglen(value: Count) {
     this.#set("prmNrGelijkVglen", value);
   }
+  /**
+   * Sets M of the Big-M method, a whole number. It enters row F when {@link prmShow} is set.
+   *
+   * @throws {TabulonError} 6 beyond 16 bits, 13 for what is no number.
+   */
   set prmBigM(value: Count) {
     this.#set("prmBigM", value);
   }
-  // True lays out and shows a new tableau of the counts that have been set.
+  /**
+   * True lays out and shows a new tableau of the counts that have been set, filled with zeros; false does nothing.
+   * The lists come after it.
+   *
+   * @throws {TabulonError} 9 for more than 10 rows or 30 columns.
+   *
+   * @example
+   * ```js
+   * tableau.prmNrBeslisVar = 3;
+   * tableau.prmNrKleinerGelijkVglen = 2;
+   * tableau.prmShow = true;
+   * tableau.prmDLfunctie = " -2, -3, -1";
+   * tableau.prmKleinerGelijkVglen = " 1, 1, 1, 2, 0, 1";
+   * tableau.prmRL = " 40, 25";
+   * ```
+   */
   set prmShow(value: boolean) {
     this.#set("prmShow", value);
   }
+  /**
+   * Sets row F: one number for each decision variable, the objective's coefficient with opposite sign.
+   *
+   * @throws {TabulonError} 9 for more columns than there is room for.
+   */
   set prmDLfunctie(value: string) {
     this.#set("prmDLfunctie", value);
   }
+  /**
+   * Sets the coefficients of the "<=" constraints, row after row.
+   *
+   * @throws {TabulonError} 9 for more rows or columns than there is room for.
+   */
   set prmKleinerGelijkVglen(value: string) {
     this.#set("prmKleinerGelijkVglen", value);
   }
+  /**
+   * Sets the coefficients of the ">=" constraints, row after row.
+   *
+   * @throws {TabulonError} 9 for more rows or columns than there is room for.
+   */
   set prmGroterGelijkVglen(value: string) {
     this.#set("prmGroterGelijkVglen", value);
   }
+  /**
+   * Sets the coefficients of the "=" constraints, row after row.
+   *
+   * @throws {TabulonError} 9 for more rows or columns than there is room for.
+   */
   set prmGelijkVglen(value: string) {
     this.#set("prmGelijkVglen", value);
   }
+  /**
+   * Sets the right-hand sides: those of the "<=" rows, then of the ">=" rows, then of the "=" rows.
+   *
+   * @throws {TabulonError} 9 for more rows than there is room for.
+   */
   set prmRL(value: string) {
     this.#set("prmRL", value);
   }
 
   // ---- Methods
 
-  // Lays out a new tableau of the counts' size, and shows nothing yet. Error 9 when it would be too large.
+  /**
+   * Lays out a new tableau of the counts' size, and shows nothing yet.
+   *
+   * @throws {TabulonError} 9 when it would be too large.
+   */
   InitTableau(): void {
     this.#whenThere((page, { surface }) => this.#ask(page, (module) => module.InitTableau(surface.id)));
   }
 
-  // The display text of a number: as a decimal, or with Soort true as a fraction or a multiple of pi.
+  /**
+   * The text with which the tableau shows a number. It works once {@link ready} has resolved.
+   *
+   * @param Soort - True for a fraction or a multiple of pi, false for a decimal.
+   * @param Getal - The number.
+   * @returns {string} The text, with a blank in the place of the sign: `" 3/4"`, `"-0.5"`.
+   * @throws {TabulonError} 13 for what is no number.
+   */
   strSoortGetal(Soort: number | boolean, Getal: number): string {
     if (!this.#page || !this.#view) throw new Error("Tabulon: strSoortGetal kan pas als element.ready vervuld is.");
     const { id } = this.#view.surface;
@@ -116,26 +242,39 @@ export class TabulonLPctrl extends HTMLElement {
     return this.#ask(this.#page, (module) => module.strSoortGetal(id, kind, number), String(Soort));
   }
 
-  // Each resolves when its form has closed.
+  /** Shows who made the control. Resolves when the form has closed. */
   ShowAboutBox(): Promise<void> {
     return this.#call(Method.ShowAboutBox);
   }
+  /** Shows the last message again. Resolves when the form has closed. */
   ShowfrmMelding(): Promise<void> {
     return this.#call(Method.ShowfrmMelding);
   }
+  /** Shows the last error message again. Resolves when the form has closed. */
   ShowfrmFoutmelding(): Promise<void> {
     return this.#call(Method.ShowfrmFoutmelding);
   }
+  /** Shows the column and the row of the pivot element, 0 when there is none. Resolves when the form has closed. */
   ShowfrmPivotelement(): Promise<void> {
     return this.#call(Method.ShowfrmPivotelement);
   }
 
-  // Saves the tableau: downloads a file of that name. Rejects with error 52 for a name that no file can have.
+  /**
+   * Saves the tableau: the browser downloads a file.
+   *
+   * @param strFile - The file's name, as in `"oefening.tbl"`.
+   * @throws {TabulonError} 52 for a name that no file can have; the promise rejects.
+   */
   SchrijfTableau(strFile: string): Promise<void> {
     return this.#callWithFile("SchrijfTableau", strFile);
   }
-  // Rejects for every file: with error 54 for one that this page wrote or the person picked, 53 for any other,
-  // 52 for a name that no file can have.
+  /**
+   * Reads no file: it rejects for each of them, as the control has always done.
+   *
+   * @param strFile - The file's name.
+   * @throws {TabulonError} 54 for a file that this page wrote or the person picked, 53 for any other, 52 for a name
+   * that no file can have; the promise rejects.
+   */
   LeesTableau(strFile: string): Promise<void> {
     return this.#callWithFile("LeesTableau", strFile);
   }
@@ -268,10 +407,11 @@ export class TabulonLPctrl extends HTMLElement {
 
 declare global {
   interface HTMLElementTagNameMap {
+    /** A Simplex tableau in which a pupil solves a linear-programming problem. */
     "tabulon-lpctrl": TabulonLPctrl;
   }
   interface HTMLElementEventMap {
-    // What went wrong where no script was asking.
+    /** What went wrong where no script was asking. */
     "tabulon-error": CustomEvent<TabulonError>;
   }
 }

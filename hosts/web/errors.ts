@@ -13,13 +13,25 @@ function sentence(number: number, given: string | undefined): string {
   return `${said === Said.Behind ? `${about} ` : ""}"${given}" ${isFraction(given) ? notWhole : words}`;
 }
 
+/**
+ * What the element throws, and what its promises reject with.
+ *
+ * @example
+ * ```js
+ * tableau.ready.catch((error) => error instanceof TabulonError && console.log(error.number, error.subject));
+ * ```
+ */
 export class TabulonError extends Error {
   override readonly name = "TabulonError";
 
-  // `subject` is the parameter, property or file that it is about, "" where there is none; `given` is what
-  // was given for it.
+  // `given` is what was given for the subject.
   constructor(
+    /**
+     * 6: a number outside 16 bits. 9: more rows or columns than there is room for. 13: a text that is no number.
+     * 52, 53, 54: a file's name, its absence, its use.
+     */
     readonly number: number,
+    /** The parameter, property or method that it is about, "" where there is none. */
     readonly subject: string,
     given?: string,
   ) {
