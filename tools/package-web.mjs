@@ -5,9 +5,10 @@
 //   dist/web/types/                 its types, tabulon.d.ts first
 //   dist/web/custom-elements.json   what an editor is told of it
 //   dist/web/*.html ...             the examples; index.html is the start page
+//   dist/web/pagina.js              what those pages can do, and los-bestand.js what it needs to save one as one file
 import { execFile } from "node:child_process";
 import { existsSync, readFileSync } from "node:fs";
-import { cp, mkdir, readFile, rename, rm, writeFile } from "node:fs/promises";
+import { cp, mkdir, readdir, readFile, rename, rm, writeFile } from "node:fs/promises";
 import { createRequire } from "node:module";
 import { basename, dirname, join } from "node:path";
 import { fileURLToPath } from "node:url";
@@ -89,9 +90,9 @@ const minifyStyles = {
   },
 };
 
-async function bundle({ deflatedWasm, outfile, format }) {
-  await esbuild.build({
-    entryPoints: [join(root, "hosts/web/tabulon.ts")],
+const bundle = (entry, outfile, { format = "iife", plugins = [] } = {}) =>
+  esbuild.build({
+    entryPoints: [join(root, entry)],
     outfile,
     bundle: true,
     format,
@@ -99,9 +100,30 @@ async function bundle({ deflatedWasm, outfile, format }) {
     target: "es2022",
     minify: true,
     legalComments: "none",
-    plugins: [embedWasm(deflatedWasm), minifyStyles],
+    plugins,
     logLevel: "warning",
   });
+
+// `import files from "page-files"` gives the texts of the pages and of what they name, by name.
+const embedPages = (folder) => ({
+  name: "embed-pages",
+  setup(build) {
+    build.onResolve({ filter: /^page-files$/ }, ({ path }) => ({ path, namespace: "embed-pages" }));
+    build.onLoad({ filter: /.*/, namespace: "embed-pages" }, async () => {
+      const names = (await readdir(folder)).filter(
+        (name) => name === "tabulon.js" || existsSync(join(root, "examples", name)),
+      );
+      const texts = await Promise.all(
+        names.sort().map(async (name) => [name, await readFile(join(folder, name), "utf8")]),
+      );
+      return { contents: JSON.stringify(Object.fromEntries(texts)), loader: "json" };
+    });
+  },
+});
+
+async function writePageScripts(made) {
+  await bundle("pages/los-bestand.mjs", join(made, "los-bestand.js"), { plugins: [embedPages(made)] });
+  await bundle("pages/pagina.mjs", join(made, "pagina.js"));
 }
 
 const typescript = join(dirname(createRequire(import.meta.url).resolve("typescript/package.json")), "bin/tsc");
@@ -160,9 +182,10 @@ async function packageWeb() {
     recursive: true,
     filter: (source) => !basename(source).startsWith("."),
   });
-  const deflatedWasm = await deflated(wasmPath);
+  const plugins = [embedWasm(await deflated(wasmPath)), minifyStyles];
   for (const [name, format] of Object.entries({ "tabulon.js": "iife", "tabulon.mjs": "esm" }))
-    await bundle({ deflatedWasm, outfile: join(made, name), format });
+    await bundle("hosts/web/tabulon.ts", join(made, name), { format, plugins });
+  await writePageScripts(made);
   await writeTypes(join(made, "types"));
   await writeDescription(made);
 

@@ -88,7 +88,7 @@ describe("no obstacle", () => {
     assert.deepEqual(await findings(), []);
   });
 
-  for (const example of ["standaard", "breuken", "big-m", "groot", "script"])
+  for (const example of ["standaard", "breuken", "grafisch", "big-m", "groot", "script", "object"])
     test(`in the example ${example}`, async () => {
       await open(`${example}.html`);
       assert.deepEqual(await findings(), []);

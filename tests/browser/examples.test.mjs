@@ -1,5 +1,5 @@
-// The pages that a teacher could use: each opens without a complaint, and its problem has the optimum that the
-// page's makers worked out.
+// The pages that a teacher could use: each opens without a complaint, its problem is the one that it states in
+// inequalities, and every step of its worked answer is what the control does.
 import assert from "node:assert/strict";
 import { after, before, describe, test } from "node:test";
 import { control, launch, noise, idle, text } from "./browser.mjs";
@@ -12,6 +12,7 @@ const pages = [
   // x = (2, 3, 5) costs 62, and the ">=" row is met exactly.
   { path: "big-m.html", F: "-62", values: { "x  1": " 2", "x  2": " 3", "x  3": " 5" } },
   { path: "groot.html", F: " 620", values: { "x  1": " 10", "x  2": " 10", "x  6": " 10" } }, // x 3 = 40 stands in row 8
+  { path: "grafisch.html", F: " 15", values: { "x  1": " 3", "x  2": " 3", "x  5": " 1" } },
   { path: "object.html", F: " 22", values: { "x  1": " 4", "x  2": " 2" } },
 ];
 
@@ -30,6 +31,61 @@ async function solution(page) {
     if (variable) found[variable] = await text(page, "txtRL", row);
   }
   return found;
+}
+
+// The coefficients of x₁, x₂, ... in a line such as "F = 3x₁ + x₃" or "2x₁ − x₂ ≤ 4".
+const digits = "₁₂₃₄₅₆";
+function coefficients(line, _, lines) {
+  const count = Math.max(
+    ...lines
+      .join("")
+      .match(/[₁-₆]/g)
+      .map((digit) => digits.indexOf(digit) + 1),
+  );
+  const found = Array(count).fill(0);
+  for (const [, sign, number, digit] of line.matchAll(/([−-])?\s*(\d*)x([₁-₆])/g))
+    found[digits.indexOf(digit)] = (sign ? -1 : 1) * Number(number || 1);
+  return found;
+}
+
+// The largest page states its problem in a table: a row for each constraint, and the gains at its end.
+async function checkTable(page) {
+  const rows = await page.$$eval(".getallen tbody tr", (lines) =>
+    lines.map((line) => [...line.cells].slice(1).map((cell) => cell.textContent)),
+  );
+  const gains = rows.pop();
+  for (let at = 0; at < 5; ++at) assert.equal(Number(await text(page, "txtRij_F", at + 1)), -gains[at]);
+  for (const [row, cells] of rows.slice(0, 7).entries()) {
+    assert.equal((await text(page, "txtRL", row + 1)).trim(), cells.at(-1));
+    for (let at = 0; at < 5; ++at) assert.equal((await text(page, "txtTableau", row * 5 + at + 1)).trim(), cells[at]);
+  }
+  await page.close();
+}
+
+const numberIn = (cell, word) => cell.match(new RegExp(`${word} (\\d+)`))[1];
+// "−4,5" on the page is "-4.5" in the tableau, and " 4.5" has the place of its sign.
+const asShown = (number) =>
+  number
+    .replace("−", "-")
+    .replace(",", ".")
+    .replace(/^(?!-)/, " ");
+
+// Sweeps by the dialog: its bars begin at 1.
+async function sweep(page, [, column, row]) {
+  await page.click(control("cmd_Bewerken"));
+  await page.click(control("mnu_Kolommen_vegen"));
+  for (const [bar, box, wanted] of [
+    ["VScrollKolom", "txtKolom", numberIn(column, "kolom")],
+    ["VScrollRij", "txtRij", numberIn(row, "rij")],
+  ]) {
+    await shows(page, box, "1");
+    for (let at = 2; at <= Number(wanted); ++at) {
+      await page.click(`${control(bar)} .arrow`);
+      await shows(page, box, String(at));
+    }
+  }
+  await page.click(control("OKButton"));
+  await idle(page);
 }
 
 async function confirm(page, message) {
@@ -71,6 +127,50 @@ describe("the example pages", () => {
     }
   }
 
+  for (const { path } of pages)
+    test(`${path} gives the control the problem that it states`, async () => {
+      const page = await browser.open(path);
+      const stated = await page.$$eval(".stelsel b", (nodes) => nodes.map((node) => node.textContent));
+      const rows = stated.slice(0, -1).map(coefficients);
+      if (!rows.length) return checkTable(page);
+      const [F, ...constraints] = rows;
+      for (const [at, coefficient] of F.entries())
+        assert.equal(Number(await text(page, "txtRij_F", at + 1)), coefficient ? -coefficient : 0, stated[0]);
+      for (const [row, numbers] of constraints.entries()) {
+        const right = stated[row + 1].match(/[≤≥=] (\d+)$/)[1];
+        assert.equal((await text(page, "txtRL", row + 1)).trim(), right);
+        for (const [at, coefficient] of numbers.entries())
+          assert.equal(Number(await text(page, "txtTableau", row * 5 + at + 1)), coefficient, stated[row + 1]);
+      }
+      await page.close();
+    });
+
+  for (const { path } of pages)
+    test(`${path} has a worked answer that is what the control does`, async () => {
+      const page = await browser.open(path);
+      const told = await page.$$eval(".stappen tbody tr", (rows) =>
+        rows.map((row) => [...row.cells].map((cell) => cell.textContent)),
+      );
+      assert.ok(told.length > 2);
+      for (const [at, cells] of told.entries()) {
+        await page.click(control("cmd_Bewerken"));
+        await page.click(control("mnu_Pivot_element"));
+        await shows(page, "lblNRTableau", `${cells[0]}-e Simplex-tableau`);
+        const last = at === told.length - 1;
+        await shows(
+          page,
+          ...(last ? ["lblMelding", "Optimale oplossing gevonden!"] : ["lblPivot_kolom", numberIn(cells[1], "kolom")]),
+        );
+        if (!last) await shows(page, "lblPivot_rij", numberIn(cells[2], "rij"));
+        await page.keyboard.press("Enter");
+        await idle(page);
+        await shows(page, "lblFRL", asShown(cells.at(-1)));
+        if (!last) await sweep(page, cells);
+      }
+      assert.deepEqual(noise(page), []);
+      await page.close();
+    });
+
   test("the page with a script gives problems whose optimum it knows", async () => {
     const page = await browser.open("script.html");
     for (let round = 0; round < 3; ++round) {
@@ -87,12 +187,28 @@ describe("the example pages", () => {
     await page.close();
   });
 
+  test("the page with a script states its constraints, and what it works out is so", async () => {
+    const page = await browser.open("script.html");
+    const lines = await page.$$eval("#opgave b", (nodes) => nodes.map((node) => node.textContent));
+    const [F, ...rows] = lines.slice(0, -1).map(coefficients);
+    for (let at = 0; at < 2; ++at) {
+      assert.equal(Number(await text(page, "txtRij_F", at + 1)), -F[at]);
+      for (let row = 0; row < 2; ++row)
+        assert.equal(Number(await text(page, "txtTableau", row * 5 + at + 1)), rows[row][at]);
+    }
+    await optimiseByMouse(page);
+    const worked = await page.$eval("#uitwerking", (node) => node.textContent);
+    assert.ok(worked.endsWith(`= ${(await text(page, "lblFRL")).trim()}.`), worked);
+    await page.close();
+  });
+
   test("every page is reached from the start page", async () => {
     const page = await browser.open("index.html");
     const links = await page.$$eval(".oefeningen a", (nodes) => nodes.map((node) => node.getAttribute("href")));
     assert.deepEqual(links, [
       "standaard.html",
       "breuken.html",
+      "grafisch.html",
       "big-m.html",
       "groot.html",
       "script.html",

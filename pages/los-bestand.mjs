@@ -1,0 +1,6 @@
+// los-bestand.js: all pages and what they are made of, for the button that saves one as a single file. A page from
+// file: may read no other file, but it may load a script.
+import files from "page-files";
+import { singleFile } from "./single-file.mjs";
+
+globalThis.tabulonLosBestand = (name) => singleFile(name, (file) => files[file]);
