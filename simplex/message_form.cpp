@@ -74,8 +74,8 @@ constexpr Placement about_labels[] = {
      {.points = 9, .wraps = true}},
     {"lblDisclaimer",
      {240, 2160, 4200, 900},
-     "Waarschuwing: dit programma is auteursrechtelijk beschermd. Het is niet toegestaan het geheel of een "
-     "deel ervan te kopiëren of te verspreiden zonder toestemming van de makers.",
+     "Waarschuwing: dit programma is auteursrechtelijk beschermd. Het geheel of een deel ervan kopiëren of "
+     "verspreiden is alleen toegestaan zoals de licentie zegt die erbij hoort.",
      {.points = 8, .wraps = true}},
 };
 

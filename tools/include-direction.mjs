@@ -24,7 +24,7 @@ const arrows = {
   "control's parts": subjects,
   control: [...subjects, "control's parts"],
   "hosts/headless": [...subjects, "control's parts", "control"],
-  "hosts/web": [...subjects, "control's parts", "control"],
+  "hosts/web": [...subjects, "control's parts", "control", "package.json"], // where the version stands
   "hosts/activex": [...subjects, "control's parts", "control"],
 };
 
