@@ -5,6 +5,7 @@
 //   dist/web/types/                 its types, tabulon.d.ts first
 //   dist/web/custom-elements.json   what an editor is told of it
 //   dist/web/*.html ...             the examples; index.html is the start page
+//   dist/web/handboek/              the pictures of the handbook
 //   dist/web/pagina.js              what those pages can do, and los-bestand.js what it needs to save one as one file
 import { execFile } from "node:child_process";
 import { existsSync, readFileSync } from "node:fs";
@@ -15,6 +16,7 @@ import { fileURLToPath } from "node:url";
 import { promisify } from "node:util";
 import * as esbuild from "esbuild";
 import { attributesOf, describeElement } from "./describe-element.mjs";
+import { makePictures } from "./handbook-pictures.mjs";
 import { makeContract, namesOf } from "./make-contract.mjs";
 
 const root = fileURLToPath(new URL("..", import.meta.url));
@@ -188,6 +190,7 @@ async function packageWeb() {
   await writePageScripts(made);
   await writeTypes(join(made, "types"));
   await writeDescription(made);
+  await makePictures(made);
 
   const out = join(root, "dist/web");
   await mkdir(dirname(out), { recursive: true });
