@@ -1,11 +1,13 @@
 // What an editor is told of <tabulon-lpctrl>, from the comments in hosts/web/element.ts:
 //
-//   const manifest = await describeElement(types);   // types: the text of element.d.ts
+//   const manifest = describeElement(types);   // types: the text of element.d.ts
 //   attributesOf(manifest)                           // the declaration of TabulonAttributes
 //
 // The manifest is custom-elements.json, as editors and documentation tools read it.
+import { readFileSync } from "node:fs";
+import { join } from "node:path";
 import { fileURLToPath } from "node:url";
-import { cli } from "@custom-elements-manifest/analyzer/cli.js";
+import { create, ts } from "@custom-elements-manifest/analyzer";
 
 const root = fileURLToPath(new URL("..", import.meta.url));
 const sources = ["hosts/web/element.ts", "hosts/web/errors.ts"];
@@ -13,10 +15,12 @@ const tag = "tabulon-lpctrl";
 // What a page imports.
 const path = "tabulon.mjs";
 
-const analyze = () =>
-  cli({ argv: ["analyze", "--quiet", "--globs", ...sources], cwd: root, noWrite: true }).then(({ modules }) =>
-    modules.flatMap(({ declarations }) => declarations),
+function analyze() {
+  const parsed = sources.map((path) =>
+    ts.createSourceFile(path, readFileSync(join(root, path), "utf8"), ts.ScriptTarget.ES2022, true),
   );
+  return create({ modules: parsed, context: {} }).modules.flatMap(({ declarations }) => declarations);
+}
 
 // The analyzer does not say of what type a property is that is only written.
 const typesOfSetters = (types) => new Map([...types.matchAll(/set (\w+)\(value: (.+?)\);/g)].map(([, ...row]) => row));
@@ -30,9 +34,9 @@ function memberOf(member, setters) {
   return text ? { ...told, type: { text } } : told;
 }
 
-export async function describeElement(types) {
+export function describeElement(types) {
   const setters = typesOfSetters(types);
-  const classes = (await analyze()).filter(({ kind, name }) => kind === "class" && name.startsWith("Tabulon"));
+  const classes = analyze().filter(({ kind, name }) => kind === "class" && name.startsWith("Tabulon"));
   const declarations = classes.map(({ members, ...told }) => ({
     ...told,
     superclass: { name: told.customElement ? "HTMLElement" : "Error" },

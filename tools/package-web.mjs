@@ -164,7 +164,7 @@ async function writeTypes(outDir) {
 }
 
 async function writeDescription(made) {
-  const manifest = await describeElement(await readFile(join(made, "types/element.d.ts"), "utf8"));
+  const manifest = describeElement(await readFile(join(made, "types/element.d.ts"), "utf8"));
   await writeFile(join(made, "custom-elements.json"), `${JSON.stringify(manifest, null, 2)}\n`);
   await writeFile(join(made, "types/attributes.d.ts"), attributesOf(manifest));
 }

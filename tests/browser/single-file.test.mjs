@@ -5,6 +5,7 @@ import { mkdtempSync, readdirSync, readFileSync, rmSync, writeFileSync } from "n
 import { tmpdir } from "node:os";
 import { join } from "node:path";
 import { after, before, describe, test } from "node:test";
+import { setTimeout as sleep } from "node:timers/promises";
 import { pathToFileURL } from "node:url";
 import { singleFile } from "../../pages/single-file.mjs";
 import { root } from "../../tools/sources.mjs";
@@ -14,14 +15,6 @@ const folder = mkdtempSync(join(tmpdir(), "single-file-"));
 after(() => rmSync(folder, { recursive: true, force: true }));
 
 const outside = /(?:src|href)="(?!data:|#)[^"]*"/g;
-
-async function optimise(page) {
-  await page.click(control("cmd_Bewerken"));
-  await page.click(control("mnu_optimaliseren"));
-  await page.waitForSelector(control("lblMelding"));
-  await page.keyboard.press("Enter");
-  await idle(page);
-}
 
 describe("what makes it", () => {
   const files = {
@@ -88,7 +81,25 @@ test("the command makes the same file", () => {
   assert.equal(readFileSync(out, "utf8"), readFileSync(made, "utf8"));
 });
 
-for (const engine of ["chromium", "firefox"])
+// Waits for what a person would wait for; a frame is asked as a page is.
+async function eventually(look, wanted) {
+  for (let turn = 0; turn < 200 && (await look()) !== wanted; ++turn) await sleep(20);
+  assert.equal(await look(), wanted);
+}
+
+async function optimise(place) {
+  await place.click(control("cmd_Bewerken"));
+  await eventually(() => text(place, "mnu_optimaliseren"), "Optimaliseren");
+  await place.click(control("mnu_optimaliseren"));
+  await eventually(() => text(place, "lblMelding"), "Optimale oplossing gevonden!");
+  await place.click(control("cmdOK"));
+  await idle(place);
+  await eventually(() => text(place, "lblFRL"), " 36");
+}
+
+const frameIn = async (page) => page.enterFrame?.("iframe") ?? (await page.waitForSelector("iframe")).contentFrame();
+
+for (const engine of ["chromium", "firefox", "webkit"])
   describe(`in ${engine} the file`, () => {
     let browser;
     before(async () => (browser = await launch({ engine })));
@@ -96,50 +107,41 @@ for (const engine of ["chromium", "firefox"])
 
     async function openFile(path) {
       const page = await browser.browser.newPage();
-      const heard = [];
-      page.on("pageerror", (error) => heard.push(String(error)));
       await page.goto(pathToFileURL(path).href);
-      return { page, heard };
+      return page;
     }
 
     test("solves its exercise, from file:", async () => {
-      const { page, heard } = await openFile(made);
+      const page = await openFile(made);
       await idle(page);
-      assert.equal(await page.$eval("h2", (node) => node.textContent), "De meubelmaker");
-      assert.equal(await page.$("nav"), null);
+      const [heading, links] = await page.evaluate(() => [
+        document.querySelector("h2").textContent,
+        document.querySelectorAll("nav, a, button[data-los]").length,
+      ]);
+      assert.deepEqual([heading, links], ["De meubelmaker", 0]);
       await optimise(page);
-      assert.equal(await text(page, "lblFRL"), " 36");
-      assert.deepEqual(heard, []);
       await page.close();
     });
 
     test("solves it in a frame that may run scripts and nothing else", async () => {
       const around = join(folder, `around-${engine}.html`);
-      writeFileSync(
-        around,
-        '<!doctype html><title>Les</title><iframe sandbox="allow-scripts" src="meubelmaker.html" width="800" height="900"></iframe>',
-      );
-      const { page, heard } = await openFile(around);
-      const frame = await (await page.waitForSelector("iframe")).contentFrame();
-      await frame.waitForSelector("tabulon-lpctrl:not([aria-busy])");
-      await idle(frame);
-      await (await frame.$(control("cmd_Bewerken"))).click();
-      await (await frame.waitForSelector(control("mnu_optimaliseren"))).click();
-      await (await frame.waitForSelector(control("cmdOK"))).click();
-      await idle(frame);
-      assert.equal(await text(frame, "lblFRL"), " 36");
-      assert.deepEqual(heard, []);
+      const frame = '<iframe sandbox="allow-scripts" src="meubelmaker.html" width="800" height="900"></iframe>';
+      writeFileSync(around, `<!doctype html><title>Les</title>${frame}`);
+      const page = await openFile(around);
+      const inside = await frameIn(page);
+      await idle(inside);
+      await inside.$eval("tabulon-lpctrl", (element) => element.scrollIntoView({ block: "start" }));
+      await optimise(inside);
       await page.close();
     });
 
     test("with a script of its own gives exercises", async () => {
       const own = join(folder, `script-${engine}.html`);
       execFileSync(process.execPath, [join(root, "tools/single-file.mjs"), join(root, "examples/script.html"), own]);
-      const { page, heard } = await openFile(own);
-      await page.waitForSelector("#opgave b");
+      const page = await openFile(own);
       await idle(page);
+      await eventually(() => page.evaluate(() => document.querySelectorAll("#opgave b").length), 4);
       assert.notEqual((await text(page, "txtRL", 1)).trim(), "0");
-      assert.deepEqual(heard, []);
       await page.close();
     });
   });

@@ -14,7 +14,7 @@ import { once } from "node:events";
 import { readFile } from "node:fs/promises";
 import { basename } from "node:path";
 import { createInterface } from "node:readline";
-import { Builder, Key, Origin } from "selenium-webdriver";
+import { Builder, By, Key, Origin } from "selenium-webdriver";
 import { findFreePort } from "selenium-webdriver/net/portprober.js";
 import remote from "selenium-webdriver/remote/index.js";
 
@@ -176,6 +176,12 @@ class Page {
       return [left + width / 2, top + height / 2];
     });
     await this.mouse.click(x, y, options);
+  }
+
+  // What follows is asked of the frame.
+  async enterFrame(selector) {
+    await this.#session.switchTo().frame(await this.#session.findElement(By.css(selector)));
+    return this;
   }
 
   // What asks for a file to open, if anything does.
