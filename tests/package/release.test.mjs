@@ -6,9 +6,11 @@ import { mkdirSync, mkdtempSync, readdirSync, readFileSync, rmSync, writeFileSyn
 import { tmpdir } from "node:os";
 import { join } from "node:path";
 import { after, before, describe, test } from "node:test";
+import { pathToFileURL } from "node:url";
 import { version } from "../../tools/package-web.mjs";
 import { dayOf, release } from "../../tools/release.mjs";
 import { root } from "../../tools/sources.mjs";
+import { control, idle, launch, text } from "../browser/browser.mjs";
 
 const folder = mkdtempSync(join(tmpdir(), "release-"));
 after(() => rmSync(folder, { recursive: true, force: true }));
@@ -50,9 +52,10 @@ describe("a release", () => {
 
   test("has the same bytes the second time", () => assert.equal(sumsOf(first), sumsOf(second)));
 
+  const unpacked = join(folder, `tabulon-${version}`);
+  before(() => execFileSync("unzip", ["-q", join(first, `tabulon-${version}.zip`), "-d", folder]));
+
   test("unpacks to what a teacher needs, in one folder", () => {
-    execFileSync("unzip", ["-q", join(first, `tabulon-${version}.zip`), "-d", folder]);
-    const unpacked = join(folder, `tabulon-${version}`);
     const names = readdirSync(unpacked);
     const wanted = ["index.html", "handboek.html", "tabulon.js", "tabulon.mjs", "types", "activex", "LICENSE"];
     for (const name of [...wanted, "CHANGELOG.md", "LEESMIJ.txt"]) assert.ok(names.includes(name), name);
@@ -62,6 +65,32 @@ describe("a release", () => {
       readFileSync(join(unpacked, "activex/LEESMIJ.txt"), "utf8"),
       /regsvr32 \/n \/i:user x64\\Tabulon\.ocx\r\n/,
     );
+  });
+
+  test("is enough for the first chapter of its handbook, followed to the letter", async (t) => {
+    const browser = await launch();
+    t.after(() => browser.close());
+    const page = await browser.browser.newPage();
+    const heard = [];
+    page.on("console", (message) => ["error", "warn"].includes(message.type()) && heard.push(message.text()));
+    page.on("pageerror", (error) => heard.push(String(error)));
+
+    await page.goto(pathToFileURL(join(unpacked, "handboek.html")).href);
+    const chapter = await page.$eval("#begin", (node) => node.textContent.replaceAll("\u00a0", " "));
+    assert.match(chapter, /bij F staat 20, met x 1 = 4 en x 2 = 4\./);
+    writeFileSync(join(unpacked, "oefening.html"), await page.$eval("#eerste-pagina", (node) => node.textContent));
+
+    await page.goto(pathToFileURL(join(unpacked, "oefening.html")).href);
+    await idle(page);
+    await page.click(control("cmd_Bewerken"));
+    await page.click(control("mnu_optimaliseren"));
+    await page.waitForSelector(control("cmdOK"));
+    await page.click(control("cmdOK"));
+    await idle(page);
+    assert.equal(await text(page, "lblFRL"), " 20");
+    const rows = [1, 2].map(async (row) => [await text(page, "lblBasis", row), await text(page, "txtRL", row)].join());
+    assert.deepEqual((await Promise.all(rows)).sort(), ["x  1, 4", "x  2, 4"]);
+    assert.deepEqual(heard, []);
   });
 });
 
