@@ -106,15 +106,14 @@ const bundle = (entry, outfile, { format = "iife", plugins = [] } = {}) =>
     logLevel: "warning",
   });
 
-// `import files from "page-files"` gives the texts of the pages and of what they name, by name.
+// `import files from "page-files"` gives the texts of the exercises and of what they name, by name.
 const embedPages = (folder) => ({
   name: "embed-pages",
   setup(build) {
     build.onResolve({ filter: /^page-files$/ }, ({ path }) => ({ path, namespace: "embed-pages" }));
     build.onLoad({ filter: /.*/, namespace: "embed-pages" }, async () => {
-      const names = (await readdir(folder)).filter(
-        (name) => name === "tabulon.js" || existsSync(join(root, "examples", name)),
-      );
+      const ofAnExercise = (name) => existsSync(join(root, "examples", name)) && !name.startsWith("handboek");
+      const names = (await readdir(folder)).filter((name) => name === "tabulon.js" || ofAnExercise(name));
       const texts = await Promise.all(
         names.sort().map(async (name) => [name, await readFile(join(folder, name), "utf8")]),
       );

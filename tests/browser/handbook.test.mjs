@@ -630,6 +630,49 @@ describe("a learning environment", () => {
     });
   });
 
+  test("is asked for nothing, and nothing is kept or sent", async () => {
+    const page = await browser.open("index.html", { wait: false });
+    const asked = [];
+    page.on("request", (request) => asked.push(`${request.method()} ${request.url().replace(browser.origin, "")}`));
+    await page.reload();
+    await idle(page);
+    await optimum(page, " 36");
+    assert.deepEqual(asked.sort(), [
+      "GET /index.html",
+      "GET /pagina.js",
+      "GET /tabulon.js",
+      "GET /voorbeelden.css",
+      "GET /voorbeelden.svg",
+    ]);
+    const kept = await page.evaluate(async () => [
+      document.cookie,
+      localStorage.length,
+      sessionStorage.length,
+      (await indexedDB.databases()).length,
+      (await caches.keys()).length,
+    ]);
+    assert.deepEqual(kept, ["", 0, 0, 0, 0]);
+    await page.close();
+  });
+
+  test("on a phone can scroll sideways in a box", async () => {
+    const box = (await handbook.$$eval("#docenten code", (nodes) => nodes.map((node) => node.textContent))).find(
+      (text) => text.startsWith("<div"),
+    );
+    assert.equal(box, '<div style="overflow-x: auto">');
+    const pages = {
+      "/": { content: plain(`<meta name="viewport" content="width=device-width">${box}${problem(furniture)}</div>`) },
+      "/tabulon.js": { content: script() },
+    };
+    await served(pages, async (page, origin) => {
+      await page.setViewport({ width: 360, height: 640 });
+      await page.goto(`${origin}/`);
+      await idle(page);
+      assert.equal(await page.evaluate(() => document.documentElement.scrollWidth), 360);
+      assert.ok(await page.$eval("div", (node) => node.scrollWidth >= 600));
+    });
+  });
+
   const saves = async (sandbox) => {
     const frame = (await listing("iframe")).replace("allow-scripts allow-downloads", sandbox);
     const pages = {
