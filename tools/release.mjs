@@ -25,6 +25,7 @@ const texts = {
   "LEESMIJ.txt": "hosts/web/package/LEESMIJ.txt",
   LICENSE: "LICENSE",
   "CHANGELOG.md": "CHANGELOG.md",
+  "SECURITY.md": "SECURITY.md",
 };
 
 // The day on which the version came out, from the heading of the newest one.

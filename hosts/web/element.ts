@@ -22,7 +22,7 @@ const PageElement: typeof HTMLElement = globalThis.HTMLElement ?? class {};
  * The problem is given by attributes, or by `<param>` children of the same names. Lists are numbers separated by
  * commas and are shown as they are written; a blank before a number is the place of its sign. There is room for 10
  * constraints and 30 columns: the decision variables, one column for each "<=" and "=" constraint and two for each
- * ">=" constraint.
+ * ">=" constraint. What a script sets before the first showing counts as if it stood on the page.
  *
  * @example
  * ```html

@@ -104,6 +104,7 @@ describe("the package", () => {
         "prmSTR_GroterGelijkVglen",
         "prmSTR_GelijkVglen",
         "prmSTR_RL",
+        "nofocus",
       ],
     ]);
     // What the types declare, the constructor and what the browser calls aside.

@@ -10,13 +10,15 @@ function Exercise() {
     tableau.current?.ready.catch(({ number }: TabulonError) => console.error(number));
   }, []);
   return (
-    <tabulon-lpctrl ref={tableau} id="LPctrl1">
-      <param name="prmNrBeslisVar" value="2" />
-      <param name="prmNrKleinerGelijkVglen" value="3" />
-      <param name="prmSTR_DLfunctie" value=" -3, -5" />
-      <param name="prmSTR_KleinerGelijkVglen" value=" 1, 0, 0, 2, 3, 2" />
-      <param name="prmSTR_RL" value=" 4, 12, 18" />
-    </tabulon-lpctrl>
+    <tabulon-lpctrl
+      ref={tableau}
+      id="LPctrl1"
+      prmNrBeslisVar={2}
+      prmNrKleinerGelijkVglen={3}
+      prmSTR_DLfunctie=" -3, -5"
+      prmSTR_KleinerGelijkVglen=" 1, 0, 0, 2, 3, 2"
+      prmSTR_RL=" 4, 12, 18"
+    />
   );
 }
 
