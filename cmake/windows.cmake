@@ -31,7 +31,10 @@ function(tabulon_type_library result)
   find_path(TABULON_SYSTEM_IDL oaidl.idl PATHS /usr/include/wine/wine/windows /usr/include/wine/windows
     NO_CMAKE_FIND_ROOT_PATH REQUIRED)
   find_path(TABULON_SYSTEM_TLB stdole2.tlb PATHS ${libraries} NO_CMAKE_FIND_ROOT_PATH REQUIRED)
-  set(widl ${TABULON_WIDL} --win${TABULON_BITS} -I${TABULON_SYSTEM_IDL} -L${TABULON_SYSTEM_TLB})
+  # widl writes the hour into the library; with a clock that stands still the same source makes the same bytes.
+  find_program(TABULON_FAKETIME faketime REQUIRED)
+  set(clock ${CMAKE_COMMAND} -E env TZ=UTC ${TABULON_FAKETIME} -f "2026-01-01 00:00:00")
+  set(widl ${clock} ${TABULON_WIDL} --win${TABULON_BITS} -I${TABULON_SYSTEM_IDL} -L${TABULON_SYSTEM_TLB})
   add_custom_command(OUTPUT ${folder}/Tabulon.tlb ${folder}/Tabulon_idl.h
     COMMAND ${widl} -t -o ${folder}/Tabulon.tlb ${idl}
     COMMAND ${widl} -h -o ${folder}/Tabulon_idl.h ${idl}

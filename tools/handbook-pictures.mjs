@@ -89,6 +89,15 @@ const idle = (page) =>
     await frame();
   });
 
+// What fades or blinks has done so when the same is seen twice.
+async function steady(look) {
+  for (let before = await look(); ; ) {
+    const now = await look();
+    if (Buffer.compare(before, now) === 0) return now;
+    before = now;
+  }
+}
+
 async function take(page, [problem, steps]) {
   await page.evaluate((given) => {
     const element = document.createElement("tabulon-lpctrl");
@@ -102,7 +111,7 @@ async function take(page, [problem, steps]) {
   }
   // Where the pointer rests nothing lights up.
   await page.mouse.move(1, 1);
-  return page.screenshot({ clip: { x: 8, y: 8, width: 616, height: 312 } });
+  return steady(() => page.screenshot({ clip: { x: 8, y: 8, width: 616, height: 312 } }));
 }
 
 async function takeAll(web, executablePath) {
