@@ -37,6 +37,8 @@ export class FormView extends SurfaceView {
   readonly #below: HTMLElement;
   // Its middle, on what it opens over.
   readonly #middle: readonly [number, number];
+  // Where the person has put it.
+  #put: { left: number; top: number } | undefined;
   readonly #listening = new AbortController();
   readonly #unseen: () => void;
   #hasClosed = false;
@@ -138,18 +140,24 @@ export class FormView extends SurfaceView {
     this.dialog.style.top = `${between(0, top, innerHeight - Around.formTitle) / scale}px`;
   }
 
+  // A window that was small for a while, as under a keyboard on the screen, gets the form back where it was.
   #stayInWindow(): void {
     if (!this.dialog.open) return;
-    const { left, top, width, height } = this.dialog.getBoundingClientRect();
-    this.#moveTo(within(left, width, innerWidth), within(top, height, innerHeight));
+    if (!this.#put) return this.#placeOverControl();
+    const { width, height } = this.dialog.getBoundingClientRect();
+    this.#moveTo(within(this.#put.left, width, innerWidth), within(this.#put.top, height, innerHeight));
+  }
+
+  #putAt(left: number, top: number): void {
+    this.#moveTo(left, top);
+    this.#put = this.dialog.getBoundingClientRect();
   }
 
   #drag(pressed: PointerEvent): void {
     if (!pressed.isPrimary || pressed.button !== 0) return;
     const { left, top } = this.dialog.getBoundingClientRect();
     holdPointer(this.#title, pressed, ({ clientX, clientY }, action) => {
-      if (action === PointerAction.Move)
-        this.#moveTo(left + clientX - pressed.clientX, top + clientY - pressed.clientY);
+      if (action === PointerAction.Move) this.#putAt(left + clientX - pressed.clientX, top + clientY - pressed.clientY);
     });
   }
 
@@ -159,7 +167,7 @@ export class FormView extends SurfaceView {
     event.preventDefault();
     event.stopPropagation();
     const { left, top } = this.dialog.getBoundingClientRect();
-    this.#moveTo(left + direction[0] * keyStep, top + direction[1] * keyStep);
+    this.#putAt(left + direction[0] * keyStep, top + direction[1] * keyStep);
   }
 
   // In a small window a form scrolls: what has the focus is to be seen.

@@ -208,13 +208,38 @@ describe("in a window of 320 by 200", () => {
       }
     });
 
-  test("a form that is open stays in a window that becomes small", async () => {
+  const fits = () => {
+    const { left, top, right, bottom } = LPctrl1.shadowRoot.querySelector("dialog").getBoundingClientRect();
+    return left >= 0 && top >= 0 && right <= 320 && bottom <= 200;
+  };
+
+  const stands = ({ left, top }) => {
+    const place = LPctrl1.shadowRoot.querySelector("dialog").getBoundingClientRect();
+    return place.left === left && place.top === top;
+  };
+
+  async function makeSmallAndLargeAgain() {
+    const before = await boxOf(form);
+    await page.setViewport(small);
+    await page.waitForFunction(fits);
+    await page.setViewport({ width: 900, height: 700 });
+    await page.waitForFunction(stands, {}, before);
+  }
+
+  test("a form that is open is wholly seen, and where it was when the window is large again", async () => {
     await open(problem());
     await showAbout();
-    await page.setViewport({ width: 320, height: 200 });
-    await page.waitForFunction(() => {
-      const { left, top, right, bottom } = LPctrl1.shadowRoot.querySelector("dialog").getBoundingClientRect();
-      return left >= 0 && top >= 0 && right <= 320 && bottom <= 200;
-    });
+    await makeSmallAndLargeAgain();
+  });
+
+  test("a form that was dragged is there again when the window is large again", async () => {
+    await open(problem());
+    await showAbout();
+    const [x, y] = middleOf(await boxOf(title));
+    await page.mouse.move(x, y);
+    await page.mouse.down();
+    await page.mouse.move(x + 120, y + 80, { steps: 3 });
+    await page.mouse.up();
+    await makeSmallAndLargeAgain();
   });
 });
