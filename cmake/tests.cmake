@@ -36,6 +36,9 @@ function(tabulon_layer_of room result)
     set(${result} tabulon_headless_host PARENT_SCOPE)
   elseif(room MATCHES "^(numbers|model)$")
     set(${result} tabulon_${room} PARENT_SCOPE)
+  elseif(room STREQUAL lesson)
+    find_library(TABULON_GLPK glpk REQUIRED)  # a solver that is not ours
+    set(${result} tabulon_lesson ${TABULON_GLPK} PARENT_SCOPE)
   else()
     set(${result} tabulon_headless tabulon_test_support PARENT_SCOPE)
   endif()
@@ -104,7 +107,7 @@ function(tabulon_fuzzers)
     endif()
     add_executable(${target} ${source})
     target_link_options(${target} PRIVATE -fsanitize=fuzzer)
-    target_link_libraries(${target} PRIVATE tabulon_outside_options tabulon_headless)
+    target_link_libraries(${target} PRIVATE tabulon_outside_options tabulon_headless tabulon_lesson)
     add_test(NAME fuzz_${name} COMMAND ${target}
       -max_total_time=${TABULON_FUZZ_SECONDS} -timeout=10 -rss_limit_mb=2048 -print_final_stats=1
       -artifact_prefix=${folder}/ ${folder}/corpus ${seeds})

@@ -12,15 +12,18 @@
 const lowest = ["platform"];
 const arithmetic = [...lowest, "numbers"];
 const tableau = [...arithmetic, "model"];
-const subjects = [...tableau, "simplex", "files", "graph", "shell"];
+const operations = [...tableau, "operations"];
+const subjects = [...operations, "simplex", "files", "graph", "shell"];
 const arrows = {
   platform: [],
   numbers: lowest,
   model: arithmetic,
-  simplex: tableau,
+  operations: tableau,
+  lesson: operations, // knows no control
+  simplex: operations,
   files: tableau,
   graph: tableau,
-  shell: [...tableau, "simplex", "files", "graph"], // its menus start what stands there
+  shell: [...operations, "simplex", "files", "graph"], // its menus start what stands there
   "control's parts": subjects,
   control: [...subjects, "control's parts"],
   "hosts/headless": [...subjects, "control's parts", "control"],
@@ -41,6 +44,7 @@ export function layerOf(path) {
   const [folder, second] = path.split("/");
   const name = path.split("/").at(-1);
   if (folder === "hosts") return `hosts/${second}`;
+  if (/^simplex\/(pivot|sweep)\./.test(path)) return "operations";
   if (folder !== "control") return made.find(([pattern]) => pattern.test(path))?.[1] ?? folder;
   if (name.startsWith("basSafeCtl")) return "model";
   return name.startsWith("LPctrl") ? "control" : "control's parts";
