@@ -1,5 +1,6 @@
 #include "control/LPctrl.h"
 
+#include "files/tableau_text.h"
 #include "numbers/display.h"
 
 namespace tabulon {
@@ -33,6 +34,18 @@ Result<> LPctrl::UserControl_Initialize() {
   return {};
 }
 
+Result<> LPctrl::UserControl_ReadProperties(const PropertyBag& page) {
+  const auto done = parameters_.read(page);
+  model_.tell({ChangeCause::Parameters});
+  return done;
+}
+
+std::optional<Result<>> LPctrl::set_property(std::string_view name, const PropertyValue& value) {
+  const auto done = parameters_.set(name, value);
+  if (done && *done) model_.tell({ChangeCause::Parameters});
+  return done;
+}
+
 Task<> LPctrl::UserControl_Show() {
   if (EersteKeer) {
     co_await resting_.take_focus();
@@ -53,6 +66,17 @@ void LPctrl::return_to_start() {
   model_.Breuken = false;
 }
 
+Task<> LPctrl::show_problem() {
+  co_await UserControl_Show();
+  model_.tell({ChangeCause::Problem});
+}
+
+Result<> LPctrl::restore(std::string_view saved) {
+  TRY(restore_tableau(model_, saved));
+  show_opened_tableau();
+  return {};
+}
+
 void LPctrl::show_opened_tableau() {
   model_.PivotRij = 0;
   model_.PivotKolom = 0;
@@ -63,6 +87,7 @@ void LPctrl::show_opened_tableau() {
   grid_.reset_scroll_bars();
   grid_.follow_grid();
   graph_.close();
+  model_.tell({ChangeCause::Restore});
 }
 
 // ---- Events

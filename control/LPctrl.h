@@ -47,16 +47,14 @@ class LPctrl : public platform::Surface, private ProblemView {
   Result<> UserControl_Initialize();
   // Reads the page's parameters and the tableau from them. Errors 6, 9 and 13, the subject naming the
   // parameter; the counts are then what they were, and the tableau is a new one of that size.
-  Result<> UserControl_ReadProperties(const PropertyBag& page) { return parameters_.read(page); }
+  Result<> UserControl_ReadProperties(const PropertyBag& page);
   platform::Task<> UserControl_Show();
   void UserControl_Terminate() {}
 
   // ---- For scripts
   // Sets a write-only property (names are compared without case). Error 6, 9 or 13, the subject naming
   // the property. Nothing for a name that is no property.
-  std::optional<Result<>> set_property(std::string_view name, const PropertyValue& value) {
-    return parameters_.set(name, value);
-  }
+  std::optional<Result<>> set_property(std::string_view name, const PropertyValue& value);
   Result<> InitTableau() { return tabulon::InitTableau(model_); }
   // The display text of a number, which in fractions becomes the number that is shown; see numbers/display.h.
   std::string strSoortGetal(std::int16_t Soort, double& Getal) const;
@@ -64,6 +62,8 @@ class LPctrl : public platform::Surface, private ProblemView {
   Result<> SchrijfTableau(std::string_view strFile) { return files_.SchrijfTableau(strFile); }
   // Error 54 for every file that is there, and nothing is read; 52, 53, 70, 76 for the others.
   Result<> LeesTableau(std::string_view strFile) { return files_.LeesTableau(strFile); }
+  // Puts a saved tableau back and shows it; nothing changes when that fails. Errors as for restore_tableau.
+  Result<> restore(std::string_view saved);
   platform::Task<> ShowAboutBox() { return messages_.ShowAboutBox(); }
   platform::Task<> ShowfrmMelding() { return messages_.ShowfrmMelding(); }
   platform::Task<> ShowfrmFoutmelding() { return messages_.ShowfrmFoutmelding(); }
@@ -94,7 +94,7 @@ class LPctrl : public platform::Surface, private ProblemView {
 
   // ---- ProblemView
   Result<> start_problem() override { return UserControl_Initialize(); }
-  platform::Task<> show_problem() override { return UserControl_Show(); }
+  platform::Task<> show_problem() override;
   void show_opened_tableau() override;
 
   basSafeCtl& model_;

@@ -243,6 +243,18 @@ Result<> rewrite_texts(basSafeCtl& model) {
   return {};
 }
 
+void copy_tableau(basSafeCtl& to, const basSafeCtl& from) {
+  for (const auto number :
+       {&basSafeCtl::NrBeslisVar, &basSafeCtl::NrKleinerGelijkVglen, &basSafeCtl::NrGroterGelijkVglen,
+        &basSafeCtl::NrGelijkVglen, &basSafeCtl::NrSpelingsVar, &basSafeCtl::NrSurplusVar,
+        &basSafeCtl::NrKunstmatigeVar, &basSafeCtl::BigM, &basSafeCtl::NrTableau, &basSafeCtl::StartKolom,
+        &basSafeCtl::StartRij})
+    to.*number = from.*number;
+  to.current = from.current;
+  to.first = from.first;
+  to.Breuken = from.Breuken;
+}
+
 Result<> restore_first_tableau(basSafeCtl& model) {
   const Shape shape = TRY(model.shape());
   model.NrTableau = 1;

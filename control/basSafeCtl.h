@@ -17,6 +17,7 @@
 #include <string_view>
 #include <vector>
 
+#include "control/basSafeCtl_changes.h"
 #include "platform/run_time_error.h"
 #include "platform/text_file.h"
 
@@ -176,6 +177,12 @@ struct basSafeCtl {
   std::vector<platform::TextFile> open_files;  // read and not closed
   ErrorNumber error_number{};                  // noted, not raised
 
+  // ---- Who stands around the controls
+  TableauObserver* observer = nullptr;
+  void tell(const TableauChange& change) const {
+    if (observer) observer->tableau_changed(change);
+  }
+
   int rows() const { return NrKleinerGelijkVglen + NrGroterGelijkVglen + NrGelijkVglen; }
   int columns() const { return NrBeslisVar + NrSpelingsVar + NrSurplusVar + NrKunstmatigeVar; }
   ProblemSize size() const { return {NrBeslisVar, NrKleinerGelijkVglen, NrGroterGelijkVglen, NrGelijkVglen}; }
@@ -196,6 +203,10 @@ struct basSafeCtl {
 // coefficients, the unit columns, the basis, and M in row F under the artificial columns. Error 9, and
 // nothing written, when the counts ask for more than 10 rows or 30 columns.
 Result<> InitTableau(basSafeCtl& model);
+
+// Copies the tableau, the first one, the counts, the mode and what the grid shows first; nothing of what
+// commands hand each other.
+void copy_tableau(basSafeCtl& to, const basSafeCtl& from);
 
 // Gives every number of the current tableau its display text in the mode of `Breuken`; fractions also make
 // each value exactly the fraction that is shown. Error 9 as for InitTableau.

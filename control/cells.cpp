@@ -24,8 +24,8 @@ std::optional<double> evaluated(std::string_view text) {
 std::optional<Cells::StoredCell> Cells::stored_cell(GridBox cell) {
   const std::optional<TableauPlace> place = grid_.place_of(cell);
   if (!place) return {};
-  if (place->row == 0) return StoredCell{model_.current.row_F(), model_.first.row_F(), place->column};
-  return StoredCell{model_.current.row(place->row), model_.first.row(place->row), place->column};
+  if (place->row == 0) return StoredCell{model_.current.row_F(), model_.first.row_F(), place->column, 0};
+  return StoredCell{model_.current.row(place->row), model_.first.row(place->row), place->column, place->row};
 }
 
 void Cells::got_focus(GridBox cell) {
@@ -46,11 +46,13 @@ std::optional<Cells::Entry> Cells::entry_in(const platform::Control* control) {
 }
 
 // False when the text cannot be read, and then nothing is stored.
-bool Cells::store(const Entry& entry) {
+bool Cells::store(const Entry& entry) const {
   const auto value = evaluated(entry.box.text());
   if (!value) return false;
   entry.cell.current.write(entry.cell.column, *value, entry.box.text());
   entry.cell.first.write(entry.cell.column, *value, entry.box.text());
+  const bool right = entry.cell.column == CellRow::right_hand_side;
+  model_.tell({.cause = ChangeCause::Cell, .column = right ? 0 : entry.cell.column, .row = entry.cell.row});
   return true;
 }
 

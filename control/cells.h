@@ -47,6 +47,7 @@ class Cells : public WalkedCells {
     CellRow& current;
     CellRow& first;
     int column;
+    int row;  // 0 for row F
   };
   // A cell whose box has another text than is stored.
   struct Entry {
@@ -55,7 +56,7 @@ class Cells : public WalkedCells {
   };
   std::optional<StoredCell> stored_cell(GridBox cell);
   std::optional<Entry> entry_in(const platform::Control* control);
-  static bool store(const Entry& entry);
+  bool store(const Entry& entry) const;
   static void undo(const Entry& entry);
   platform::Task<> refuse(platform::TextBox& box);
 

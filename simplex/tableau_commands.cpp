@@ -45,6 +45,7 @@ Task<bool> TableauCommands::BasisoplossingOpvragen() {
   const auto done = canonicalise(model());
   around_.surface.report(done);
   model().DialoogOK = false;
+  if (done) model().tell({ChangeCause::BasicSolution});
   if (model().rows() > 0) close_fill_in();
   around_.tableau.follow_grid();
   co_await rest_focus();
@@ -53,14 +54,18 @@ Task<bool> TableauCommands::BasisoplossingOpvragen() {
 
 void TableauCommands::KolomNormeren() {
   if (!model().DialoogOK) return;
-  around_.surface.report(normalise_column(model()));
+  const auto done = normalise_column(model());
+  around_.surface.report(done);
+  if (done) model().tell({.cause = ChangeCause::Normalise, .column = model().NormeerKolom});
   close_fill_in();
 }
 
-bool TableauCommands::KolomVegen() {
+bool TableauCommands::KolomVegen(ChangeCause cause) {
   if (!model().DialoogOK) return false;
+  const TableauChange change{.cause = cause, .column = model().PivotKolom, .row = model().PivotRij};
   const auto done = sweep_column(model());
   around_.surface.report(done);
+  if (done) model().tell(change);
   model().DialoogOK = false;
   close_fill_in();
   return done.has_value();
@@ -81,7 +86,7 @@ Task<> TableauCommands::mnu_Kolommen_Normeren_Click() {
 
 Task<> TableauCommands::mnu_Kolommen_vegen_Click() {
   co_await ask(frmKolommen_vegen);
-  KolomVegen();
+  KolomVegen(ChangeCause::Sweep);
   co_await rest_focus();
   around_.graph.rebuild();
 }
@@ -140,7 +145,7 @@ Task<> TableauCommands::mnu_Automatisch_vegen_Click() {
     co_await around_.messages.announce("Kolom" + numbers::Str(model().PivotKolom) + " vegen met rij" +
                                        numbers::Str(model().PivotRij));
     model().DialoogOK = true;
-    if (!KolomVegen()) co_return;
+    if (!KolomVegen(ChangeCause::AutomaticSweep)) co_return;
     around_.graph.rebuild();
     co_await pause_one_second();
   }
@@ -154,6 +159,7 @@ Task<> TableauCommands::mnu_optimaliseren_Click() {
     search = optimise(model(), sweeps_between_yields);
   }
   around_.surface.report(search);
+  if (search) model().tell({ChangeCause::Optimise});
   around_.tableau.redraw();
   around_.tableau.follow_grid();
   if (search) co_await ZoekPivotElement();
@@ -172,6 +178,7 @@ void TableauCommands::mnu_Reset_Click() {
   open_fill_in();
   around_.tableau.reset_scroll_bars();
   around_.graph.rebuild();
+  model().tell({ChangeCause::Reset});
 }
 
 void TableauCommands::mnu_Breuken_Click() {
@@ -179,6 +186,7 @@ void TableauCommands::mnu_Breuken_Click() {
   around_.surface.report(rewrite_texts(model()));
   around_.tableau.redraw();
   around_.graph.numbers_rewritten();
+  model().tell({ChangeCause::Fractions});
 }
 
 }  // namespace tabulon

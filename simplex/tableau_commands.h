@@ -59,7 +59,7 @@ class TableauCommands {
   platform::Task<bool> ZoekPivotElement();
   platform::Task<> ask(const ColumnDialogDesign& design);
   void KolomNormeren();
-  bool KolomVegen();
+  bool KolomVegen(ChangeCause cause);
   platform::Task<> pause_one_second();
   platform::Task<> rest_focus();
   void set_fill_in(bool on);

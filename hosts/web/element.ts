@@ -8,6 +8,7 @@ import type { Texts } from "./module.js";
 import { loadPage, type Page } from "./page.js";
 import { readParameters, whenGiven } from "./parameters.js";
 import { sheetOf } from "./styles.js";
+import { type Tableau, type TableauChange, toLatin } from "./tableau.js";
 
 /** A whole number of 16 bits (-32768 to 32767), or a text that is one. */
 export type Count = number | string;
@@ -279,6 +280,25 @@ export class TabulonLPctrl extends PageElement {
     return this.#callWithFile("LeesTableau", strFile);
   }
 
+  // ---- For what stands around it
+
+  // The tableau as it is; undefined before `ready`. Error 9 when the counts that a script has set make none.
+  get tableau(): Tableau | undefined {
+    return this.#view && this.#page?.tableau();
+  }
+
+  // Puts a saved tableau back: the text that Save writes, and that `tableau.saved` holds. Nothing changes when that
+  // fails: error 54 for a text of another kind, 6 and 9 for numbers that make no tableau, 62 when it ends too soon.
+  restore(text: string): void {
+    const bytes = toLatin(String(text));
+    this.#whenThere((page, { surface }) =>
+      this.#ask(page, (module, texts) => {
+        texts.giveBytes(bytes);
+        return module.restore(surface.id);
+      }),
+    );
+  }
+
   // ---- How it starts
 
   async #start(): Promise<void> {
@@ -413,5 +433,7 @@ declare global {
   interface HTMLElementEventMap {
     /** What went wrong where no script was asking. */
     "tabulon-error": CustomEvent<TabulonError>;
+    // What was done to the tableau, when it has been done and is seen.
+    "tabulon-change": CustomEvent<TableauChange>;
   }
 }

@@ -9,6 +9,7 @@
 
 #include "control/LPctrl.h"
 #include "hosts/web/page_parameters.h"
+#include "hosts/web/tableau_record.h"
 #include "hosts/web/web_host.h"
 #include "numbers/conversions.h"
 #include "platform/look.h"
@@ -29,6 +30,8 @@ struct Page {
   basSafeCtl model;
   std::vector<std::unique_ptr<LPctrl>> elements;
   std::string argument, answer;
+
+  Page() { model.observer = &host; }
 
   LPctrl* element(int id) const {
     const auto found = std::ranges::find(elements, host.surface(id), &std::unique_ptr<LPctrl>::get);
@@ -170,6 +173,19 @@ int Exports::LeesTableau(int id) {
   const std::string name = page.take_argument();
   LPctrl* const element = page.element(id);
   return element ? page.finish(element->LeesTableau(name)) : 0;
+}
+
+int Exports::restore(int id) {
+  const std::string saved = page.take_argument();
+  LPctrl* const element = page.element(id);
+  return element ? page.finish(element->restore(saved).about("restore")) : 0;
+}
+
+int Exports::tableau() {
+  Record record;
+  const int number = page.finish(write_tableau_record(record, page.model).about("tableau"));
+  if (number == 0) page.answer.assign(reinterpret_cast<const char*>(record.data()), record.size());
+  return number;
 }
 
 int Exports::strSoortGetal(int id, double Soort, double Getal) {

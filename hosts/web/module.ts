@@ -15,7 +15,9 @@ export interface Texts {
   give(...texts: string[]): void;
   // A file's name, and after a NUL its bytes.
   giveFile(name: string, content: Uint8Array): void;
+  giveBytes(content: Uint8Array): void;
   answer(): string;
+  answerBytes(): Uint8Array;
 }
 
 // Texts and bytes in the module's memory, which moves when it grows: it is looked up each time.
@@ -39,6 +41,10 @@ export class Module implements Texts {
     this.#give(encoder.encode(`${name}\0`), content);
   }
 
+  giveBytes(content: Uint8Array): void {
+    this.#give(content);
+  }
+
   #give(...parts: Uint8Array[]): void {
     const length = parts.reduce((sum, part) => sum + part.length, 0);
     let at = this.exports.argument(length);
@@ -50,6 +56,10 @@ export class Module implements Texts {
 
   answer(): string {
     return this.text(this.exports.answer_at(), this.exports.answer_size());
+  }
+
+  answerBytes(): Uint8Array {
+    return this.copy(this.exports.answer_at(), this.exports.answer_size());
   }
 }
 

@@ -14,6 +14,7 @@ import {
   readMenuChange,
   readOpenedSurface,
   readSurfaceChange,
+  readToldChange,
   readWrittenFile,
 } from "#wire";
 import { playBeep } from "./beep.js";
@@ -25,6 +26,7 @@ import { Files } from "./files.js";
 import { MenuView } from "./menu_view.js";
 import { loadModule, type Module, type Send, type Texts } from "./module.js";
 import { RecordReader } from "./record.js";
+import { readTableau, type Tableau, type TableauChange } from "./tableau.js";
 import { Turns } from "./turns.js";
 
 interface Creating {
@@ -237,6 +239,22 @@ export class Page implements Surroundings {
     this.#files.forget();
   }
 
+  // ---- Who stands around the elements
+
+  // The error's number and subject, for counts that make no tableau.
+  tableau(): Tableau {
+    const [number, answer] = this.send((module, texts) => [module.tableau(), texts.answerBytes()] as const);
+    if (number) throw new TabulonError(number, "tableau");
+    return readTableau(new RecordReader(answer));
+  }
+
+  // The tableau is that of all elements, so each of them tells.
+  #tellOf(change: TableauChange): void {
+    const hosts = [...this.#elements.values()].map((element) => element.deref()?.host);
+    for (const host of new Set(hosts))
+      host?.dispatchEvent(new CustomEvent("tabulon-change", { detail: change, bubbles: true, composed: true }));
+  }
+
   // An error that no script is there to catch.
   report(host: HTMLElement | undefined, error: TabulonError): void {
     console.error(error);
@@ -289,6 +307,12 @@ export class Page implements Surroundings {
           this.#calls.get(call)?.ended();
           this.#calls.delete(call);
         });
+      },
+      tableau_changed: (at, size) => {
+        const { cause, column, row } = readToldChange(this.#record(at, size));
+        const change = { cause, column, row } as TableauChange;
+        // Behind all that the module asks for in this turn, so that what is told is seen.
+        this.#turns.afterwards(() => this.#turns.afterwards(() => this.#tellOf(change)));
       },
     };
   }

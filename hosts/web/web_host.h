@@ -11,6 +11,7 @@
 
 #include <vector>
 
+#include "control/basSafeCtl_changes.h"
 #include "hosts/web/mirror.h"
 #include "hosts/web/record.h"
 #include "hosts/web/web_files.h"
@@ -20,7 +21,7 @@
 
 namespace tabulon::web {
 
-class WebHost : public platform::Host {
+class WebHost : public platform::Host, public TableauObserver {
  public:
   int add(platform::Surface& surface);
   void remove(platform::Surface& surface);
@@ -54,6 +55,8 @@ class WebHost : public platform::Host {
 
   void report(platform::Surface& surface, const RunTimeError& error) override;
   void call_ended(platform::Ticket call) override;
+
+  void tableau_changed(const TableauChange& change) override;
 
  private:
   struct Shown {

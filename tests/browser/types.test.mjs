@@ -21,7 +21,7 @@ const options = "--noEmit --strict --lib es2022,dom --module esnext --moduleReso
 // What the compiler says of a script of the page's author.
 async function complaints(script) {
   const file = join(folder, "page.ts");
-  await writeFile(file, `import { TabulonError, type Count } from "./types/tabulon.js";\n${script}\n`);
+  await writeFile(file, `import { TabulonError, type Count, type TableauCell } from "./types/tabulon.js";\n${script}\n`);
   const compiler = join(root, "node_modules/typescript/bin/tsc");
   return new Promise((resolve) =>
     execFile(process.execPath, [compiler, ...options, "", file], { cwd: folder }, (error, said) =>
@@ -37,7 +37,10 @@ test("an author's script compiles with the element, its error and its event", as
     tableau.prmNrKleinerGelijkVglen = rows;
     tableau.ready.catch((error: unknown) => error instanceof TabulonError && error.number);
     addEventListener("load", () => void tableau.ShowAboutBox().then(() => tableau.strSoortGetal(true, 0.5)));
-    tableau.addEventListener("tabulon-error", ({ detail }) => detail.subject);`;
+    tableau.addEventListener("tabulon-error", ({ detail }) => detail.subject);
+    tableau.addEventListener("tabulon-change", ({ detail }) => detail.cause === "sweep" && detail.row);
+    const cell: TableauCell | undefined = tableau.tableau?.current.rows[0]?.cells[1];
+    if (tableau.tableau) tableau.restore(tableau.tableau.saved);`;
   assert.equal(await complaints(script), "");
 });
 

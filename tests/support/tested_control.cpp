@@ -57,6 +57,9 @@ Result<> TestedControl::SchrijfTableau(std::string_view strFile) {
 Result<> TestedControl::LeesTableau(std::string_view strFile) {
   return control_->LeesTableau(strFile);
 }
+Result<> TestedControl::restore(std::string_view saved) {
+  return control_->restore(saved);
+}
 Task<> TestedControl::ShowAboutBox() {
   return control_->ShowAboutBox();
 }

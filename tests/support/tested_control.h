@@ -43,6 +43,7 @@ class TestedControl {
   std::string strSoortGetal(std::int16_t Soort, double& Getal) const;
   Result<> SchrijfTableau(std::string_view strFile);
   Result<> LeesTableau(std::string_view strFile);
+  Result<> restore(std::string_view saved);
   platform::Task<> ShowAboutBox();
   platform::Task<> ShowfrmMelding();
   platform::Task<> ShowfrmFoutmelding();
