@@ -94,7 +94,7 @@ class Teller {
   }
 
   std::string sentence_of(const RowQuotient& each) const {
-    const std::string row = "Rij " + std::to_string(each.row) + ": ";
+    std::string row = "Rij " + std::to_string(each.row) + ": ";
     const std::string division =
         number(each.right) + " : " + divisor(each.entry) + " = " + number(each.quotient);
     switch (each.reason) {

@@ -168,18 +168,21 @@ class Scanner {
         return push_sign(pair.starts_with('=') ? turned(pair) : pair, 2);
     constexpr std::string_view single = "+-*/^()=,:";
     if (single.contains(text_[at_])) return push_sign(text_.substr(at_, 1), 1);
-    if (const auto plain = plain_sign(character.code); plain == "pi") {
+    return scan_other_way_of_writing(character);
+  }
+
+  Found<void> scan_other_way_of_writing(Character character) {
+    const std::string_view plain = plain_sign(character.code);
+    if (plain.empty()) return refuse(character);
+    if (plain != "pi" && plain != "^2") return push_sign(plain, character.bytes);
+    if (plain == "pi") {
       push({.kind = TokenKind::Name, .text = "pi", .as_written = "π"}, character.bytes);
-      return {};
-    } else if (plain == "^2") {
+    } else {
       push({.kind = TokenKind::Sign, .text = "^", .as_written = "²"}, 0);
       push({.kind = TokenKind::Number, .text = "2", .as_written = "²", .value = Rational(2)},
            character.bytes);
-      return {};
-    } else if (!plain.empty()) {
-      return push_sign(plain, character.bytes);
     }
-    return refuse(character);
+    return {};
   }
 
   static std::string_view turned(std::string_view pair) { return pair == "=<" ? "<=" : ">="; }

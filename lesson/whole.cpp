@@ -102,9 +102,9 @@ Whole::Whole(std::int64_t value) : negative_(value < 0) {
   for (; left != 0; left >>= limb_bits) limbs_.push_back(low_limb(left));
 }
 
-Whole::Whole(Limbs limbs, bool negative) : limbs_(std::move(limbs)) {
+Whole::Whole(Limbs limbs, bool negative) : limbs_(std::move(limbs)), negative_(negative) {
   drop_zeros(limbs_);
-  negative_ = negative && !limbs_.empty();
+  if (limbs_.empty()) negative_ = false;
 }
 
 int Whole::bits() const {

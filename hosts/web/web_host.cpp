@@ -139,8 +139,8 @@ void WebHost::call_ended(Ticket call) {
 
 void WebHost::tableau_changed(const TableauChange& change) {
   record_.clear();
-  wire::write(record_, wire::ToldChange{
-                           .cause = words_of(change.cause), .column = change.column, .row = change.row});
+  wire::write(record_,
+              wire::ToldChange{.cause = words_of(change.cause), .column = change.column, .row = change.row});
   page::tableau_changed(record_.data(), record_.size());
 }
 

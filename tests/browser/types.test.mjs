@@ -21,7 +21,10 @@ const options = "--noEmit --strict --lib es2022,dom --module esnext --moduleReso
 // What the compiler says of a script of the page's author.
 async function complaints(script) {
   const file = join(folder, "page.ts");
-  await writeFile(file, `import { TabulonError, type Count, type TableauCell } from "./types/tabulon.js";\n${script}\n`);
+  await writeFile(
+    file,
+    `import { TabulonError, type Count, type TableauCell } from "./types/tabulon.js";\n${script}\n`,
+  );
   const compiler = join(root, "node_modules/typescript/bin/tsc");
   return new Promise((resolve) =>
     execFile(process.execPath, [compiler, ...options, "", file], { cwd: folder }, (error, said) =>

@@ -24,13 +24,13 @@ Rational RandomProblems::any_number() {
     case 0:
       return {};
     case 1:
-      return Rational(random_.between(-300, 300), random_.between(1, 60));
+      return {random_.between(-300, 300), random_.between(1, 60)};
     case 2:
       return rational_near(random_.tableau_number() * 1e-3);
     case 3:
       return Rational(static_cast<std::int64_t>(random_.bits()) >> random_.between(1, 60));
     case 4:
-      return Rational(random_.between(-99999, 99999), 1000);
+      return {random_.between(-99999, 99999), 1000};
     default:
       return Rational(random_.between(-20, 20));
   }
