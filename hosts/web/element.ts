@@ -8,7 +8,8 @@ import type { Texts } from "./module.js";
 import { loadPage, type Page } from "./page.js";
 import { readParameters, whenGiven } from "./parameters.js";
 import { sheetOf } from "./styles.js";
-import { type Tableau, type TableauChange, toLatin } from "./tableau.js";
+import type { Tableau, TableauChange } from "./tableau.js";
+import { toLatin } from "./tableau_record.js";
 
 /** A whole number of 16 bits (-32768 to 32767), or a text that is one. */
 export type Count = number | string;

@@ -26,7 +26,8 @@ import { Files } from "./files.js";
 import { MenuView } from "./menu_view.js";
 import { loadModule, type Module, type Send, type Texts } from "./module.js";
 import { RecordReader } from "./record.js";
-import { readTableau, type Tableau, type TableauChange } from "./tableau.js";
+import type { Tableau, TableauChange } from "./tableau.js";
+import { readTableau } from "./tableau_record.js";
 import { Turns } from "./turns.js";
 
 interface Creating {

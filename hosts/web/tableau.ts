@@ -1,7 +1,4 @@
 // The tableau that the elements of a page share, as a script sees it: a picture of the moment, which does not change.
-import { readSavedTableau, readTableauBasis, readTableauCell, readTableauColumn, readTableauHead } from "#wire";
-import type { RecordReader } from "./record.js";
-
 export interface TableauCell {
   readonly value: number;
   // As it is shown, with the blank of the sign's place.
@@ -59,43 +56,4 @@ export interface TableauChange {
   // Of a cell, a sweep or a normalisation; else 0. A cell's column is 0 for the right-hand side, its row 0 for row F.
   readonly column: number;
   readonly row: number;
-}
-
-const times = <Value>(count: number, make: () => Value): readonly Value[] => Array.from({ length: count }, make);
-
-// A saved tableau is Latin text of 8 bits.
-const fromLatin = (bytes: Uint8Array) => Array.from(bytes, (byte) => String.fromCharCode(byte)).join("");
-export const toLatin = (text: string): Uint8Array =>
-  Uint8Array.from(text, (letter) => (letter > "\u00ff" ? 63 : letter.charCodeAt(0)));
-
-export function readTableau(record: RecordReader): Tableau {
-  const head = readTableauHead(record);
-  const rowCount = head.lessEqual + head.greaterEqual + head.equal;
-  const columnCount = head.decision + rowCount + head.greaterEqual;
-  const basis = times(rowCount, () => readTableauBasis(record));
-  const columns = times(columnCount, () => readTableauColumn(record)) as Tableau["columns"];
-  const readCell = (): TableauCell => {
-    const { value, shown } = readTableauCell(record);
-    return { value, text: shown };
-  };
-  const readRow = (): TableauRow => ({ cells: times(columnCount, readCell), right: readCell() });
-  const readState = (which: "current" | "first"): TableauState => ({
-    rowF: readRow(),
-    rows: times(rowCount, readRow),
-    basis: basis.map((row) => row[which]),
-  });
-  return {
-    NrTableau: head.number,
-    NrBeslisVar: head.decision,
-    NrKleinerGelijkVglen: head.lessEqual,
-    NrGroterGelijkVglen: head.greaterEqual,
-    NrGelijkVglen: head.equal,
-    BigM: head.bigM,
-    Breuken: head.fractions,
-    pivot: head.pivotRow ? { column: head.pivotColumn, row: head.pivotRow } : null,
-    columns,
-    current: readState("current"),
-    first: readState("first"),
-    saved: fromLatin(readSavedTableau(record).content),
-  };
 }
