@@ -2,7 +2,8 @@
 #
 #   tests/<room>/*_test.cpp        one executable <room>_tests; other .cpp of the folder are its helpers
 #   tests/support/*.cpp            helpers of every room from control upwards
-#   fuzz/<name>_fuzz.cpp           one fuzzer <name>_fuzz, with first inputs in fuzz/seeds/<name>/
+#   fuzz/<name>_fuzz.cpp           one fuzzer <name>_fuzz, with first inputs in fuzz/seeds/<name>/, and words in
+#                                  fuzz/dictionaries/<name>.dict
 #   benchmarks/*_benchmark.cpp     one executable, benchmarks
 #
 # The text TABULON_SOURCE_DIR is the folder of this project, for tests that read files of it.
@@ -101,16 +102,19 @@ function(tabulon_fuzzers)
     # The corpus stays in the build folder and grows; a failing input is left beside it.
     set(folder ${CMAKE_BINARY_DIR}/fuzz/${name})
     set(seeds ${PROJECT_SOURCE_DIR}/fuzz/seeds/${name})
-    file(MAKE_DIRECTORY ${folder}/corpus)
-    if(NOT EXISTS ${seeds})
-      set(seeds "")
+    set(words ${PROJECT_SOURCE_DIR}/fuzz/dictionaries/${name}.dict)
+    # The reader begins with the files that other tests read, one of them as large as a tableau can be.
+    if(name STREQUAL "reader")
+      set(seeds ${PROJECT_SOURCE_DIR}/tests/files/golden)
+      set(words ${PROJECT_SOURCE_DIR}/fuzz/dictionaries/tableau.dict)
     endif()
+    file(MAKE_DIRECTORY ${folder}/corpus)
     add_executable(${target} ${source})
     target_link_options(${target} PRIVATE -fsanitize=fuzzer)
     target_link_libraries(${target} PRIVATE tabulon_outside_options tabulon_headless tabulon_lesson)
     add_test(NAME fuzz_${name} COMMAND ${target}
       -max_total_time=${TABULON_FUZZ_SECONDS} -timeout=10 -rss_limit_mb=2048 -print_final_stats=1
-      -artifact_prefix=${folder}/ ${folder}/corpus ${seeds})
+      -dict=${words} -artifact_prefix=${folder}/ ${folder}/corpus ${seeds})
     set_tests_properties(fuzz_${name} PROPERTIES
       ENVIRONMENT "${environment}" LABELS fuzz TIMEOUT ${timeout})
   endforeach()

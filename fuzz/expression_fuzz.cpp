@@ -5,10 +5,10 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 
+#include "fuzz/require.h"
 #include "numbers/conversions.h"
 #include "numbers/display.h"
 #include "numbers/expression.h"
@@ -16,10 +16,7 @@
 namespace {
 
 using namespace tabulon::numbers;
-
-void require(bool holds) {
-  if (!holds) std::abort();
-}
+using tabulon::fuzz::require;
 
 bool begins_with_sign_or_blank(std::string_view text) {
   return text.starts_with('-') || text.starts_with(' ');

@@ -2,61 +2,25 @@
 // require(); the first failure stops the run.
 
 #include <algorithm>
-#include <cmath>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
-#include <string_view>
 
-#include "files/tableau_file.h"
-#include "hosts/headless/memory_files.h"
+#include "fuzz/reading.h"
 #include "simplex/pivot.h"
 #include "simplex/sweep.h"
 
 namespace {
 
 using namespace tabulon;
+using namespace tabulon::fuzz;
 using platform::MemoryFiles;
 using platform::TextFile;
 
-void require(bool holds) {
-  if (!holds) std::abort();
-}
-
-template <class T>
-bool ended_in(const Result<T>& result, ErrorNumber number) {
-  return !result && result.error().number == number;
-}
-
-Result<TableauRead> read(basSafeCtl& model, MemoryFiles& files) {
-  auto file = TextFile::open(files, "a.tbl", TextFile::Mode::Input);
-  require(file.has_value());
-  const std::string header = TRY(file->read_line());
-  return read_after_header(model, header, *file);
-}
-
 Result<> write(basSafeCtl& model, MemoryFiles& files) {
-  auto file = TextFile::open(files, "a.tbl", TextFile::Mode::Output);
+  auto file = TextFile::open(files, file_name, TextFile::Mode::Output);
   require(file.has_value());
   return write_tableau(model, *file);
-}
-
-void check_outcome(const Result<TableauRead>& outcome, const basSafeCtl& model) {
-  if (!outcome)
-    require(ended_in(outcome, ErrorNumber::InputPastEnd) || ended_in(outcome, ErrorNumber::Overflow) ||
-            ended_in(outcome, ErrorNumber::SubscriptOutOfRange));
-  else if (*outcome == TableauRead::Read)
-    require(model.shape().has_value());
-  else
-    require(model.NrTableau == basSafeCtl{}.NrTableau);
-}
-
-void check_finite(const basSafeCtl& model, Shape shape) {
-  for (const TableauState* const tableau : {&model.current, &model.first}) {
-    require(tableau->row_F().all_finite(shape.columns));
-    for (int row = 1; row <= shape.rows; ++row) require(tableau->row(row).all_finite(shape.columns));
-  }
 }
 
 // One item a line, whatever the texts hold.
@@ -73,18 +37,18 @@ void check_written(basSafeCtl& model) {
     require(ended_in(written, ErrorNumber::SubscriptOutOfRange) || ended_in(written, ErrorNumber::Overflow));
     return;
   }
-  const std::string bytes = files.contents["a.tbl"];
+  const std::string bytes = files.contents[file_name];
   if (const auto shape = model.shape()) check_lines(bytes, *shape);
   basSafeCtl back;
   const auto done = read(back, files);
   require(done && *done == TableauRead::Read);
-  require(write(back, files) && files.contents["a.tbl"] == bytes);
+  require(write(back, files) && files.contents[file_name] == bytes);
 }
 
 template <class T>
 void check_operation(const basSafeCtl& model, const Result<T>& done) {
   require(done || ended_in(done, ErrorNumber::SubscriptOutOfRange) || ended_in(done, ErrorNumber::Overflow));
-  if (const auto shape = model.shape()) check_finite(model, *shape);
+  if (const auto shape = model.shape()) require_finite(model, shape->rows, shape->columns);
 }
 
 void sweep_at_found_pivot(basSafeCtl& model) {
@@ -113,9 +77,9 @@ void work(basSafeCtl& model) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   MemoryFiles files;
-  files.contents["a.tbl"] = std::string(reinterpret_cast<const char*>(data), size);
+  files.contents[file_name] = std::string(reinterpret_cast<const char*>(data), size);
   basSafeCtl model;
-  check_outcome(read(model, files), model);
+  check_reading(read(model, files), model);
   check_written(model);
   work(model);
   model.Breuken = !model.Breuken;
