@@ -551,6 +551,14 @@ TEST_F(ListsWithoutShow, BeyondTheStorageAreRefusedAndTheTableauStays) {
   EXPECT_EQ(cell(3, 1), " 3");
 }
 
+TEST_F(ListsWithoutShow, OfMoreRowsThan16BitsCountAreRefusedAsShowIs) {
+  open(two_products);
+  set("prmNrGroterGelijkVglen", 32767.0);
+  set("prmNrGelijkVglen", 32767.0);
+  EXPECT_EQ(error_of("prmRL", std::string(" 1")), 6);
+  EXPECT_EQ(cell(3, 1), " 3");
+}
+
 // ---- A script that comes at a bad moment
 
 class ScriptAtABadMoment : public ControlTest {};
