@@ -79,7 +79,7 @@ export const activex = ({ rounds = 1000, program = "build/windows/activex_tests.
     program,
     through: [join(root, "tools/in-wine.sh"), "wine"],
     filter: "InPlaceHostileInAContainer.*",
-    env: { TABULON_ROUNDS: rounds },
+    env: { TABULON_ROUNDS: rounds, TABULON_WINDOWS: 1 },
     events: rounds * 4,
   });
 
