@@ -192,10 +192,10 @@ function faultsOf(element) {
 
 // In the page, before the rest. `afterwards` waits until the elements wait for the person, or tells that one works on
 // and on; a second of the control's is a hundredth of the walk's, and its day begins at ten, so that no walk goes past
-// midnight.
+// midnight. A wait of ten seconds or more is no control's: a driver counts the patience that it has with a script here.
 const inPage = `{
   const wait = setTimeout, Real = Date, begin = Real.now(), ten = new Real(2026, 0, 5, 10).getTime();
-  window.setTimeout = (done, time, ...given) => wait(done, time / 100, ...given);
+  window.setTimeout = (done, time, ...given) => wait(done, time < 10000 ? time / 100 : time, ...given);
   window.Date = class extends Real {
     constructor(...given) { given.length ? super(...given) : super(window.Date.now()); }
     static now() { return ten + (Real.now() - begin) * 100; }
@@ -284,6 +284,7 @@ const pageOfAWalk = `<!doctype html>
 class Walk {
   #random;
   #done = [];
+  #begun; // the event that is not done, as far as it is known
   #doings;
 
   constructor(page, seed, comeAndGo) {
@@ -305,6 +306,7 @@ class Walk {
   // One event and what must be right after it: the names of the forms and menus that are open then.
   async step() {
     const doing = this.#one(this.#doings);
+    this.#begun = doing.name;
     try {
       this.#done.push(await doing.call(this));
       const { found, ...open } = await this.page.evaluate(`afterwards(${patience})`);
@@ -313,7 +315,7 @@ class Walk {
       return open;
     } catch (error) {
       const way = this.#done.slice(-12).join("\n  ");
-      const where = `seed ${this.seed}, event ${this.#done.length} (${doing.name})`;
+      const where = `seed ${this.seed}, event ${this.#done.length} (${this.#begun})`;
       throw new Error(`${where}: ${error.message}\nafter\n  ${way}`, { cause: error });
     }
   }
@@ -378,8 +380,9 @@ class Walk {
     const value = this.#one(values);
     const method = this.#random(4) === 0 ? this.#one(methods) : null;
     const at = this.#random(mostElements);
-    const number = await this.page.evaluate(tellElement, at, name, value, method);
     const told = `${at}: ${method ?? `${name} = ${JSON.stringify(value)}`}`;
+    this.#begun = told;
+    const number = await this.page.evaluate(tellElement, at, name, value, method);
     assert.ok([0, 6, 9, 13].includes(number), `${told}: ${number}`);
     if (number === 9) await this.page.evaluate(smallProblem, at);
     return told;
