@@ -3,20 +3,39 @@
 
 set(TABULON_WEB_STACK_BYTES 1048576)
 
-# A module of these sources, <name>.wasm, on what stands in for the system and the heap.
-function(tabulon_wasm target name)
-  set(stand_ins ${PROJECT_SOURCE_DIR}/hosts/web/build/no_system.cpp ${PROJECT_SOURCE_DIR}/hosts/web/build/heap.cpp)
-  # They define what the C library is linked to, and the libraries they stand in for are no LTO objects.
-  set_source_files_properties(${stand_ins} PROPERTIES COMPILE_OPTIONS -fno-lto)
+find_program(TABULON_WASM_OPT wasm-opt REQUIRED)
 
-  add_executable(${target} ${ARGN} ${stand_ins})
+# tabulon_wasm(<target> <name> [LIBRARY_FUNCTIONS] <source>...)
+#
+# A module of these sources, <name>.wasm, on what stands in for the system, the heap and, unless LIBRARY_FUNCTIONS is
+# given, functions of the C library.
+function(tabulon_wasm target name)
+  cmake_parse_arguments(PARSE_ARGV 2 WASM LIBRARY_FUNCTIONS "" "")
+  set(stand_ins no_system.cpp heap.cpp memory.cpp)
+  if(NOT WASM_LIBRARY_FUNCTIONS)
+    list(APPEND stand_ins elementary.cpp)
+  endif()
+  list(TRANSFORM stand_ins PREPEND ${PROJECT_SOURCE_DIR}/hosts/web/build/)
+  # They define what the C library is linked to, and the libraries they stand in for are no LTO objects. They are few
+  # bytes, and much is done in them.
+  set_source_files_properties(${stand_ins} PROPERTIES COMPILE_OPTIONS "-fno-lto;-O2")
+
+  add_executable(${target} ${WASM_UNPARSED_ARGUMENTS} ${stand_ins})
   set_target_properties(${target} PROPERTIES OUTPUT_NAME ${name} SUFFIX .wasm)
   target_link_libraries(${target} PRIVATE tabulon_control)
   target_link_options(${target} PRIVATE
     -mexec-model=reactor
     LINKER:--gc-sections LINKER:--strip-all LINKER:--fatal-warnings
     # The stack stands first, so that running out of it traps instead of writing over the data.
-    LINKER:--stack-first LINKER:-z,stack-size=${TABULON_WEB_STACK_BYTES})
+    LINKER:--stack-first LINKER:-z,stack-size=${TABULON_WEB_STACK_BYTES}
+    # The driver would run wasm-opt in a way of its own; linking itself optimises as before.
+    -O0)
+  add_custom_command(TARGET ${target} POST_BUILD VERBATIM
+    COMMAND ${TABULON_WASM_OPT} --enable-bulk-memory --enable-nontrapping-float-to-int --enable-sign-ext
+      # What is lower than 1024 is the end of the stack, for the stack stands first: nothing there is found by an
+      # offset from another place.
+      -Oz --converge --low-memory-unused
+      $<TARGET_FILE:${target}> -o $<TARGET_FILE:${target}>)
 endfunction()
 
 # The arithmetic for the benchmarks of node and the browsers; built when it is asked for.
@@ -26,7 +45,11 @@ endfunction()
 
 # What the module has instead of a system, tried in a module itself by tests/module/*.test.mjs; built for ./test.
 function(tabulon_module_tests)
-  tabulon_wasm(tabulon_module_tests module_tests EXCLUDE_FROM_ALL ${PROJECT_SOURCE_DIR}/tests/module/heap.cpp)
+  set(folder ${PROJECT_SOURCE_DIR}/tests/module)
+  tabulon_wasm(tabulon_module_tests module_tests EXCLUDE_FROM_ALL ${folder}/heap.cpp ${folder}/elementary.cpp)
+  tabulon_wasm(tabulon_library_functions library_functions
+    LIBRARY_FUNCTIONS EXCLUDE_FROM_ALL ${folder}/elementary.cpp)
+  add_dependencies(tabulon_module_tests tabulon_library_functions)
 endfunction()
 
 function(tabulon_web)
