@@ -1,6 +1,6 @@
-// exp, log and pow, and what sin and cos take off an angle, in a tenth of the C library's bytes.
+// exp, log and pow, and what sin and cos take off an angle, without the C library's tables.
 //
-// The C library looks its values up in tables, which every page would have to load. Here they are series
+// Every page would have to load those tables, which hardly deflate. Here the functions are series
 // whose coefficients the compiler works out: log m is 2 artanh((m - 1) / (m + 1)), exp r is Taylor's series
 // about 0, and a large angle is reduced by Payne and Hanek's method. What must be known beyond the digits of
 // a Double, the logarithm in a power above all, is the sum of two (Dekker's and Knuth's exact sums and
