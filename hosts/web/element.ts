@@ -51,6 +51,7 @@ const PageElement: typeof HTMLElement = globalThis.HTMLElement ?? class {};
  * @attr {boolean} nofocus - The control does not take the keyboard when it is first shown.
  *
  * @fires {CustomEvent<TabulonError>} tabulon-error - What went wrong where no script was asking; the error is its `detail`.
+ * @fires {CustomEvent<TableauChange>} tabulon-change - The tableau has changed; `detail` tells the cause, and the column and the row that it was about.
  */
 export class TabulonLPctrl extends PageElement {
   /** The version of this package, as in "1.0.0". */
@@ -283,13 +284,21 @@ export class TabulonLPctrl extends PageElement {
 
   // ---- For what stands around it
 
-  // The tableau as it is; undefined before `ready`. Error 9 when the counts that a script has set make none.
+  /**
+   * The tableau as it is: counts, names, values and texts, also of the first tableau. `undefined` before `ready`.
+   *
+   * @throws {@link TabulonError} 9 when the counts that a script has set make no tableau.
+   */
   get tableau(): Tableau | undefined {
     return this.#view && this.#page?.tableau();
   }
 
-  // Puts a saved tableau back: the text that Save writes, and that `tableau.saved` holds. Nothing changes when that
-  // fails: error 54 for a text of another kind, 6 and 9 for numbers that make no tableau, 62 when it ends too soon.
+  /**
+   * Puts a saved tableau back: the text that Save writes, which is `tableau.saved`. Nothing changes when that fails.
+   *
+   * @throws {@link TabulonError} 54 for a text of another kind, 6 and 9 for numbers that make no tableau, 62 for a text
+   * that ends too soon.
+   */
   restore(text: string): void {
     const bytes = toLatin(String(text));
     this.#whenThere((page, { surface }) =>

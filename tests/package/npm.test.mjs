@@ -87,8 +87,10 @@ describe("the package", () => {
   });
 
   test("says its version at the head of both scripts", async () => {
-    for (const name of ["tabulon.js", "tabulon.mjs"])
-      assert.ok((await readFile(join(installed, name), "utf8")).startsWith(`/*! Tabulon ${version}. `), name);
+    for (const name of ["tabulon.js", "tabulon.mjs"]) {
+      const script = await readFile(join(installed, name), "utf8");
+      assert.match(script, new RegExp(`^(//#.*\\n)?/\\*! Tabulon ${version}\\. `), name);
+    }
   });
 
   test("tells an editor of every attribute, property, method and event", async () => {
@@ -109,11 +111,11 @@ describe("the package", () => {
     ]);
     // What the types declare, the constructor and what the browser calls aside.
     const types = await readFile(join(installed, "types/element.d.ts"), "utf8");
-    const declared = [...types.matchAll(/^ {4}(?:static |readonly |set )*(\w+)[(:]/gm)]
+    const declared = [...types.matchAll(/^ {4}(?:static |readonly |[gs]et )*(\w+)[(:]/gm)]
       .map(([, name]) => name)
       .filter((name) => !/^constructor$|Callback$|^"/.test(name));
     assert.deepEqual(described(members), declared);
-    assert.deepEqual(described(events), ["tabulon-error"]);
+    assert.deepEqual(described(events), ["tabulon-error", "tabulon-change"]);
   });
 });
 
