@@ -57,9 +57,9 @@ class SetBackClock {
   }
   void write(LocalTime function) {
     DWORD before = 0;
-    VirtualProtect(place_, sizeof *place_, PAGE_READWRITE, &before);
+    VirtualProtect(static_cast<void*>(place_), sizeof *place_, PAGE_READWRITE, &before);
     *place_ = function;
-    VirtualProtect(place_, sizeof *place_, before, &before);
+    VirtualProtect(static_cast<void*>(place_), sizeof *place_, before, &before);
   }
 
   LocalTime* place_;
