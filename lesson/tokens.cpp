@@ -23,7 +23,7 @@ struct Written {
   bool has_exponent = false;
 };
 
-std::string quoted(std::string_view text) {
+std::string in_quotes(std::string_view text) {
   return "\"" + std::string(text) + "\"";
 }
 
@@ -121,7 +121,7 @@ class Scanner {
     const std::size_t length = scan_written(text_, at_, number);
     const std::string as_written(text_.substr(at_, length));
     if (number.separators > 1)
-      return mistake(place(), quoted(as_written) +
+      return mistake(place(), in_quotes(as_written) +
                                   " heeft meer dan één komma of punt; schrijf duizendtallen zonder: " +
                                   without_thousands(as_written) + ".");
     if (number.digits > most_digits || std::abs(number.exponent) > largest_exponent)
@@ -198,11 +198,11 @@ class Scanner {
   Found<void> refuse(Character character) {
     const std::string sign(text_.substr(at_, character.bytes));
     if (sign == "<" || sign == ">")
-      return mistake(place(), quoted(sign) + " kan hier niet; bedoelt u " + sign + "= ?");
+      return mistake(place(), in_quotes(sign) + " kan hier niet; bedoelt u " + sign + "= ?");
     if (sign == "√") return mistake(place(), "schrijf een wortel als sqrt(...).");
     if (sign == "[" || sign == "{") return mistake(place(), "gebruik ronde haakjes: ( en ).");
     const bool shown = character.code >= ' ' && character.code != 0x7F && character.code != 0xFFFD;
-    return mistake(place(), (shown ? quoted(sign) : std::string("dit teken")) +
+    return mistake(place(), (shown ? in_quotes(sign) : std::string("dit teken")) +
                                 " hoort niet in een probleem in woorden.");
   }
 

@@ -17,18 +17,18 @@ namespace {
 
 constexpr int RL = CellRow::right_hand_side;
 
-using Texts = std::vector<std::string>;
+using CellTexts = std::vector<std::string>;
 
-Texts texts_of(const CellRow& row, int columns) {
-  Texts texts;
+CellTexts texts_of(const CellRow& row, int columns) {
+  CellTexts texts;
   for (int column = 1; column <= columns; ++column) texts.push_back(row.text(column));
   return texts;
 }
 
-// Texts of the columns and, last, of the right-hand side, and the numbers that belong to them.
-void expect_row(const CellRow& row, const Texts& columns_and_right) {
+// CellTexts of the columns and, last, of the right-hand side, and the numbers that belong to them.
+void expect_row(const CellRow& row, const CellTexts& columns_and_right) {
   const int columns = static_cast<int>(columns_and_right.size()) - 1;
-  Texts texts = texts_of(row, columns);
+  CellTexts texts = texts_of(row, columns);
   texts.push_back(row.text(RL));
   EXPECT_EQ(texts, columns_and_right);
   for (int column = 1; column <= columns; ++column)
@@ -37,12 +37,12 @@ void expect_row(const CellRow& row, const Texts& columns_and_right) {
 }
 
 // Both copies.
-void expect_tableau(const basSafeCtl& model, const Texts& row_F, std::initializer_list<Texts> rows,
+void expect_tableau(const basSafeCtl& model, const CellTexts& row_F, std::initializer_list<CellTexts> rows,
                     std::initializer_list<int> basis) {
   for (const TableauState* tableau : {&model.current, &model.first}) {
     expect_row(tableau->row_F(), row_F);
     int row = 0;
-    for (const Texts& texts : rows) expect_row(tableau->row(++row), texts);
+    for (const CellTexts& texts : rows) expect_row(tableau->row(++row), texts);
     row = 0;
     for (const int column : basis) EXPECT_EQ(tableau->basis(++row), column);
   }
@@ -53,8 +53,8 @@ void expect_error(const Result<>& result, ErrorNumber number) {
   EXPECT_EQ(result.error().number, number);
 }
 
-Texts names_of(const basSafeCtl& model) {
-  Texts names;
+CellTexts names_of(const basSafeCtl& model) {
+  CellTexts names;
   for (int column = 1; column <= model.columns(); ++column) names.push_back(model.variable_name(column));
   return names;
 }
@@ -107,12 +107,12 @@ TEST(DerivedCounts, Beyond16BitsAreError6) {
 // ---- Names
 
 TEST(Names, OfSlackVariablesContinueThoseOfTheDecisionVariables) {
-  EXPECT_EQ(names_of(basSafeCtl{}), (Texts{"x  1", "x  2", "x  3", "x  4"}));
+  EXPECT_EQ(names_of(basSafeCtl{}), (CellTexts{"x  1", "x  2", "x  3", "x  4"}));
 }
 
 TEST(Names, OfAllKinds) {
   const basSafeCtl model = problem({.variables = 1, .less_equal = 1, .greater_equal = 2, .equal = 2});
-  EXPECT_EQ(names_of(model), (Texts{"x  1", "x  2", "s  1", "s  2", "q  1", "q  2", "r  1", "r  2"}));
+  EXPECT_EQ(names_of(model), (CellTexts{"x  1", "x  2", "s  1", "s  2", "q  1", "q  2", "r  1", "r  2"}));
 }
 
 TEST(Names, AreMissingBesideTheProblem) {
@@ -133,13 +133,13 @@ TEST(InitTableau, OfTheStartUpCounts) {
 
 TEST(InitTableau, OfOneVariableAndOneEquality) {
   const basSafeCtl model = problem({.variables = 1, .equal = 1});
-  EXPECT_EQ(names_of(model), (Texts{"x  1", "r  1"}));
+  EXPECT_EQ(names_of(model), (CellTexts{"x  1", "r  1"}));
   expect_tableau(model, {" 0", " 100", " 0"}, {{" 0", " 1", " 0"}}, {2});
 }
 
 TEST(InitTableau, OfTwoGreaterEqualRows) {
   const basSafeCtl model = problem({.variables = 1, .greater_equal = 2, .equal = 1});
-  EXPECT_EQ(names_of(model), (Texts{"x  1", "s  1", "s  2", "q  1", "q  2", "r  1"}));
+  EXPECT_EQ(names_of(model), (CellTexts{"x  1", "s  1", "s  2", "q  1", "q  2", "r  1"}));
   expect_tableau(model, {" 0", " 0", " 0", " 100", " 100", " 100", " 0"},
                  {{" 0", "-1", " 0", " 1", " 0", " 0", " 0"},
                   {" 0", " 0", "-1", " 0", " 1", " 0", " 0"},
@@ -221,8 +221,8 @@ void expect_error_9_and_nothing_written(const Counts& counts) {
   expect_error(restore_first_tableau(model), ErrorNumber::SubscriptOutOfRange);
   expect_error(rewrite_texts(model), ErrorNumber::SubscriptOutOfRange);
   EXPECT_EQ(model.NrTableau, 5);
-  EXPECT_EQ(texts_of(model.current.row(1), 4), (Texts{"zeven", "acht", " 1", " 0"}));
-  EXPECT_EQ(texts_of(model.first.row(1), 4), (Texts{"zeven", " 0", " 1", " 0"}));
+  EXPECT_EQ(texts_of(model.current.row(1), 4), (CellTexts{"zeven", "acht", " 1", " 0"}));
+  EXPECT_EQ(texts_of(model.first.row(1), 4), (CellTexts{"zeven", " 0", " 1", " 0"}));
 }
 
 TEST(InitTableau, BeyondTheStorageIsError9) {
@@ -262,7 +262,7 @@ TEST(RestoreFirstTableau, UndoesWhatWasChanged) {
   model.NrTableau = 9;
   ASSERT_TRUE(restore_first_tableau(model).has_value());
   expect_row(model.current.row_F(), {" 0", " 0", " 100", " 0"});
-  EXPECT_EQ(texts_of(model.current.row(2), 3), (Texts{"1/2", " 0", " 1"}));
+  EXPECT_EQ(texts_of(model.current.row(2), 3), (CellTexts{"1/2", " 0", " 1"}));
   EXPECT_EQ(model.current.row(2).value(1), 0.5);
   EXPECT_EQ(model.current.row(1).right(), 0);
   EXPECT_EQ(model.current.basis(2), 3);
@@ -383,10 +383,10 @@ TEST(Row, RewritesTheColumnsAskedFor) {
   CellRow row;
   for (int column = 1; column <= RL; ++column) row.write(column, 0.5, "getypt");
   row.rewrite_columns(2, true);
-  EXPECT_EQ(texts_of(row, 4), (Texts{" 1/2", " 1/2", "getypt", "getypt"}));
+  EXPECT_EQ(texts_of(row, 4), (CellTexts{" 1/2", " 1/2", "getypt", "getypt"}));
   EXPECT_EQ(row.text(RL), "getypt");
   row.rewrite_row(3, false);
-  EXPECT_EQ(texts_of(row, 4), (Texts{" 0.5", " 0.5", " 0.5", "getypt"}));
+  EXPECT_EQ(texts_of(row, 4), (CellTexts{" 0.5", " 0.5", " 0.5", "getypt"}));
   EXPECT_EQ(row.text(RL), " 0.5");
 }
 
@@ -478,7 +478,7 @@ TEST(RewriteTexts, GivesEveryNumberItsTextInTheMode) {
   model.Breuken = true;
   ASSERT_TRUE(rewrite_texts(model).has_value());
   for (const CellRow* row : {&model.current.row_F(), &model.current.row(1)}) {
-    EXPECT_EQ(texts_of(*row, 2), (Texts{" 1/2", " 1/2"}));
+    EXPECT_EQ(texts_of(*row, 2), (CellTexts{" 1/2", " 1/2"}));
     EXPECT_EQ(row->text(RL), " 1/2");
   }
   EXPECT_EQ(model.first.row(1).text(2), " 1");

@@ -44,9 +44,9 @@ class GridAlone : public testing::Test {
   bool escaped = false;
   PartSurface surface{host.desk()};
   RestingFocus resting{surface};
-  Grid grid{surface, model, fill_in, resting};
+  tabulon::Grid grid{surface, model, fill_in, resting};
   Messages messages{surface, model};
-  Cells cells{surface, model, grid, messages, views};
+  tabulon::Cells cells{surface, model, grid, messages, views};
   ProblemParameters parameters{surface, model, grid, views, views};
 };
 

@@ -88,7 +88,7 @@ class MenuBarAlone : public testing::Test {
   GraphPanel graph{{surface, model, resting.txtFocus, messages}};
   TableauCommands tableau{{surface, model, fill_in, messages, resting.txtFocus, views, graph}};
   NewProblemCommands new_problem{surface, model, resting.txtFocus, tableau, views};
-  FileCommands files{surface, model, resting.txtFocus, views};
+  tabulon::FileCommands files{surface, model, resting.txtFocus, views};
   MenuBar menu_bar{surface, resting, {model, fill_in, tableau, new_problem, files, graph, messages, resting}};
 };
 
@@ -163,7 +163,7 @@ class KeyboardAlone : public testing::Test {
   PartSurface surface{host.desk()};
   RestingFocus resting{surface};
   Boxes boxes{surface};
-  Keyboard keyboard{surface, model, resting, boxes};
+  tabulon::Keyboard keyboard{surface, model, resting, boxes};
 };
 
 TEST_F(KeyboardAlone, EnterGoesToTheNextCell) {
