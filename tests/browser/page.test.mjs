@@ -113,6 +113,7 @@ describe("where a browser lacks something", () => {
   test("without popovers menus open in their place, and choose", async () => {
     await openWithout("delete HTMLElement.prototype.showPopover;");
     await page.click(control("cmd_Help"));
+    await until(() => LPctrl1.shadowRoot.querySelector("[role=menu]"));
     const [button, menu] = [await boxOf(control("cmd_Help")), await boxOf("tabulon-lpctrl >>> [role=menu]")];
     assert.ok(Math.abs(menu.x - button.x) < 8, `${menu.x} beside ${button.x}`);
     assert.ok(Math.abs(menu.y - button.y - button.height) < 4, `${menu.y} below ${button.y}`);
