@@ -355,6 +355,7 @@ describe("a page that is scaled", () => {
     test(`opens a menu at its button: ${what}`, async () => {
       await openStyled(css, `<main>${problem()}</main>`, wide);
       await clickAt(control("cmd_Opties"));
+      await until(() => LPctrl1.shadowRoot.querySelector("[role=menu]"));
       const [host, button, menu] = [
         await boxOf("tabulon-lpctrl"),
         await boxOf(control("cmd_Opties")),
