@@ -13,54 +13,64 @@ using platform::Font;
 using platform::Placement;
 using platform::Twips;
 
+namespace font = platform::font;
+
 namespace {
 
-constexpr Font plain{.points = 9};
-constexpr Font small{.points = 8};
-constexpr Font small_centred{.points = 8, .align = Align::Centre};
-constexpr Font centred{.points = 9, .align = Align::Centre};
 constexpr Font heading{.points = 10, .bold = true};
 
 // The grid, from left to right: row number, basis, column F, five columns, right-hand sides.
-constexpr Twips row_numbers = 60, basis = 495, column_F = 1200, columns = 1560, right_hand_sides = 7395;
+constexpr Twips row_numbers = 60, basis = 495, column_F = 1200, cells_left = 1560, right_hand_sides = 7395;
 constexpr Twips column_pitch = 1155, cell_width = 1140;
 // From top to bottom: column numbers, column names, row F, seven rows, the scroll bar.
 constexpr Twips numbers_top = 690, names_top = 900, row_F_top = 1170, rows_top = 1575;
-constexpr Twips row_pitch = 360, cell_height = 345, name_height = 240;
+constexpr Twips grid_row_pitch = 360, cell_height = 345, name_height = 240;
 
-constexpr Placement placements[] = {
+constexpr Placement grid_placements[] = {
     {"lblNRTableau", {120, 45, 6000, 240}, "1-e Simplex-tableau", heading},
-    {"lblKopBasis", {basis, names_top, 690, name_height}, "basis", small_centred},
-    {"lblKopF", {column_F, names_top, 330, name_height}, "F", small_centred},
-    {"lblKopRL", {right_hand_sides, names_top, 1230, name_height}, "RL", small_centred},
-    {"lblKopRij_F", {basis, row_F_top, 690, cell_height}, "F", centred},
-    {"lblEenF", {column_F, row_F_top, 330, cell_height}, "1", centred},
-    {"lblFRL", {right_hand_sides + 75, row_F_top, 1155, cell_height}, " 0", plain},
-    {"HScroll", {columns, 4125, grid_columns* column_pitch - 15, 240}},
-    {"VScroll", {8685, rows_top, 240, grid_rows* row_pitch - 15}},
+    {"lblKopBasis", {basis, names_top, 690, name_height}, "basis", font::small_centred},
+    {"lblKopF", {column_F, names_top, 330, name_height}, "F", font::small_centred},
+    {"lblKopRL", {right_hand_sides, names_top, 1230, name_height}, "RL", font::small_centred},
+    {"lblKopRij_F", {basis, row_F_top, 690, cell_height}, "F", font::centred},
+    {"lblEenF", {column_F, row_F_top, 330, cell_height}, "1", font::centred},
+    {"lblFRL", {right_hand_sides + 75, row_F_top, 1155, cell_height}, " 0", font::plain},
+    {"HScroll", {cells_left, 4125, grid_columns* column_pitch - 15, 240}},
+    {"VScroll", {8685, rows_top, 240, grid_rows* grid_row_pitch - 15}},
 };
 
-constexpr ArrayPlacement arrays[] = {
-    {"lblKLM", {columns, numbers_top, cell_width, 210}, grid_columns, column_pitch, 0, " 1", small_centred},
+constexpr ArrayPlacement grid_arrays[] = {
+    {"lblKLM",
+     {cells_left, numbers_top, cell_width, 210},
+     grid_columns,
+     column_pitch,
+     0,
+     " 1",
+     font::small_centred},
     {"lblKolom",
-     {columns, names_top, cell_width, name_height},
+     {cells_left, names_top, cell_width, name_height},
      grid_columns,
      column_pitch,
      0,
      "x  i",
-     centred},
-    {"lblRij", {row_numbers, rows_top, 420, cell_height}, 1, 0, row_pitch, " 1  ", small},
-    {"lblBasis", {basis, rows_top, 690, cell_height}, 1, 0, row_pitch, "x  i", centred},
-    {"lblRij_F", {column_F, rows_top, 330, cell_height}, 1, 0, row_pitch, "0", centred},
-    {"txtRij_F", {columns, row_F_top, cell_width, cell_height}, grid_columns, column_pitch, 0, " 0", plain},
-    {"txtTableau",
-     {columns, rows_top, cell_width, cell_height},
+     font::centred},
+    {"lblRij", {row_numbers, rows_top, 420, cell_height}, 1, 0, grid_row_pitch, " 1  ", font::small},
+    {"lblBasis", {basis, rows_top, 690, cell_height}, 1, 0, grid_row_pitch, "x  i", font::centred},
+    {"lblRij_F", {column_F, rows_top, 330, cell_height}, 1, 0, grid_row_pitch, "0", font::centred},
+    {"txtRij_F",
+     {cells_left, row_F_top, cell_width, cell_height},
      grid_columns,
      column_pitch,
-     row_pitch,
+     0,
      " 0",
-     plain},
-    {"txtRL", {right_hand_sides, rows_top, 1230, cell_height}, 1, 0, row_pitch, " 0", plain},
+     font::plain},
+    {"txtTableau",
+     {cells_left, rows_top, cell_width, cell_height},
+     grid_columns,
+     column_pitch,
+     grid_row_pitch,
+     " 0",
+     font::plain},
+    {"txtRL", {right_hand_sides, rows_top, 1230, cell_height}, 1, 0, grid_row_pitch, " 0", font::plain},
 };
 
 // The table of who hears it: column numbers and names, row F, the rows; in each, from left to right, the
@@ -111,8 +121,8 @@ void place_in_table(platform::Surface& surface) {
 }  // namespace
 
 void Grid::lay_out() {
-  platform::place(surface_, placements);
-  platform::place(surface_, arrays);
+  platform::place(surface_, grid_placements);
+  platform::place(surface_, grid_arrays);
   place_in_table(surface_);
   lblNRTableau.set_role(platform::Role::Status);
   for (platform::Label& name : lblKolom) name.set_fore_colour(platform::system_colour::window_text);

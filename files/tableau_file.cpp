@@ -11,7 +11,7 @@ namespace tabulon {
 
 namespace {
 
-constexpr int right = CellRow::right_hand_side;
+constexpr int right_side = CellRow::right_hand_side;
 
 // The numbers at the beginning, in the file's order: the surplus count stands before the row counts.
 constexpr std::array leading_numbers{
@@ -46,10 +46,10 @@ void pass_cells(Lines& lines, Model& model) {
   const int rows = model.rows(), columns = model.columns();
   const auto goes_on_at = [&](int row) { return row <= rows && lines.goes_on_at(row, most_rows); };
   pass_columns(lines, current.row_F(), first.row_F(), columns);
-  lines.cell(current.row_F(), first.row_F(), right);
+  lines.cell(current.row_F(), first.row_F(), right_side);
   for (int row = 1; goes_on_at(row); ++row) lines.basis(current, first, row);
   for (int row = 1; goes_on_at(row); ++row) pass_columns(lines, current.row(row), first.row(row), columns);
-  for (int row = 1; goes_on_at(row); ++row) lines.cell(current.row(row), first.row(row), right);
+  for (int row = 1; goes_on_at(row); ++row) lines.cell(current.row(row), first.row(row), right_side);
 }
 
 void read_fractions(TableauReader& lines, basSafeCtl& model) {

@@ -2,10 +2,10 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 
+#include "fuzz/require.h"
 #include "lesson/printer.h"
 #include "lesson/reader.h"
 
@@ -13,10 +13,7 @@ namespace {
 
 using namespace tabulon;
 using namespace tabulon::lesson;
-
-void require(bool holds) {
-  if (!holds) std::abort();
-}
+using fuzz::require;
 
 int lines_of(std::string_view text) {
   int lines = 1;

@@ -18,14 +18,14 @@ struct Range {
 };
 
 // Accented Latin letters without × and ÷, Greek letters but pi, low digits, Latin letters with marks below.
-constexpr std::array<Range, 8> letters = {{{0xC0, 0xD6},
-                                           {0xD8, 0xF6},
-                                           {0xF8, 0x24F},
-                                           {0x391, 0x3BF},
-                                           {0x3C1, 0x3C9},
-                                           {0x2080, 0x2089},
-                                           {0x1E00, 0x1EFF},
-                                           {'_', '_'}}};
+constexpr std::array<Range, 8> letter_ranges = {{{0xC0, 0xD6},
+                                                 {0xD8, 0xF6},
+                                                 {0xF8, 0x24F},
+                                                 {0x391, 0x3BF},
+                                                 {0x3C1, 0x3C9},
+                                                 {0x2080, 0x2089},
+                                                 {0x1E00, 0x1EFF},
+                                                 {'_', '_'}}};
 
 struct Sign {
   std::uint32_t code;
@@ -76,7 +76,7 @@ bool is_digit(std::uint32_t code) {
 
 bool is_letter(std::uint32_t code) {
   if ((code >= 'a' && code <= 'z') || (code >= 'A' && code <= 'Z')) return true;
-  return std::ranges::any_of(letters,
+  return std::ranges::any_of(letter_ranges,
                              [code](Range range) { return code >= range.first && code <= range.last; });
 }
 

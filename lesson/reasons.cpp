@@ -38,9 +38,9 @@ RowQuotient quotient_of(const basSafeCtl& model, int row, int column) {
   return {.row = row, .entry = entry, .right = right, .quotient = divides ? right / entry : 0};
 }
 
-class Teller {
+class ReasonsTeller {
  public:
-  Teller(const basSafeCtl& model, const Reasons& reasons) : model_(model), reasons_(reasons) {}
+  ReasonsTeller(const basSafeCtl& model, const Reasons& reasons) : model_(model), reasons_(reasons) {}
 
   std::vector<std::string> tell() {
     if (!reasons_.rows_to_bring_in_order.empty()) {
@@ -170,7 +170,7 @@ Result<Reasons> reasons_for(const basSafeCtl& model) {
 }
 
 std::vector<std::string> sentences_of(const basSafeCtl& model, const Reasons& reasons) {
-  return Teller(model, reasons).tell();
+  return ReasonsTeller(model, reasons).tell();
 }
 
 }  // namespace tabulon::lesson

@@ -93,9 +93,9 @@ std::string steps_text(const Verdict& verdict) {
   return counted(static_cast<int>(verdict.course.steps.size()), "stap", "stappen");
 }
 
-class Teller {
+class VerdictTeller {
  public:
-  Teller(const Problem& problem, const Verdict& verdict) : problem_(problem), verdict_(verdict) {}
+  VerdictTeller(const Problem& problem, const Verdict& verdict) : problem_(problem), verdict_(verdict) {}
 
   std::vector<std::string> tell() {
     if (verdict_.ends_right) {
@@ -233,7 +233,7 @@ Verdict judge(const Problem& problem) {
 }
 
 std::vector<std::string> sentences_of(const Problem& problem, const Verdict& verdict) {
-  return Teller(problem, verdict).tell();
+  return VerdictTeller(problem, verdict).tell();
 }
 
 }  // namespace tabulon::lesson

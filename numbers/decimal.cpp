@@ -6,6 +6,7 @@
 
 #include "numbers/big_natural.h"
 #include "numbers/powers_of_ten.h"
+#include "platform/texts.h"
 
 namespace tabulon::numbers {
 namespace {
@@ -90,10 +91,6 @@ Decimal decimal_of(const BinaryNumber& number) {
   const std::uint64_t digits = scaled.whole + (rounds_up(scaled.rest, scaled.whole) ? 1 : 0);
   if (digits == kTenTo15) return {kTenTo14, exponent + 1, false};
   return {digits, exponent, false};
-}
-
-bool is_digit(char c) {
-  return c >= '0' && c <= '9';
 }
 
 bool is_exponent_marker(char c, ExponentLetters letters) {

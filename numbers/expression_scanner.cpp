@@ -7,6 +7,7 @@
 
 #include "numbers/decimal.h"
 #include "numbers/expression.h"
+#include "platform/texts.h"
 
 namespace tabulon::numbers {
 namespace {
@@ -82,9 +83,6 @@ constexpr auto kPackedNames = [] {
 
 constexpr bool is_letter(char c) {
   return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
-}
-constexpr bool is_digit(char c) {
-  return c >= '0' && c <= '9';
 }
 constexpr bool may_continue_number(char c) {
   return c == '.' || c == 'E' || c == 'D' || c == ' ';

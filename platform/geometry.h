@@ -45,4 +45,10 @@ struct Font {
   friend bool operator==(const Font&, const Font&) = default;
 };
 
+// Those of most texts.
+namespace font {
+inline constexpr Font plain{}, bold{.bold = true}, centred{.align = Align::Centre};
+inline constexpr Font small{.points = 8}, small_centred{.points = 8, .align = Align::Centre};
+}  // namespace font
+
 }  // namespace tabulon::platform

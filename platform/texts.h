@@ -15,6 +15,10 @@ inline std::string_view trimmed(std::string_view text) {
   return text;
 }
 
+constexpr bool is_digit(char letter) {
+  return letter >= '0' && letter <= '9';
+}
+
 // Names are compared without regard to the case of A to Z.
 inline bool same_name(std::string_view one, std::string_view other) {
   const auto lower = [](char letter) {

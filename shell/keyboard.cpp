@@ -12,7 +12,7 @@ namespace modifier = platform::modifier;
 
 namespace {
 
-constexpr platform::Placement placements[] = {
+constexpr platform::Placement traps[] = {
     {"txtShiftTab", platform::beside_surface},
     {"txtTab", platform::beside_surface},
 };
@@ -39,7 +39,7 @@ std::optional<Step> step_of(KeyPress press) {
 
 Keyboard::Keyboard(platform::Surface& surface, basSafeCtl& model, RestingFocus& resting, WalkedCells& cells)
     : surface_(surface), model_(model), resting_(resting), cells_(cells) {
-  platform::place(surface_, placements);
+  platform::place(surface_, traps);
   open_traps(false);
 }
 

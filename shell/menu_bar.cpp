@@ -14,12 +14,12 @@ using platform::Role;
 using platform::Task;
 using platform::Twips;
 
+namespace font = platform::font;
+
 namespace {
 
 constexpr Twips menu_top = 285;   // just under the buttons
 constexpr Twips menu_inset = 60;  // from the left of the button that opens it
-
-constexpr platform::Font centred{.points = 9, .align = platform::Align::Centre};
 
 struct ButtonDesign {
   platform::Placement placement;
@@ -28,10 +28,10 @@ struct ButtonDesign {
 };
 
 constexpr ButtonDesign designs[] = {
-    {.placement = {"cmd_Bestand", {60, 0, 1065, 285}, "&Bestand", centred}},
-    {.placement = {"cmd_Bewerken", {1155, 0, 1245, 285}, "Be&werken", centred}},
-    {.placement = {"cmd_Opties", {2445, 0, 1065, 285}, "&Opties", centred}, .menu_by_mouse = 2530},
-    {.placement = {"cmd_Help", {3570, 0, 855, 285}, "&Help", centred},
+    {.placement = {"cmd_Bestand", {60, 0, 1065, 285}, "&Bestand", font::centred}},
+    {.placement = {"cmd_Bewerken", {1155, 0, 1245, 285}, "Be&werken", font::centred}},
+    {.placement = {"cmd_Opties", {2445, 0, 1065, 285}, "&Opties", font::centred}, .menu_by_mouse = 2530},
+    {.placement = {"cmd_Help", {3570, 0, 855, 285}, "&Help", font::centred},
      .menu_by_mouse = 3645,
      .lets_events_pass = true},
 };

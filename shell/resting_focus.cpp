@@ -8,7 +8,7 @@ namespace {
 
 constexpr platform::Colour head_with_focus{0xC0C000}, head_without_focus{0xC0C0C0};
 
-constexpr platform::Placement placements[] = {
+constexpr platform::Placement head[] = {
     {"FrameHead", {0, 315, 9000, 330}},
     {"txtFocus", platform::beside_surface},
 };
@@ -16,7 +16,7 @@ constexpr platform::Placement placements[] = {
 }  // namespace
 
 RestingFocus::RestingFocus(platform::Surface& surface) : surface_(surface) {
-  platform::place(surface_, placements);
+  platform::place(surface_, head);
   txtFocus.set_spoken_name("Simplex-tableau");
 }
 

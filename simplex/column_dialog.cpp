@@ -2,29 +2,28 @@
 
 namespace tabulon {
 
+namespace font = platform::font;
+
 namespace {
 
-constexpr platform::Font plain{.points = 9};
-constexpr platform::Font centred{.points = 9, .align = platform::Align::Centre};
-
 constexpr platform::Placement column_choice[] = {
-    {"lblKolom", {270, 330, 750, 270}, "Kolom :", plain},
-    {"txtKolom", {1050, 285, 450, 360}, "", centred},
+    {"lblKolom", {270, 330, 750, 270}, "Kolom :", font::plain},
+    {"txtKolom", {1050, 285, 450, 360}, "", font::centred},
     {"VScrollKolom", {1500, 285, 285, 360}},
 };
 
 constexpr platform::Placement to_normalise[] = {
-    {"lblNormeren", {1920, 330, 1200, 270}, "normeren", plain},
-    {"OKButton", {270, 960, 1290, 375}, "OK", centred},
-    {"CancelButton", {1710, 960, 1290, 375}, "&Annuleren", centred},
+    {"lblNormeren", {1920, 330, 1200, 270}, "normeren", font::plain},
+    {"OKButton", {270, 960, 1290, 375}, "OK", font::centred},
+    {"CancelButton", {1710, 960, 1290, 375}, "&Annuleren", font::centred},
 };
 
 constexpr platform::Placement to_sweep[] = {
-    {"lblRij", {1950, 330, 1350, 270}, "vegen met rij :", plain},
-    {"txtRij", {3330, 285, 450, 360}, "", centred},
+    {"lblRij", {1950, 330, 1350, 270}, "vegen met rij :", font::plain},
+    {"txtRij", {3330, 285, 450, 360}, "", font::centred},
     {"VScrollRij", {3780, 285, 285, 360}},
-    {"OKButton", {810, 960, 1290, 375}, "OK", centred},
-    {"CancelButton", {2250, 960, 1290, 375}, "&Annuleren", centred},
+    {"OKButton", {810, 960, 1290, 375}, "OK", font::centred},
+    {"CancelButton", {2250, 960, 1290, 375}, "&Annuleren", font::centred},
 };
 
 constexpr platform::Twips dialog_height = 1530;

@@ -11,17 +11,18 @@ namespace tabulon {
 using platform::Align;
 using platform::Twips;
 
+namespace font = platform::font;
+
 namespace {
 
 constexpr Twips lines_top = 210, line_pitch = 360, line_height = 330;
 // Names, equals signs and values stand in columns, in which F has its line too.
 constexpr Twips equals = 1560, equals_width = 240, values = 1860;
 constexpr Twips text_margin = platform::measure::text_margin * platform::measure::twips_per_pixel;
-constexpr platform::Font centred{.points = 9, .align = Align::Centre};
 
-constexpr platform::ArrayPlacement arrays[] = {
-    {"lblBasisVar", {240, lines_top, 1260, line_height}, 1, 0, line_pitch, "basisvar", centred},
-    {"lblGelijk", {equals, lines_top, equals_width, line_height}, 1, 0, line_pitch, "=", centred},
+constexpr platform::ArrayPlacement solution_lines[] = {
+    {"lblBasisVar", {240, lines_top, 1260, line_height}, 1, 0, line_pitch, "basisvar", font::centred},
+    {"lblGelijk", {equals, lines_top, equals_width, line_height}, 1, 0, line_pitch, "=", font::centred},
     {"txtRL", {values, lines_top, 1410, line_height}, 1, 0, line_pitch, "", {.points = 9}},
 };
 
@@ -32,7 +33,7 @@ constexpr platform::Placement below[] = {
      "Doelfunctie F =",
      {.points = 9, .bold = true, .align = Align::Right}},
     {"lblFRL", {values + text_margin, 150, 1410 - text_margin, 285}, "", {.points = 9, .bold = true}},
-    {"OKButton", {1140, 600, 1230, 375}, "OK", centred},
+    {"OKButton", {1140, 600, 1230, 375}, "OK", font::centred},
 };
 
 constexpr Twips height_below = 1155;
@@ -42,7 +43,7 @@ constexpr Twips height_below = 1155;
 frmBasis_Oplossing::frmBasis_Oplossing(Surface& owner, basSafeCtl& model)
     : Dialog(owner, "frmBasis_Oplossing", 3510, lines_top + most_rows * line_pitch + height_below,
              " Basis oplossing", model) {
-  platform::place(*this, arrays);
+  platform::place(*this, solution_lines);
   platform::place(*this, below);
   lblFRL.set_tool_tip(" Waarde van de doelfunctie F");
   for (platform::TextBox& value : txtRL) value.set_locked(true);

@@ -5,17 +5,16 @@
 
 namespace tabulon {
 
+namespace font = platform::font;
+
 namespace {
 
-constexpr platform::Font plain{.points = 9};
-constexpr platform::Font bold{.points = 9, .bold = true};
-
-constexpr platform::Placement placements[] = {
+constexpr platform::Placement pivot_labels[] = {
     {"imgPivot", {240, 270, 480, 480}},
-    {"lblKolom", {930, 255, 1350, 255}, "Pivot-kolom...:", plain},
-    {"lblPivot_kolom", {2310, 255, 450, 255}, "", bold},
-    {"lblRij", {930, 525, 1350, 255}, "Pivot-rij..........:", plain},
-    {"lblPivot_rij", {2310, 525, 450, 255}, "", bold},
+    {"lblKolom", {930, 255, 1350, 255}, "Pivot-kolom...:", font::plain},
+    {"lblPivot_kolom", {2310, 255, 450, 255}, "", font::bold},
+    {"lblRij", {930, 525, 1350, 255}, "Pivot-rij..........:", font::plain},
+    {"lblPivot_rij", {2310, 525, 450, 255}, "", font::bold},
     {"OKButton", {900, 1020, 1230, 375}, "OK", {.points = 9, .align = platform::Align::Centre}},
 };
 
@@ -23,7 +22,7 @@ constexpr platform::Placement placements[] = {
 
 frmPivot_element::frmPivot_element(Surface& owner, const basSafeCtl& model)
     : FocusForm(owner, "frmPivot_element", 3030, 1590, " Pivot-element"), model_(model) {
-  platform::place(*this, placements);
+  platform::place(*this, pivot_labels);
   imgPivot.set_picture(platform::Picture::Pivot);
 }
 

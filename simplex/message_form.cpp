@@ -8,11 +8,12 @@ using platform::Align;
 using platform::Placement;
 using platform::Twips;
 
+namespace font = platform::font;
+
 namespace {
 
 constexpr std::string_view message_caption = " Tabloria", product = "Tabloria op Internet";
-constexpr platform::Font in_button{.points = 9, .align = Align::Centre};
-constexpr platform::Bounds sign{210, 270, 480, 480};
+constexpr platform::Bounds sign_bounds{210, 270, 480, 480};
 
 // ---- frmMelding
 
@@ -20,7 +21,7 @@ constexpr Twips message_width = 3600, margin = 150;
 
 // As high as the sign, or as far above its middle as below.
 constexpr platform::Bounds words_from(Twips left) {
-  return {left, sign.top, message_width - left - margin, sign.height};
+  return {left, sign_bounds.top, message_width - left - margin, sign_bounds.height};
 }
 constexpr platform::Font in_words{.points = 10, .wraps = true, .middle = true};
 
@@ -54,7 +55,7 @@ void fill_message(MessageForm& form, const basSafeCtl& model) {
 // ---- frmFoutmelding
 
 constexpr Placement failure_labels[] = {
-    {"lblMelding", {840, sign.top - 120, 3750, sign.height + 240}, "", in_words},
+    {"lblMelding", {840, sign_bounds.top - 120, 3750, sign_bounds.height + 240}, "", in_words},
 };
 
 void fill_failure(MessageForm& form, const basSafeCtl& model) {
@@ -92,20 +93,20 @@ const MessageFormDesign frmMelding{.name = "frmMelding",
                                    .width = message_width,
                                    .height = 1560,
                                    .picture = platform::Picture::Warning,
-                                   .image = {"imgWarning", sign},
+                                   .image = {"imgWarning", sign_bounds},
                                    .labels = message_labels,
                                    .lines = {},
-                                   .button = {"cmdOK", {1185, 990, 1230, 375}, "OK", in_button},
+                                   .button = {"cmdOK", {1185, 990, 1230, 375}, "OK", font::centred},
                                    .fill = fill_message};
 
 const MessageFormDesign frmFoutmelding{.name = "frmFoutmelding",
                                        .width = 4770,
                                        .height = 1725,
                                        .picture = platform::Picture::Warning,
-                                       .image = {"imgWarning", sign},
+                                       .image = {"imgWarning", sign_bounds},
                                        .labels = failure_labels,
                                        .lines = {},
-                                       .button = {"cmdOK", {1770, 1155, 1230, 375}, "OK", in_button},
+                                       .button = {"cmdOK", {1770, 1155, 1230, 375}, "OK", font::centred},
                                        .fill = fill_failure};
 
 const MessageFormDesign frmAboutLP{.name = "frmAboutLP",
@@ -115,7 +116,7 @@ const MessageFormDesign frmAboutLP{.name = "frmAboutLP",
                                    .image = {"imgAbout", {240, 240, 480, 480}},
                                    .labels = about_labels,
                                    .lines = about_lines,
-                                   .button = {"cmdOK", {4620, 2625, 1140, 375}, "OK", in_button},
+                                   .button = {"cmdOK", {4620, 2625, 1140, 375}, "OK", font::centred},
                                    .fill = fill_about};
 
 MessageForm::MessageForm(Surface& owner, const MessageFormDesign& design, const basSafeCtl& model)

@@ -15,22 +15,22 @@ using platform::Placement;
 using platform::Twips;
 using platform::VScrollBar;
 
+namespace font = platform::font;
+
 namespace {
 
 constexpr int most_choices = 10, fewest_constraints = 2, most_constraints = 10;
 constexpr int most_M = 1000, least_M = 5, step_of_M = 5;
 
-constexpr platform::Font plain{.points = 9};
-constexpr platform::Font centred{.points = 9, .align = Align::Centre};
-constexpr platform::Font heading{.points = 11, .bold = true};
+constexpr platform::Font counted_heading{.points = 11, .bold = true};
 
 // Two columns of numbers: those that are chosen, and on the right those that follow from them.
-constexpr Twips dialog_width = 7860, first_row = 1020, row_pitch = 420, row_height = 330;
+constexpr Twips dialog_width = 7860, first_row = 1020, question_pitch = 420, row_height = 330;
 constexpr Twips texts = 270, numbers = 3060, bars = 3555, derived_texts = 4170, derived_numbers = 7110;
 constexpr Twips number_width = 480;
 
 constexpr Twips top_of(int row) {
-  return first_row + (row - 1) * row_pitch;
+  return first_row + (row - 1) * question_pitch;
 }
 constexpr Bounds text_at(int row) {
   return {texts, top_of(row) + 45, 2760, 255};
@@ -56,38 +56,38 @@ constexpr Twips height_for(int rows) {
 
 constexpr Placement shared[] = {
     {"imgMethode", {270, 240, 480, 480}},
-    {"lblBeslisVar", text_at(1), "Aantal beslissingsvariabelen :", plain},
-    {"lblNrBeslisVarM", number_at(1), "", centred},
+    {"lblBeslisVar", text_at(1), "Aantal beslissingsvariabelen :", font::plain},
+    {"lblNrBeslisVarM", number_at(1), "", font::centred},
     {"VScroll_NrBeslisVarM", bar_at(1)},
-    {"lblNrKleinerGelijkVglenM", number_at(2), "", centred},
+    {"lblNrKleinerGelijkVglenM", number_at(2), "", font::centred},
     {"VScroll_NrKleinerGelijkVglenM", bar_at(2)},
-    {"lblSlackVar", derived_text_at(2), "Aantal spelingsvariabelen :", plain},
-    {"lblNrSlackVar", derived_number_at(2), "", centred},
+    {"lblSlackVar", derived_text_at(2), "Aantal spelingsvariabelen :", font::plain},
+    {"lblNrSlackVar", derived_number_at(2), "", font::centred},
 };
 
 constexpr Placement in_simplex[] = {
-    {"lblMethode", {960, 330, 5760, 330}, "De Standaard Simplex-methode", heading},
-    {"OKButton", button_at(3, 0), "OK", centred},
-    {"CancelButton", button_at(3, 1), "&Annuleren", centred},
+    {"lblMethode", {960, 330, 5760, 330}, "De Standaard Simplex-methode", counted_heading},
+    {"OKButton", button_at(3, 0), "OK", font::centred},
+    {"CancelButton", button_at(3, 1), "&Annuleren", font::centred},
 };
 
 constexpr Placement in_big_M[] = {
-    {"lblMethode", {960, 330, 5760, 330}, "De \"Big-M\"-methode", heading},
-    {"lblNrGroterGelijkVglenM", number_at(3), "", centred},
+    {"lblMethode", {960, 330, 5760, 330}, "De \"Big-M\"-methode", counted_heading},
+    {"lblNrGroterGelijkVglenM", number_at(3), "", font::centred},
     {"VScroll_NrGroterGelijkVglenM", bar_at(3)},
-    {"lblGelijk", text_at(4), "Aantal = restricties :", plain},
-    {"lblNrGelijkVglenM", number_at(4), "", centred},
+    {"lblGelijk", text_at(4), "Aantal = restricties :", font::plain},
+    {"lblNrGelijkVglenM", number_at(4), "", font::centred},
     {"VScroll_NrGelijkVglenM", bar_at(4)},
-    {"lblBigM", text_at(5), "Big M =", plain},
-    {"lblNrBigMM", number_at(5), "", centred},
+    {"lblBigM", text_at(5), "Big M =", font::plain},
+    {"lblNrBigMM", number_at(5), "", font::centred},
     {"VScroll_NrBigMM", bar_at(5)},
-    {"lblSurplusVar", derived_text_at(3), "Aantal surplusvariabelen :", plain},
-    {"lblNrSurplusVar", derived_number_at(3), "", centred},
-    {"lblKunstmatigeVar", derived_text_at(4), "Aantal kunstmatige variabelen :", plain},
-    {"lblNrKunstmatigeVar", derived_number_at(4), "", centred},
-    {"lblNrKunstmatigeVarA", derived_number_at(5), "", centred},
-    {"OKButton", button_at(6, 0), "OK", centred},
-    {"CancelButton", button_at(6, 1), "&Annuleren", centred},
+    {"lblSurplusVar", derived_text_at(3), "Aantal surplusvariabelen :", font::plain},
+    {"lblNrSurplusVar", derived_number_at(3), "", font::centred},
+    {"lblKunstmatigeVar", derived_text_at(4), "Aantal kunstmatige variabelen :", font::plain},
+    {"lblNrKunstmatigeVar", derived_number_at(4), "", font::centred},
+    {"lblNrKunstmatigeVarA", derived_number_at(5), "", font::centred},
+    {"OKButton", button_at(6, 0), "OK", font::centred},
+    {"CancelButton", button_at(6, 1), "&Annuleren", font::centred},
 };
 
 // "Aantal", the relation sign, "restricties :".
@@ -99,7 +99,7 @@ void place_relation(platform::ControlArray<Label, 3>& labels, int row, std::stri
     const auto part = static_cast<std::size_t>(at - 1);
     labels(at).set_bounds({lefts[part], top_of(row) + 45, widths[part], 255});
     labels(at).set_text(words[part]);
-    labels(at).set_font(at == 2 ? centred : plain);
+    labels(at).set_font(at == 2 ? font::centred : font::plain);
   }
 }
 

@@ -13,8 +13,8 @@ namespace tabulon::activex {
 
 namespace {
 
-constexpr DWORD style = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
-constexpr DWORD extended_style = WS_EX_DLGMODALFRAME;
+constexpr DWORD form_style = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
+constexpr DWORD form_extended_style = WS_EX_DLGMODALFRAME;
 
 // The nearest place that is entirely on the screen.
 RECT within_screen(RECT place, HWND near_to) {
@@ -51,7 +51,8 @@ bool FormView::open_over(HWND over) {
   RECT place{0, 0, size().cx, size().cy};
   add_edge(place);
   const POINT middle = over ? middle_on(over, place) : middle_of(GetDesktopWindow());
-  return create({form_class, style, extended_style}, within_screen(around(middle, place), over), owner_);
+  return create({form_class, form_style, form_extended_style}, within_screen(around(middle, place), over),
+                owner_);
 }
 
 // The form's own place is that of its window's corner.
@@ -64,7 +65,7 @@ POINT FormView::middle_on(HWND over, const RECT& window) const {
 }
 
 void FormView::add_edge(RECT& inside) const {
-  add_frame(inside, style, extended_style, dpi());
+  add_frame(inside, form_style, form_extended_style, dpi());
 }
 
 void FormView::show() {

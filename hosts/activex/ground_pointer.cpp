@@ -11,7 +11,7 @@ namespace tabulon::activex {
 
 namespace {
 
-constexpr short left = 1, right = 2;
+constexpr short left_button = 1, right_button = 2;
 
 short modifiers() {
   return static_cast<short>(pressed_modifiers());
@@ -29,11 +29,11 @@ bool GroundPointer::handle(UINT message, WPARAM wparam, LPARAM lparam) {
         return view_.site.fire_mouse(DISPID_MOUSEMOVE, static_cast<short>(wparam & (MK_LBUTTON | MK_RBUTTON)),
                                      modifiers(), at);
       case WM_LBUTTONUP:
-        return release(left, at);
+        return release(left_button, at);
       case WM_RBUTTONUP:
-        return release(right, at);
+        return release(right_button, at);
       default:
-        return press(message, message == WM_RBUTTONDOWN ? right : left, at);
+        return press(message, message == WM_RBUTTONDOWN ? right_button : left_button, at);
     }
   });
   return true;
@@ -42,7 +42,7 @@ bool GroundPointer::handle(UINT message, WPARAM wparam, LPARAM lparam) {
 void GroundPointer::press(UINT message, short button, POINT at) {
   const bool on_ground = is_on_ground(at);
   focus_.mouse_pressed();
-  pressed_ = button == left && on_ground;
+  pressed_ = button == left_button && on_ground;
   if (message == WM_LBUTTONDBLCLK) view_.site.fire_click(DISPID_DBLCLICK);
   view_.site.fire_mouse(DISPID_MOUSEDOWN, button, modifiers(), at);
 }
@@ -51,7 +51,7 @@ void GroundPointer::press(UINT message, short button, POINT at) {
 void GroundPointer::release(short button, POINT at) {
   const bool on_ground = is_on_ground(at);
   view_.site.fire_mouse(DISPID_MOUSEUP, button, modifiers(), at);
-  if (button == right || !std::exchange(pressed_, false) || !on_ground || !view_.surface) return;
+  if (button == right_button || !std::exchange(pressed_, false) || !on_ground || !view_.surface) return;
   view_.services.desk.click(*view_.surface);
   view_.site.fire_click(DISPID_CLICK);
 }

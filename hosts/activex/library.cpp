@@ -6,14 +6,14 @@ namespace tabulon::activex {
 
 namespace {
 
-Library* loaded = nullptr;
+Library* the_library = nullptr;
 
 }  // namespace
 
 // Created on first use: windows and window classes must not be touched from within DllMain.
 Library& library() {
-  if (!loaded) loaded = new Library;
-  return *loaded;
+  if (!the_library) the_library = new Library;
+  return *the_library;
 }
 
 }  // namespace tabulon::activex
@@ -22,6 +22,6 @@ extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID process_
   if (reason == DLL_PROCESS_ATTACH) DisableThreadLibraryCalls(instance);
   // When the process ends, its windows and memory end with it, and what their destructors need may already be
   // gone.
-  if (reason == DLL_PROCESS_DETACH && !process_ends) delete tabulon::activex::loaded;
+  if (reason == DLL_PROCESS_DETACH && !process_ends) delete tabulon::activex::the_library;
   return TRUE;
 }

@@ -14,7 +14,7 @@ namespace tabulon::activex {
 
 using platform::Picture;
 using platform::Raster;
-using platform::picture::Form, platform::picture::Shape, platform::picture::Spot;
+using platform::picture::Shape, platform::picture::Spot;
 
 namespace {
 
@@ -29,10 +29,10 @@ class Brush {
 
   void paint(const Shape& shape) const {
     SetDCBrushColor(dc_, colour_ref(shape.ink));
-    if (shape.form == Form::Line) return line(shape);
+    if (shape.form == platform::picture::Form::Line) return line(shape);
     SelectObject(dc_, GetStockObject(DC_BRUSH));
     SelectObject(dc_, GetStockObject(NULL_PEN));
-    if (shape.form == Form::Disc) return discs(shape);
+    if (shape.form == platform::picture::Form::Disc) return discs(shape);
     const auto places = placed(shape);
     Polygon(dc_, places.data(), static_cast<int>(shape.spots.size()));
   }

@@ -36,6 +36,9 @@ constexpr HRESULT run_time_error(int number) {
   return static_cast<HRESULT>(0x800A0000U + static_cast<unsigned>(number));
 }
 
+// The control in pixels, at 96 dots to an inch.
+inline constexpr LONG full_width = 600, full_height = 296;
+
 class ComTest : public testing::Test {
  protected:
   ComTest();

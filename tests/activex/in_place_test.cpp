@@ -69,8 +69,6 @@ class Holding {
   BYTE before_[256]{};
 };
 
-constexpr LONG width = 600, height = 296;  // at 96 dots to an inch
-
 // ---- Coming
 
 using InPlaceActivation = InPlace;
@@ -90,7 +88,7 @@ TEST_F(InPlaceActivation, PutsOneWindowAtTheCornerOfItsPlace) {
   ASSERT_TRUE(IsWindow(window()));
   EXPECT_EQ(GetParent(window()), site_.window());
   EXPECT_TRUE(is_shown());
-  expect_box(inside_parent(window()), {30, 40, 30 + scaled(width), 40 + scaled(height)});
+  expect_box(inside_parent(window()), {30, 40, 30 + scaled(full_width), 40 + scaled(full_height)});
   HWND of_the_other = nullptr;
   EXPECT_EQ(code(as<IOleInPlaceActiveObject>(object_)->GetWindow(&of_the_other)), code(S_OK));
   EXPECT_EQ(of_the_other, window());
@@ -265,9 +263,9 @@ TEST_F(InPlaceRectangles, MoveItAndDoNotResizeIt) {
   ASSERT_TRUE(object_);
   EXPECT_EQ(code(activate()), code(S_OK));
   EXPECT_EQ(code(move({70, 15, 75, 20}, everything)), code(S_OK));
-  expect_box(inside_parent(window()), {70, 15, 70 + scaled(width), 15 + scaled(height)});
+  expect_box(inside_parent(window()), {70, 15, 70 + scaled(full_width), 15 + scaled(full_height)});
   EXPECT_EQ(code(move({-20, -10, 2000, 2000}, everything)), code(S_OK));
-  expect_box(inside_parent(window()), {-20, -10, -20 + scaled(width), -10 + scaled(height)});
+  expect_box(inside_parent(window()), {-20, -10, -20 + scaled(full_width), -10 + scaled(full_height)});
   EXPECT_FALSE(region());
 }
 
@@ -295,7 +293,7 @@ TEST_F(InPlaceRectangles, AreForAControlWithAWindow) {
   EXPECT_HRESULT_FAILED(move({0, 0, 600, 296}, everything));
   EXPECT_EQ(code(activate()), code(S_OK));
   EXPECT_HRESULT_FAILED(as<IOleInPlaceObject>(object_)->SetObjectRects(nullptr, nullptr));
-  expect_box(inside_parent(window()), {30, 40, 30 + scaled(width), 40 + scaled(height)});
+  expect_box(inside_parent(window()), {30, 40, 30 + scaled(full_width), 40 + scaled(full_height)});
 }
 
 // ---- The container's properties
@@ -787,8 +785,8 @@ TEST_F(InPlacePicture, FillsItsBoxInUnitsOfTwoPixels) {
   SetWindowExtEx(dc_, 1, 1, nullptr);
   SetViewportExtEx(dc_, 2, 2, nullptr);
   SetViewportOrgEx(dc_, 20, 30, nullptr);
-  EXPECT_EQ(code(draw({10, 5, 10 + width, 5 + height})), code(S_OK));
-  expect_drawn({40, 40, 40 + 2 * width, 40 + 2 * height});
+  EXPECT_EQ(code(draw({10, 5, 10 + full_width, 5 + full_height})), code(S_OK));
+  expect_drawn({40, 40, 40 + 2 * full_width, 40 + 2 * full_height});
 }
 
 TEST_F(InPlacePicture, FillsItsBoxWhereTheAxisPointsUp) {
@@ -805,8 +803,8 @@ TEST_F(InPlacePicture, FillsItsBoxWhereTheAxisPointsUp) {
 
 TEST_F(InPlacePicture, FillsItsBoxWhicheverCornerComesFirst) {
   ASSERT_TRUE(object_);
-  EXPECT_EQ(code(draw({40 + width, 30 + height, 40, 30})), code(S_OK));
-  expect_drawn({40, 30, 40 + width, 30 + height});
+  EXPECT_EQ(code(draw({40 + full_width, 30 + full_height, 40, 30})), code(S_OK));
+  expect_drawn({40, 30, 40 + full_width, 30 + full_height});
 }
 
 TEST_F(InPlacePicture, LeavesTheUnitsAsTheyWere) {
@@ -815,7 +813,7 @@ TEST_F(InPlacePicture, LeavesTheUnitsAsTheyWere) {
   SetWindowExtEx(dc_, 1, 1, nullptr);
   SetViewportExtEx(dc_, 2, 2, nullptr);
   SetViewportOrgEx(dc_, 20, 30, nullptr);
-  EXPECT_EQ(code(draw({10, 5, 10 + width, 5 + height})), code(S_OK));
+  EXPECT_EQ(code(draw({10, 5, 10 + full_width, 5 + full_height})), code(S_OK));
   EXPECT_EQ(GetMapMode(dc_), MM_ANISOTROPIC);
   expect_box(in_pixels({0, 0, 1, 1}), {20, 30, 22, 32});
   RECT clip{};

@@ -8,7 +8,7 @@ namespace tabulon::client {
 namespace {
 
 const wchar_t class_id[] = L"{7B0E9C1A-4D52-4C7E-9E0F-5A9D3C61B8F4}";
-const wchar_t library_id[] = L"{B4A6D0F3-21C8-4B0B-8E57-6C1F0A94D2E7}";
+const wchar_t library_text[] = L"{B4A6D0F3-21C8-4B0B-8E57-6C1F0A94D2E7}";
 
 std::optional<std::wstring> value(HKEY root, const std::wstring& key, const wchar_t* name = nullptr) {
   wchar_t text[512];
@@ -40,7 +40,7 @@ class Registration : public ComTest {
     if (library_) FreeLibrary(library_);
   }
   static std::wstring class_key() { return std::wstring(L"CLSID\\") + class_id; }
-  static std::wstring library_key() { return std::wstring(L"TypeLib\\") + library_id; }
+  static std::wstring library_key() { return std::wstring(L"TypeLib\\") + library_text; }
   template <class Function>
   Function function(const char* name) {
     return reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(library_, name)));
@@ -59,7 +59,7 @@ TEST_F(Registration, NamesTheClassBothWays) {
   EXPECT_EQ(value(HKEY_CLASSES_ROOT, L"Tabulon.LPctrl\\CurVer"), L"Tabulon.LPctrl.1");
   EXPECT_EQ(value(HKEY_CLASSES_ROOT, class_key() + L"\\ProgID"), L"Tabulon.LPctrl.1");
   EXPECT_EQ(value(HKEY_CLASSES_ROOT, class_key() + L"\\VersionIndependentProgID"), L"Tabulon.LPctrl");
-  EXPECT_EQ(value(HKEY_CLASSES_ROOT, class_key() + L"\\TypeLib"), library_id);
+  EXPECT_EQ(value(HKEY_CLASSES_ROOT, class_key() + L"\\TypeLib"), library_text);
 }
 
 TEST_F(Registration, SaysThatItIsAControlAndHowItIsShown) {

@@ -12,7 +12,6 @@
 namespace tabulon::client {
 namespace {
 
-constexpr LONG width = 600, height = 296;
 constexpr COLORREF untouched = RGB(255, 0, 255);
 
 // A bitmap filled with a colour that the control does not use.
@@ -63,37 +62,37 @@ class View : public ComTest {
 
 TEST_F(View, ShowsTheGridAndItsNumbers) {
   ASSERT_TRUE(view_);
-  const Paper paper(width, height);
-  EXPECT_EQ(code(draw(paper.dc(), {0, 0, width, height})), code(S_OK));
-  EXPECT_EQ(paper.drawn({0, 0, width, height}), width * height);
+  const Paper paper(full_width, full_height);
+  EXPECT_EQ(code(draw(paper.dc(), {0, 0, full_width, full_height})), code(S_OK));
+  EXPECT_EQ(paper.drawn({0, 0, full_width, full_height}), full_width * full_height);
   // The menu buttons above, the cells below: text on a background has more than one colour.
-  EXPECT_GT(paper.colours({0, 0, width, 30}), 2U);
-  EXPECT_GT(paper.colours({0, 60, width, height}), 3U);
+  EXPECT_GT(paper.colours({0, 0, full_width, 30}), 2U);
+  EXPECT_GT(paper.colours({0, 60, full_width, full_height}), 3U);
 }
 
 TEST_F(View, ShowsWhatTheTableauHolds) {
   ASSERT_TRUE(view_);
-  const Paper before(width, height), after(width, height), again(width, height);
-  EXPECT_EQ(code(draw(before.dc(), {0, 0, width, height})), code(S_OK));
-  EXPECT_EQ(code(draw(again.dc(), {0, 0, width, height})), code(S_OK));
+  const Paper before(full_width, full_height), after(full_width, full_height), again(full_width, full_height);
+  EXPECT_EQ(code(draw(before.dc(), {0, 0, full_width, full_height})), code(S_OK));
+  EXPECT_EQ(code(draw(again.dc(), {0, 0, full_width, full_height})), code(S_OK));
   EXPECT_EQ(before.pixels(), again.pixels());
   EXPECT_EQ(code(as<ILPctrl>(view_)->put_prmDLfunctie(_bstr_t(L" 88, 88"))), code(S_OK));
-  EXPECT_EQ(code(draw(after.dc(), {0, 0, width, height})), code(S_OK));
+  EXPECT_EQ(code(draw(after.dc(), {0, 0, full_width, full_height})), code(S_OK));
   EXPECT_NE(before.pixels(), after.pixels());
 }
 
 TEST_F(View, StaysInsideItsBox) {
   ASSERT_TRUE(view_);
   const Paper paper(800, 400);
-  EXPECT_EQ(code(draw(paper.dc(), {100, 50, 100 + width, 50 + height})), code(S_OK));
-  EXPECT_EQ(paper.drawn({100, 50, 100 + width, 50 + height}), width * height);
-  EXPECT_EQ(paper.drawn({0, 0, 800, 400}), width * height);
+  EXPECT_EQ(code(draw(paper.dc(), {100, 50, 100 + full_width, 50 + full_height})), code(S_OK));
+  EXPECT_EQ(paper.drawn({100, 50, 100 + full_width, 50 + full_height}), full_width * full_height);
+  EXPECT_EQ(paper.drawn({0, 0, 800, 400}), full_width * full_height);
 }
 
 TEST_F(View, IsDrawnLargerAndSmaller) {
   ASSERT_TRUE(view_);
   for (const double scale : {0.5, 2.0, 3.0}) {
-    const LONG wide = std::lround(width * scale), high = std::lround(height * scale);
+    const LONG wide = std::lround(full_width * scale), high = std::lround(full_height * scale);
     const Paper paper(wide + 20, high + 20);
     EXPECT_EQ(code(draw(paper.dc(), {10, 10, 10 + wide, 10 + high})), code(S_OK)) << scale;
     EXPECT_EQ(paper.drawn({10, 10, 10 + wide, 10 + high}), wide * high) << scale;
@@ -104,11 +103,11 @@ TEST_F(View, IsDrawnLargerAndSmaller) {
 
 TEST_F(View, LeavesTheDeviceAsItWas) {
   ASSERT_TRUE(view_);
-  const Paper paper(width, height);
+  const Paper paper(full_width, full_height);
   const HGDIOBJ pen = GetCurrentObject(paper.dc(), OBJ_PEN), brush = GetCurrentObject(paper.dc(), OBJ_BRUSH),
                 font = GetCurrentObject(paper.dc(), OBJ_FONT);
   SetMapMode(paper.dc(), MM_TEXT);
-  EXPECT_EQ(code(draw(paper.dc(), {0, 0, width, height})), code(S_OK));
+  EXPECT_EQ(code(draw(paper.dc(), {0, 0, full_width, full_height})), code(S_OK));
   EXPECT_EQ(GetCurrentObject(paper.dc(), OBJ_PEN), pen);
   EXPECT_EQ(GetCurrentObject(paper.dc(), OBJ_BRUSH), brush);
   EXPECT_EQ(GetCurrentObject(paper.dc(), OBJ_FONT), font);
@@ -122,7 +121,7 @@ TEST_F(View, LeavesTheDeviceAsItWas) {
 TEST_F(View, CanBePutInAMetafile) {
   ASSERT_TRUE(view_);
   const HDC dc = CreateEnhMetaFileW(nullptr, nullptr, nullptr, nullptr);
-  const RECTL box{0, 0, width, height};
+  const RECTL box{0, 0, full_width, full_height};
   EXPECT_EQ(code(view_->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, dc, &box, &box, nullptr, 0)),
             code(S_OK));
   const HENHMETAFILE picture = CloseEnhMetaFile(dc);
@@ -130,11 +129,11 @@ TEST_F(View, CanBePutInAMetafile) {
   ENHMETAHEADER header{};
   EXPECT_NE(GetEnhMetaFileHeader(picture, sizeof header, &header), 0U);
   EXPECT_GT(header.nRecords, 100U);
-  const Paper paper(width, height);
-  const RECT all{0, 0, width, height};
+  const Paper paper(full_width, full_height);
+  const RECT all{0, 0, full_width, full_height};
   EXPECT_TRUE(PlayEnhMetaFile(paper.dc(), picture, &all));
-  EXPECT_GT(paper.drawn(all), width * height / 2);
-  EXPECT_GT(paper.colours({0, 60, width, height}), 3U);
+  EXPECT_GT(paper.drawn(all), full_width * full_height / 2);
+  EXPECT_GT(paper.colours({0, 60, full_width, full_height}), 3U);
   DeleteEnhMetaFile(picture);
 }
 
@@ -142,11 +141,11 @@ TEST_F(View, CanBePutInAMetafile) {
 TEST_F(View, IsNotDrawnInHugeBoxes) {
   ASSERT_TRUE(view_);
   constexpr LONG least = std::numeric_limits<LONG>::min(), most = std::numeric_limits<LONG>::max();
-  const Paper paper(width, height);
+  const Paper paper(full_width, full_height);
   for (const RECTL& box : {RECTL{0, 0, 2'000'000, 1'000'000}, RECTL{least, least, most, most},
                            RECTL{0, 0, most, most}, RECTL{most, most, least, least}})
     EXPECT_EQ(code(draw(paper.dc(), box)), code(E_INVALIDARG)) << box.right;
-  EXPECT_EQ(paper.drawn({0, 0, width, height}), 0);
+  EXPECT_EQ(paper.drawn({0, 0, full_width, full_height}), 0);
   EXPECT_EQ(code(draw(paper.dc(), {0, 0, 60'000, 29'600})), code(S_OK));
   EXPECT_EQ(code(draw(paper.dc(), {0, 0, 0, 0})), code(S_OK));
 }
@@ -161,14 +160,14 @@ TEST_F(View, TellsItsSize) {
 
 TEST_F(View, NeedsAPlaceToBeDrawn) {
   ASSERT_TRUE(view_);
-  const Paper paper(width, height);
+  const Paper paper(full_width, full_height);
   EXPECT_HRESULT_FAILED(
       view_->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, paper.dc(), nullptr, nullptr, nullptr, 0));
-  const RECTL box{0, 0, width, height};
+  const RECTL box{0, 0, full_width, full_height};
   EXPECT_EQ(
       code(view_->Draw(DVASPECT_ICON, -1, nullptr, nullptr, nullptr, paper.dc(), &box, nullptr, nullptr, 0)),
       code(DV_E_DVASPECT));
-  EXPECT_EQ(paper.drawn({0, 0, width, height}), 0);
+  EXPECT_EQ(paper.drawn({0, 0, full_width, full_height}), 0);
 }
 
 }  // namespace

@@ -3,7 +3,7 @@
 
 #include "tests/control/control_fixture.h"
 
-namespace tabulon {
+namespace tabulon::tests {
 namespace {
 
 class Cells : public ControlTest {
@@ -292,4 +292,4 @@ TEST_F(Cells, AcceptedExpressionsMayUseFunctionsAndPi) {
 }
 
 }  // namespace
-}  // namespace tabulon
+}  // namespace tabulon::tests

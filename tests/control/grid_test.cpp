@@ -2,7 +2,7 @@
 
 #include "tests/control/control_fixture.h"
 
-namespace tabulon {
+namespace tabulon::tests {
 namespace {
 
 class Grid : public ControlTest {
@@ -347,4 +347,4 @@ TEST_F(Fractions, TheMethodForScriptsGivesTheDisplayTextAndTheNumberShown) {
 }
 
 }  // namespace
-}  // namespace tabulon
+}  // namespace tabulon::tests

@@ -11,10 +11,6 @@ namespace tabulon::scenarios {
 
 namespace {
 
-std::string in_quotes(std::string_view text) {
-  return "\"" + std::string(text) + "\"";
-}
-
 bool is_seeing(const Sentence& sentence) {
   return sentence.form.starts_with("see ");
 }

@@ -14,10 +14,6 @@ bool is_quoted(std::string_view text) {
   return text.size() >= 2 && text.front() == '"' && text.back() == '"';
 }
 
-std::string in_quotes(std::string_view text) {
-  return "\"" + std::string(text) + "\"";
-}
-
 std::string_view take_word(std::string_view& rest) {
   const std::size_t end = rest.front() == '"' ? rest.find('"', 1) : rest.find(' ');
   const std::size_t length = end == rest.npos ? rest.size() : rest.front() == '"' ? end + 1 : end;
@@ -219,6 +215,10 @@ std::string help_for(const Command& command) {
 }
 
 }  // namespace
+
+std::string in_quotes(std::string_view text) {
+  return "\"" + std::string(text) + "\"";
+}
 
 void expect(bool holds, const std::string& what) {
   if (!holds) throw Failure{what};

@@ -27,6 +27,9 @@ struct Command {
   std::vector<Command> below{};
 };
 
+// As the messages about a scenario write its words.
+std::string in_quotes(std::string_view text);
+
 std::vector<Command> read_scenario(std::string_view text);
 
 // What is not as it must be.

@@ -3,7 +3,7 @@
 #include "platform/captions.h"
 #include "tests/control/control_fixture.h"
 
-namespace tabulon {
+namespace tabulon::tests {
 namespace {
 
 using platform::Menu;
@@ -428,4 +428,4 @@ TEST_F(Reset, CanBeAskedAgainAndAgain) {
 }
 
 }  // namespace
-}  // namespace tabulon
+}  // namespace tabulon::tests

@@ -1,7 +1,7 @@
 // The messages, the About box, and the commands that run the method and tell about it.
 #include "tests/control/control_fixture.h"
 
-namespace tabulon {
+namespace tabulon::tests {
 namespace {
 
 class Messages : public ControlTest {
@@ -381,4 +381,4 @@ TEST_F(StepByStep, AFirstTableauOutOfCanonicalFormIsPutRightWithoutCounting) {
 }
 
 }  // namespace
-}  // namespace tabulon
+}  // namespace tabulon::tests

@@ -43,15 +43,6 @@ void expect_optimum(basSafeCtl (*make_problem)(), const Optimum& expected, int t
 
 // maximise 3 x1 + 5 x2, x1 <= 4, 2 x2 <= 12, 3 x1 + 2 x2 <= 18: both last rows bind in (2, 6), F = 36.
 // Column 2 enters in row 2 (12/2 = 6 against 18/2 = 9), then column 1 in row 3 (6/3 = 2 against 4/1).
-basSafeCtl three_rows() {
-  basSafeCtl model = problem({.variables = 2, .less_equal = 3});
-  fill_row_F(model, {-3, -5});
-  fill_row(model, 1, {1, 0}, 4);
-  fill_row(model, 2, {0, 2}, 12);
-  fill_row(model, 3, {3, 2}, 18);
-  return model;
-}
-
 TEST(Optimise, FindsTheCornerOfThreeRows) {
   expect_optimum(three_rows, {2, 6, 36}, 3);
 }

@@ -50,6 +50,16 @@ inline void fill_row(basSafeCtl& model, int row, std::initializer_list<double> c
   model.current.row(row).write(CellRow::right_hand_side, right);
 }
 
+// maximise 3 x1 + 5 x2 with x1 <= 4, 2 x2 <= 12, 3 x1 + 2 x2 <= 18
+inline basSafeCtl three_rows() {
+  basSafeCtl model = problem({.variables = 2, .less_equal = 3});
+  fill_row_F(model, {-3, -5});
+  fill_row(model, 1, {1, 0}, 4);
+  fill_row(model, 2, {0, 2}, 12);
+  fill_row(model, 3, {3, 2}, 18);
+  return model;
+}
+
 inline void write_typed(CellRow& row, int column, const char* text, double value) {
   row.write(column, value, text);
 }

@@ -14,16 +14,6 @@ namespace {
 
 constexpr double huge = std::numeric_limits<double>::max();
 
-// maximise 3 x1 + 5 x2 with x1 <= 4, 2 x2 <= 12, 3 x1 + 2 x2 <= 18
-basSafeCtl three_rows() {
-  basSafeCtl model = problem({.variables = 2, .less_equal = 3});
-  fill_row_F(model, {-3, -5});
-  fill_row(model, 1, {1, 0}, 4);
-  fill_row(model, 2, {0, 2}, 12);
-  fill_row(model, 3, {3, 2}, 18);
-  return model;
-}
-
 Result<> sweep(basSafeCtl& model, int row, int column) {
   model.PivotRij = static_cast<std::int16_t>(row);
   model.PivotKolom = static_cast<std::int16_t>(column);

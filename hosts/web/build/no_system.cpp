@@ -10,17 +10,17 @@
 
 extern "C" {
 
-[[noreturn]] void abort() {
+void abort() {
   __builtin_trap();
 }
 
-[[noreturn]] void _Exit(int) {
+void _Exit(int) {
   __builtin_trap();
 }
 
 // The C++ library words a last message before it aborts, with printf; without these it would bring printf
 // along.
-[[noreturn]] void abort_message(const char*, ...) {
+void abort_message(const char*, ...) {
   __builtin_trap();
 }
 [[noreturn]] void __abort_message(const char*, ...) {
