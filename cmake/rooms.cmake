@@ -48,14 +48,3 @@ function(tabulon_room name)
     target_link_libraries(${name} INTERFACE tabulon_options ${ROOM_DEPENDS})
   endif()
 endfunction()
-
-# Where rooms are compiled several files at a time, which takes a quarter of the time, these are compiled alone: they
-# have names of their own that others have too.
-function(tabulon_compile_alone)
-  file(GLOB forms ${PROJECT_SOURCE_DIR}/simplex/frm*.cpp ${PROJECT_SOURCE_DIR}/simplex/*_form.cpp
-    ${PROJECT_SOURCE_DIR}/simplex/*_dialog.cpp ${PROJECT_SOURCE_DIR}/*/*_layout.cpp)
-  set(others numbers/display.cpp numbers/expression_scanner.cpp files/tableau_file.cpp
-    shell/keyboard.cpp shell/menu_bar.cpp shell/resting_focus.cpp)
-  list(TRANSFORM others PREPEND ${PROJECT_SOURCE_DIR}/)
-  set_source_files_properties(${forms} ${others} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
-endfunction()

@@ -78,7 +78,6 @@ function(tabulon_tests)
     add_executable(${room}_tests ${sources})
     target_link_libraries(${room}_tests PRIVATE tabulon_test_options ${layer} GTest::gtest_main)
     target_precompile_headers(${room}_tests REUSE_FROM tabulon_test_headers)
-    set_target_properties(${room}_tests PROPERTIES UNITY_BUILD OFF)
     list(FILTER sources INCLUDE REGEX "${TABULON_TESTS_THAT_COMPUTE}")
     set_source_files_properties(${sources} PROPERTIES COMPILE_OPTIONS -O1 SKIP_PRECOMPILE_HEADERS ON)
     # A scenario is a test by being there: a new one is found by building again.

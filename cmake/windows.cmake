@@ -82,7 +82,6 @@ function(tabulon_windows)
   add_library(tabulon_activex OBJECT ${sources})
   add_dependencies(tabulon_activex tabulon_idl)
   target_compile_options(tabulon_activex PRIVATE -fno-exceptions)
-  set_target_properties(tabulon_activex PROPERTIES UNITY_BUILD OFF)
   target_include_directories(tabulon_activex SYSTEM PUBLIC ${idl_folder})
   target_link_libraries(tabulon_activex PUBLIC tabulon_control tabulon_windows_options)
   target_precompile_headers(tabulon_activex PRIVATE

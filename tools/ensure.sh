@@ -83,11 +83,22 @@ ensure_npm() {
   ) 9>"$root/build/npm.lock"
 }
 
-# configure <preset>: what it says is shown only where it fails.
+# cached <preset> <variable>: what its build folder has been configured with, nothing where there is none.
+cached() {
+  sed -n "s/^$2:[A-Z]*=//p" "$root/build/$1/CMakeCache.txt" 2>/dev/null
+}
+
+# configure <preset>: what it says is shown only where it fails. A folder for this machine that is made here is to be
+# built as a whole, which is quickest with several sources compiled as one; where somebody works in it, it stays as
+# it is.
 configure() {
-  local log=$root/build/configure-$1.log
+  local log=$root/build/configure-$1.log options=() several
+  if [[ $1 == native ]]; then
+    several=$(cached native CMAKE_UNITY_BUILD)
+    options=(-DCMAKE_UNITY_BUILD="${several:-ON}")
+  fi
   mkdir -p "$root/build"
-  (cd "$root" && cmake --preset "$1") >"$log" 2>&1 || {
+  (cd "$root" && cmake --preset "$1" "${options[@]}") >"$log" 2>&1 || {
     cat "$log" >&2
     return 1
   }

@@ -24,10 +24,18 @@ const counts = /^(--target=|-stdlib=|-std=|-D|-I|-isystem|-fno-rtti|-fconstexpr-
 // Our own sources: not what is made in build/, and nothing from elsewhere.
 export const isRead = (path) => path.endsWith(".cpp") && !/^(build\/|\.\.)/.test(path);
 
+// A source, or several that are compiled as one.
+function compiledIn(file) {
+  if (!/\/Unity\/unity_\d+_cxx\.cxx$/.test(file)) return [file];
+  return [...readFileSync(file, "utf8").matchAll(/^#include "(.*)"$/gm)].map(([, source]) => source);
+}
+
 function compiled(preset) {
   const database = join(root, "build", preset, "compile_commands.json");
   if (!existsSync(database)) return [];
-  return JSON.parse(readFileSync(database, "utf8")).filter(({ file }) => isRead(relative(root, file)));
+  return JSON.parse(readFileSync(database, "utf8"))
+    .flatMap(({ file, command }) => compiledIn(file).map((each) => ({ file: each, command })))
+    .filter(({ file }) => isRead(relative(root, file)));
 }
 
 const words = (command) => command.replaceAll("-isystem ", "-isystem").replaceAll('\\"', '"').split(" ");
@@ -83,7 +91,7 @@ const digest = (...texts) => texts.reduce((hash, text) => hash.update(text), cre
 function together(sources, renamed = new Map()) {
   const headers = sources.flatMap((source) => includeLines(source));
   const included = sources.flatMap((source, number) => {
-    const names = renamed.get(source) ?? [];
+    const names = [...(renamed.get(source) ?? [])];
     return [
       ...names.map((name) => `#define ${name} ${name}_${number}`),
       `#include "${source}"`,
@@ -108,12 +116,21 @@ async function atOdds(path, flags) {
   return names;
 }
 
-// The sources as few texts for clang-tidy, by halves until they go together. One that does not even go alone is left
-// to clang-tidy to report.
+// The sources as few texts for clang-tidy: renamed as long as that helps, else by halves until they go together. One
+// that does not even go alone is left to clang-tidy to report.
 async function rounds(sources, flags) {
-  const renamed = await atOdds(together(sources), flags);
-  const path = together(sources, renamed);
-  if (sources.length === 1 || renamed.size === 0 || (await atOdds(path, flags)).size === 0) return [path];
+  const renamed = new Map();
+  for (let helps = true; helps; ) {
+    const path = together(sources, renamed);
+    const odds = await atOdds(path, flags);
+    if (odds.size === 0 || sources.length === 1) return [path];
+    helps = false;
+    for (const [source, names] of odds) {
+      const all = new Set([...(renamed.get(source) ?? []), ...names]);
+      helps ||= all.size > (renamed.get(source)?.size ?? 0);
+      renamed.set(source, all);
+    }
+  }
   const middle = sources.length >> 1;
   return [...(await rounds(sources.slice(0, middle), flags)), ...(await rounds(sources.slice(middle), flags))];
 }
