@@ -88,7 +88,7 @@ const script = await file("../dist/web/tabulon.js");
 say("tabulon.js", script.length / 1024, "kB");
 say("tabulon.js gzipped", gzipSync(script, { level: 9 }).length / 1024, "kB");
 
-const browser = await launch();
+const browser = await launch({ whole: true });
 try {
   const openPage = browser.browser.newPage.bind(browser.browser);
   browser.browser.newPage = async () => {

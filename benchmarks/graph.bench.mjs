@@ -73,7 +73,7 @@ const dragging = (page) =>
     return scripts;
   });
 
-const browser = await launch();
+const browser = await launch({ whole: true });
 try {
   const page = await browser.open(problem(lists));
   await page.click(control("cmd_Bewerken"));

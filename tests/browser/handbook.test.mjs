@@ -572,6 +572,9 @@ describe("the limits of the method", () => {
 
 // ---- Learning environments
 
+// Asks for the icons of pages too, and tells of a download that is refused.
+let whole;
+
 // A server that gives each path its own rules.
 async function served(pages, use) {
   const server = createServer((request, response) => {
@@ -581,7 +584,7 @@ async function served(pages, use) {
     response.end(content);
   });
   await new Promise((resume) => server.listen(0, "127.0.0.1", resume));
-  const page = await browser.browser.newPage();
+  const page = await whole.browser.newPage();
   const refused = [];
   await page.exposeFunction("noteRefusal", (what) => refused.push(what));
   await page.evaluateOnNewDocument(() =>
@@ -602,6 +605,9 @@ const script = () => readFileSync(join(browser.folder, "tabulon.js"));
 const plain = (body) => `<!doctype html><link rel="icon" href="data:,"><script src="/tabulon.js"></script>${body}`;
 
 describe("a learning environment", () => {
+  before(async () => (whole = await launch({ whole: true })));
+  after(() => whole?.close());
+
   test("needs no more than the rules that it says", async () => {
     const pages = {
       "/": { policy: await listing("csp"), content: plain(problem(furniture)) },
@@ -631,12 +637,13 @@ describe("a learning environment", () => {
   });
 
   test("is asked for nothing, and nothing is kept or sent", async () => {
-    const page = await browser.open("index.html", { wait: false });
+    const page = await whole.browser.newPage();
     const asked = [];
-    page.on("request", (request) => asked.push(`${request.method()} ${request.url().replace(browser.origin, "")}`));
-    await page.reload();
+    page.on("request", (request) => asked.push(`${request.method()} ${request.url().replace(whole.origin, "")}`));
+    await page.goto(`${whole.origin}/index.html`);
     await idle(page);
     await optimum(page, " 36");
+    await eventually(() => asked.includes("GET /voorbeelden.svg"), true, "the page's icon");
     assert.deepEqual(asked.sort(), [
       "GET /index.html",
       "GET /pagina.js",

@@ -180,6 +180,7 @@ describe("an element that is not in the page", () => {
     const { width, height } = await boxOf("tabulon-lpctrl", inFrame);
     assert.deepEqual([width, height], [600, 296]);
     await clickAt(control("cmd_Help"), inFrame);
+    await until(() => LPctrl1.shadowRoot.querySelector("[role=menu]"));
     const [button, menu] = [
       await boxOf(control("cmd_Help"), inFrame),
       await boxOf("tabulon-lpctrl >>> [role=menu]", inFrame),
