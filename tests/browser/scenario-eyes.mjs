@@ -1,11 +1,11 @@
 // What a person sees of the control in a page, read from the page itself. Runs inside the page: it may use
 // nothing from outside its own body.
 //
-//   await page.evaluate(look, { what: "state" })                        // the whole, as headless writes it
-//   await page.evaluate(look, { what: "control", name: "txtRL", index: 2 })
+//   const { controls, form, menus, busy } = await page.evaluate(look, { named: [{ name: "txtRL", index: 2 }] });
+//   const { state } = await page.evaluate(look, { named: [], whole: true }); // as headless writes it
 
 /* global document, getComputedStyle */
-export function look({ what, name, index }) {
+export function look({ named, whole }) {
   const element = document.querySelector("tabulon-lpctrl");
   const root = element.shadowRoot;
   const kinds = {
@@ -148,9 +148,9 @@ export function look({ what, name, index }) {
       .join("") +
     (menus.length ? menuLines() : focusLine());
 
-  const find = (on) =>
-    on.querySelector(`[data-name="${name}"]${index ? `[data-index="${index}"]` : ":not([data-index])"}`);
-  const control = () => {
+  const control = ({ name, index }) => {
+    const find = (on) =>
+      on.querySelector(`[data-name="${name}"]${index ? `[data-index="${index}"]` : ":not([data-index])"}`);
     const item = menus.map(find).find(Boolean);
     const on = find(top) ? top : ground;
     const node = item ?? find(on);
@@ -183,20 +183,16 @@ export function look({ what, name, index }) {
     };
   };
 
-  switch (what) {
-    case "state":
-      return state();
-    case "control":
-      return control();
-    case "form":
-      return forms.length
-        ? { name: forms.at(-1).dataset.name, caption: forms.at(-1).querySelector(".title").textContent }
-        : null;
-    case "menus":
-      return menus.map(menuName);
-    case "busy":
-      return element.hasAttribute("aria-busy");
-    default:
-      throw new Error(`look at what: ${what}?`);
-  }
+  const form = () => ({
+    name: forms.at(-1).dataset.name,
+    caption: forms.at(-1).querySelector(".title").textContent,
+  });
+
+  return {
+    controls: named.map(control),
+    form: forms.length ? form() : null,
+    menus: menus.map(menuName),
+    busy: element.hasAttribute("aria-busy"),
+    state: whole ? state() : undefined,
+  };
 }

@@ -60,6 +60,25 @@ const filesScript = `
   };
 `;
 
+// What is seen when the page has handled what was waiting, and a control that let it paint meanwhile has gone on.
+const eyesScript = `
+  const look = ${look};
+  window.settle = async () => {
+    for (let turn = 0; turn < 2; ++turn) {
+      if (document.querySelector("[aria-busy]")) await new Promise(requestAnimationFrame);
+      await new Promise((resolve) => {
+        const { port1, port2 } = new MessageChannel();
+        port1.onmessage = resolve;
+        port2.postMessage(0);
+      });
+    }
+  };
+  window.settleAndLook = async (wanted) => {
+    await settle();
+    return { ...look(wanted), errors: scenarioErrors };
+  };
+`;
+
 const projectFile = (path) => fileURLToPath(new URL(`../../${path}`, import.meta.url));
 
 const pageWith = (element, scripts) => `<!doctype html>
@@ -75,6 +94,20 @@ ${element}
 </html>
 `;
 
+const onlyLooks = ({ says }) => says.startsWith("see ") || says === "dump LABEL";
+const calledOf = ({ name, index }) => (index ? `${name} ${index}` : name);
+const namedBy = ({ says, given }) =>
+  says.endsWith(" ITEM") ? [{ name: given[0] }] : given.filter((each) => each?.name !== undefined);
+
+// What one look must tell, so that nothing is asked of the page again until something is done: the steps that only
+// look, and the controls of the one behind them.
+function wantedBy(steps) {
+  const next = steps.findIndex((step) => !onlyLooks(step));
+  const looking = next < 0 ? steps : steps.slice(0, next + 1);
+  const named = new Map(looking.flatMap(namedBy).map((each) => [calledOf(each), each]));
+  return { named: [...named.values()], whole: looking.some(({ says }) => says === "dump LABEL") };
+}
+
 class Player {
   parameters = {};
   errorsSeen = 0;
@@ -86,11 +119,19 @@ class Player {
 
   // ---- Looking
 
-  look = (what, name, index) => this.page.evaluate(look, { what, name, index });
+  // `seen` is what the page showed then; what has not come yet is looked for again, see eventually.
+  async look() {
+    const seen = await this.page.evaluate((wanted) => window.settleAndLook(wanted), this.wanted);
+    this.seen = {
+      ...seen,
+      controls: new Map(this.wanted.named.map((each, at) => [calledOf(each), seen.controls[at]])),
+    };
+    this.noteErrors(seen.errors);
+  }
 
   // Until `check` throws no more; then what it returns.
   async eventually(check) {
-    for (const end = Date.now() + patience; ; await sleep(20)) {
+    for (const end = Date.now() + patience; ; await sleep(20), await this.look()) {
       try {
         return await check();
       } catch (error) {
@@ -99,40 +140,26 @@ class Player {
     }
   }
 
-  async find({ name, index }) {
-    const control = await this.look("control", name, index);
-    const called = index ? `${name} ${index}` : name;
+  find(named) {
+    const called = calledOf(named);
+    const control = this.seen.controls.get(called);
     assert.ok(control, `there is no ${called}`);
     return { ...control, called };
   }
 
-  async findShown(named) {
-    const control = await this.find(named);
+  findShown(named) {
+    const control = this.find(named);
     assert.ok(control.shown, `${control.called} is not shown`);
     return control;
   }
 
-  async findBar(named) {
-    const control = await this.findShown(named);
+  findBar(named) {
+    const control = this.findShown(named);
     assert.ok(control.bar, `${control.called} is no bar`);
     return control;
   }
 
-  // Until the page has handled what was waiting, and a control that let it paint meanwhile has gone on.
-  waitUntilIdle = () =>
-    this.page.evaluate(async () => {
-      for (let turn = 0; turn < 2; ++turn) {
-        if (document.querySelector("[aria-busy]")) await new Promise(requestAnimationFrame);
-        await new Promise((resolve) => {
-          const { port1, port2 } = new MessageChannel();
-          port1.onmessage = resolve;
-          port2.postMessage(0);
-        });
-      }
-    });
-
-  async noteErrors() {
-    const errors = await this.page.evaluate(() => window.scenarioErrors);
+  noteErrors(errors) {
     if (errors.length > this.errorsSeen) this.error = errors.at(-1);
     this.errorsSeen = errors.length;
   }
@@ -160,23 +187,22 @@ class Player {
 
   // ---- Doing
 
-  async play({ says, given }) {
-    const isSeeing = says.startsWith("see ");
-    if (!isSeeing) this.expectNoError();
-    if (isSeeing) await this.eventually(() => sentences[says].apply(this, given));
-    else await sentences[says].apply(this, given);
-    if (!this.page || isSeeing) return;
-    if (says !== "press KEY...") await this.waitUntilIdle(); // it has idle after each key
-    await this.noteErrors();
+  async play({ says, given }, behind) {
+    if (!says.startsWith("see ")) this.expectNoError();
+    if (onlyLooks({ says })) return this.eventually(() => sentences[says].apply(this, given));
+    await sentences[says].apply(this, given);
+    if (!this.page) return;
+    this.wanted = wantedBy(behind);
+    await this.look();
   }
 
+  settle = () => this.page.evaluate(() => window.settle());
   clickAt = ({ left, top, width, height }) => this.page.mouse.click(left + width / 2, top + height / 2);
 
   async pressKey({ key, held }) {
     for (const hold of held) await this.page.keyboard.down(hold);
     await this.page.keyboard.press(key);
     for (const hold of [...held].reverse()) await this.page.keyboard.up(hold);
-    await this.waitUntilIdle();
   }
 
   async dragThumb({ bar, vertical }, to) {
@@ -189,7 +215,7 @@ class Player {
     await this.page.mouse.move(x, y);
     await this.page.mouse.down();
     await this.page.mouse.move(x + (vertical ? 0 : distance), y + (vertical ? distance : 0), { steps: 5 });
-    await this.waitUntilIdle();
+    await this.settle();
     await this.page.mouse.up();
   }
 
@@ -204,8 +230,8 @@ class Player {
 
   async scroll(named, steps, placeOn) {
     for (let turn = 0; turn < Math.abs(steps); ++turn) {
-      await this.clickAt(placeOn(await this.findBar(named), steps > 0));
-      await this.waitUntilIdle();
+      if (turn > 0) await this.look();
+      await this.clickAt(placeOn(this.findBar(named), steps > 0));
     }
   }
 }
@@ -221,12 +247,14 @@ export const sentences = {
     await browser.write("scenario-clock.js", this.fakeTimers + clockScript);
     await browser.write("scenario-errors.js", errorsScript);
     await browser.write("scenario-files.js", filesScript);
+    await browser.write("scenario-eyes.js", eyesScript);
     // So that the mouse can leave the control on every side.
     await browser.write("scenario.css", "body { margin: 300px }");
     const scripts = [
       ...(this.hasClock ? ["scenario-clock.js"] : []),
       "scenario-errors.js",
       "scenario-files.js",
+      "scenario-eyes.js",
       "tabulon.js",
     ];
     const page = pageWith(problem(this.parameters), scripts);
@@ -242,7 +270,7 @@ export const sentences = {
   },
 
   async "click CONTROL"(named) {
-    await this.clickAt((await this.findShown(named)).box);
+    await this.clickAt(this.findShown(named).box);
   },
 
   async leave() {
@@ -252,17 +280,19 @@ export const sentences = {
 
   async "choose ITEM"(name) {
     const item = await this.eventually(() => this.find({ name }));
-    await this.page.mouse.move(item.box.left + item.box.width / 2, item.box.top + item.box.height / 2);
     await this.clickAt(item.box);
   },
 
   async "hover ITEM"(name) {
-    const { box } = await this.find({ name });
+    const { box } = this.find({ name });
     await this.page.mouse.move(box.left + box.width / 2, box.top + box.height / 2);
   },
 
   async "press KEY..."(keys) {
-    for (const key of keys) await this.pressKey(key);
+    for (const [at, key] of keys.entries()) {
+      if (at > 0) await this.settle();
+      await this.pressKey(key);
+    }
   },
 
   async "type TEXT"(text) {
@@ -348,11 +378,11 @@ export const sentences = {
   },
 
   async "scroll BAR to PLACE"(named, place) {
-    await this.dragThumb(await this.findBar(named), place);
+    await this.dragThumb(this.findBar(named), place);
   },
 
   async "drag CONTROL by RIGHT DOWN"(named, right, down) {
-    const { box } = await this.findShown(named);
+    const { box } = this.findShown(named);
     const [x, y] = [box.left + box.width / 2, box.top + box.height / 2];
     await this.page.mouse.move(x, y);
     await this.page.mouse.down();
@@ -360,35 +390,35 @@ export const sentences = {
     await this.page.mouse.up();
   },
 
-  async "dump LABEL"(label) {
+  "dump LABEL"(label) {
     const wanted = this.dumps[label];
     assert.ok(wanted, `the headless host has no dump ${label}`);
-    await this.eventually(async () => assert.equal(await this.look("state"), wanted));
+    assert.equal(this.seen.state, wanted);
   },
 
   // ---- What must be seen
 
-  async "see form FORM TEXT"(name, caption) {
-    assert.deepEqual(await this.look("form"), { name, caption });
+  "see form FORM TEXT"(name, caption) {
+    assert.deepEqual(this.seen.form, { name, caption });
   },
 
-  async "see form FORM"(name) {
-    const form = await this.look("form");
+  "see form FORM"(name) {
+    const form = this.seen.form;
     assert.ok(form, "no form is open");
     assert.equal(form.name, name);
   },
 
-  async "see no form"() {
-    assert.equal(await this.look("form"), null, "a form is open");
+  "see no form"() {
+    assert.equal(this.seen.form, null, "a form is open");
   },
 
-  async "see menu MENU"(name) {
-    const menus = await this.look("menus");
+  "see menu MENU"(name) {
+    const menus = this.seen.menus;
     assert.ok(menus.includes(name), `the open menus are ${menus.join(", ") || "none"}`);
   },
 
-  async "see no menu"() {
-    assert.deepEqual(await this.look("menus"), [], "a menu is open");
+  "see no menu"() {
+    assert.deepEqual(this.seen.menus, [], "a menu is open");
   },
 
   async "see file FILE like PATH"(name, path) {
@@ -401,37 +431,36 @@ export const sentences = {
     assert.deepEqual(await this.savedFiles(), [], "a file was written");
   },
 
-  async "see focus CONTROL"(named) {
-    const control = await this.find(named);
+  "see focus CONTROL"(named) {
+    const control = this.find(named);
     assert.ok(control.focused, `the focus is not on ${control.called}`);
   },
 
-  async "see error NUMBER"(number) {
-    await this.noteErrors();
+  "see error NUMBER"(number) {
     assert.equal(this.error, number);
     this.error = undefined;
   },
 
-  async "see busy"() {
-    assert.equal(await this.look("busy"), true, "the control is not busy");
+  "see busy"() {
+    assert.equal(this.seen.busy, true, "the control is not busy");
   },
 
-  async "see idle"() {
-    assert.equal(await this.look("busy"), false, "the control is busy");
+  "see idle"() {
+    assert.equal(this.seen.busy, false, "the control is busy");
   },
 
-  async 'see CONTROL "TEXT"'(named, text) {
-    const control = await this.findShown(named);
+  'see CONTROL "TEXT"'(named, text) {
+    const control = this.findShown(named);
     assert.equal(control.text, text, control.called);
   },
 
-  async "see CONTROL LOOK TEXT"(named, look, text) {
-    const control = await this.findShown(named);
+  "see CONTROL LOOK TEXT"(named, look, text) {
+    const control = this.findShown(named);
     assert.equal(control[look], text, `${control.called}: ${look}`);
   },
 
-  async "see CONTROL STATE"(named, { word, seen, wanted }) {
-    const control = await (seen === "shown" ? this.find(named) : this.findShown(named));
+  "see CONTROL STATE"(named, { word, seen, wanted }) {
+    const control = seen === "shown" ? this.find(named) : this.findShown(named);
     assert.equal(control[seen], wanted, `${control.called} is not ${word}`);
   },
 };
@@ -446,9 +475,9 @@ export async function play(browser, { steps, dumps, fakeTimers, file }) {
     opensFiles: has("open file PATH", "cancel file"),
   });
   try {
-    for (const step of steps) {
+    for (const [at, step] of steps.entries()) {
       try {
-        await player.play(step);
+        await player.play(step, steps.slice(at + 1));
       } catch (error) {
         error.message = `${file} line ${step.line}: ${error.message}`;
         throw error;

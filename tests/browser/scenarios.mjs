@@ -95,9 +95,9 @@ export function playScenarios(engine) {
 
     test("the eyes see all that a sentence asks for", async () => {
       const page = await browser.open(`<script src="tabulon.js"></script>${problem({})}`);
-      const seen = await page.evaluate(look, { what: "control", name: "txtRL", index: 1 });
+      const { controls } = await page.evaluate(look, { named: [{ name: "txtRL", index: 1 }] });
       assert.deepEqual(
-        language.seen.filter((each) => !(each in seen)),
+        language.seen.filter((each) => !(each in controls[0])),
         [],
       );
       await page.close();
