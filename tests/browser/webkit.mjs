@@ -92,7 +92,7 @@ class Mouse {
     this.#actions = actions;
   }
 
-  async move(x, y, { steps = 1 } = {}) {
+  #moves(x, y, steps = 1) {
     const [fromX, fromY] = this.#at;
     const moves = this.#actions();
     for (let step = 1; step <= steps; ++step) {
@@ -101,15 +101,15 @@ class Mouse {
       moves.move({ ...place, origin: Origin.VIEWPORT, duration: 0 });
     }
     this.#at = [x, y];
-    await moves.perform();
+    return moves;
   }
 
+  move = (x, y, { steps } = {}) => this.#moves(x, y, steps).perform();
   down = () => this.#actions().press().perform();
   up = () => this.#actions().release().perform();
 
   async click(x, y, { clickCount = 1 } = {}) {
-    await this.move(x, y);
-    const clicks = this.#actions();
+    const clicks = this.#moves(x, y);
     for (let click = 0; click < clickCount; ++click) clicks.press().release();
     await clicks.perform();
   }
@@ -216,11 +216,12 @@ class Page {
 
 async function startService(display) {
   const port = await findFreePort();
+  // Nobody sees the screen: layers that are painted apart for a graphics card, which is not there, only cost.
   return new remote.DriverService.Builder(driver)
     .setLoopback(true)
     .setPort(port)
     .addArguments(`--port=${port}`)
-    .setEnvironment({ ...process.env, DISPLAY: display, NO_AT_BRIDGE: "1" })
+    .setEnvironment({ ...process.env, DISPLAY: display, NO_AT_BRIDGE: "1", WEBKIT_DISABLE_COMPOSITING_MODE: "1" })
     .build();
 }
 
