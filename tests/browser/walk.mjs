@@ -118,8 +118,12 @@ function faultsOf(element) {
     shadowRoot.querySelector("dialog[open]"),
   );
   const expect = (holds, what) => holds || found.push(what);
-  const all = (name) => [...root.querySelector(".surface").querySelectorAll(`[data-name="${name}"]`)];
-  const shown = (name) => all(name).filter((node) => node.checkVisibility());
+  const nodes = {};
+  for (const node of root.querySelector(".surface").querySelectorAll("[data-name]"))
+    (nodes[node.dataset.name] ??= []).push(node);
+  const all = (name) => nodes[name] ?? [];
+  const visible = {};
+  const shown = (name) => (visible[name] ??= all(name).filter((node) => node.checkVisibility()));
   const place = ({ dataset }) => Number(dataset.index);
 
   // The grid: as many boxes in a row as there are columns with a heading, and a row for each right-hand side.
