@@ -20,7 +20,9 @@ export function look({ named, whole }) {
   };
   const systemColours = ["Canvas", "ButtonFace", "Field"];
 
-  const colourOf = (css) => {
+  const colours = {};
+  const colourOf = (css) => (colours[css] ??= paintedAs(css));
+  const paintedAs = (css) => {
     const probe = document.createElement("span");
     probe.style.color = css;
     document.body.append(probe);

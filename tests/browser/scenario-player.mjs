@@ -75,7 +75,7 @@ const eyesScript = `
   };
   window.settleAndLook = async (wanted) => {
     await settle();
-    return { ...look(wanted), errors: scenarioErrors };
+    return JSON.stringify({ ...look(wanted), errors: scenarioErrors });
   };
 `;
 
@@ -121,7 +121,8 @@ class Player {
 
   // `seen` is what the page showed then; what has not come yet is looked for again, see eventually.
   async look() {
-    const seen = await this.page.evaluate((wanted) => window.settleAndLook(wanted), this.wanted);
+    // As text: engines take long over the values of a page.
+    const seen = JSON.parse(await this.page.evaluate(`settleAndLook(${JSON.stringify(this.wanted)})`));
     this.seen = {
       ...seen,
       controls: new Map(this.wanted.named.map((each, at) => [calledOf(each), seen.controls[at]])),
