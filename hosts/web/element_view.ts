@@ -8,12 +8,16 @@ import type { Send } from "./module.js";
 import { scrollPage } from "./page_scroll.js";
 import { holdPointer, isBeside, isLeft } from "./pointer.js";
 import { SurfaceView } from "./surface_view.js";
+import type { InputAct } from "./turn_of_input.js";
+import { isTyping, typeInto } from "./typing.js";
 
 // What an element needs of its page.
 export interface Surroundings {
   readonly send: Send;
   // While true, what happens to the page's focus is the page's own doing.
   readonly applying: boolean;
+  // Does what the person has asked for, at once or when it is its turn.
+  takeInput(act: InputAct): void;
   // The menu that is open, of whatever element.
   readonly menu: unknown;
   entered(element: ElementView): void;
@@ -175,25 +179,59 @@ export class ElementView {
 
   #moveFocus(control: ControlView | undefined): void {
     if (!control || control.isActive) return;
-    this.page.send((module) => module.focus(control.surface, control.id));
+    this.#takeInput(() => this.page.send((module) => module.focus(control.surface, control.id)));
+  }
+
+  // ---- Input. The event itself may be over when it is its turn.
+
+  #takeInput(act: InputAct): void {
+    this.page.takeInput((isLate) => {
+      if (this.host.isConnected) act(isLate);
+    });
   }
 
   // ---- Keys
 
+  get #onTop(): unknown {
+    return this.page.menu ?? this.top;
+  }
+
+  get #focused(): ControlView | undefined {
+    return this.root.activeElement ? this.#controlOf.get(this.root.activeElement) : undefined;
+  }
+
   #keyDown(event: KeyboardEvent): void {
     const code = keyCode(event);
-    if (!code || event.isComposing || event.metaKey) return;
-    const onTop = this.page.menu ?? this.top;
+    if (event.isComposing || event.metaKey || (!code && !isTyping(event))) return;
+    const pressedOn = this.#onTop;
+    let used = true; // until it is its turn
+    this.#takeInput((isLate) => {
+      used = this.#press(event, code, pressedOn);
+      if (isLate && !used) this.#typeLate(event);
+    });
+    if (used) event.preventDefault();
+  }
+
+  // Whether that is all that is to be done with the key.
+  #press(event: KeyboardEvent, code: number, pressedOn: unknown): boolean {
+    const onTop = this.#onTop;
     if (!event.repeat) this.#keyPressedOn = onTop;
-    const used =
+    return (
       // A key that is still held after something opened or closed is not meant for what is there now.
       this.#keyPressedOn !== onTop ||
-      this.page.send((module) => module.key(this.top.id, code, modifiers(event))) !== 0 ||
+      // Nor is a key an answer to a message that was not there yet.
+      (pressedOn !== onTop && onTop instanceof FormView && onTop.isMessage) ||
+      (code !== 0 && this.page.send((module) => module.key(this.top.id, code, modifiers(event))) !== 0) ||
       // A button is pressed by the module, never a second time by the browser.
-      (isActivation(event) && this.#controlAt(event)?.kind === Kind.CommandButton) ||
+      (isActivation(event) && this.#focused?.kind === Kind.CommandButton) ||
       // Where nothing can be typed, what means nothing here is meant for the page.
-      (onTop === this.surface && this.#controlAt(event)?.isAside === true && scrollPage(this.host, event));
-    if (used) event.preventDefault();
+      (onTop === this.surface && this.#focused?.isAside === true && scrollPage(this.host, event))
+    );
+  }
+
+  #typeLate(event: KeyboardEvent): void {
+    const node = this.#focused?.node;
+    if (node instanceof HTMLInputElement && isTyping(event)) typeInto(node, event.key);
   }
 
   #keyUp(event: KeyboardEvent): void {
@@ -205,12 +243,14 @@ export class ElementView {
     if (!(control?.node instanceof HTMLInputElement)) return;
     const { node, surface, id } = control;
     const text = node.value;
-    const isTaken = this.page.send((module, texts) => {
-      texts.give(text);
-      return module.type(surface, id);
+    this.#takeInput(() => {
+      const isTaken = this.page.send((module, texts) => {
+        texts.give(text);
+        return module.type(surface, id);
+      });
+      if (isTaken) control.text = text;
+      if (node.value !== control.text) node.value = control.text;
     });
-    if (isTaken) control.text = text;
-    else node.value = control.text;
   }
 
   // ---- Mouse, pen, finger
@@ -221,9 +261,15 @@ export class ElementView {
     this.#selected = false;
     const control = this.#controlAt(event);
     const box = control?.kind === Kind.TextBox && !control.node.matches(":disabled") ? control : undefined;
-    if (box && box.node === this.root.activeElement) return;
-    event.preventDefault();
-    if (event.button !== 0) return;
+    let goesOn = false; // until it is its turn
+    this.#takeInput(() => {
+      goesOn = box !== undefined && box.node === this.root.activeElement;
+      if (!goesOn && event.button === 0) this.#pressOn(box);
+    });
+    if (!goesOn) event.preventDefault();
+  }
+
+  #pressOn(box: ControlView | undefined): void {
     // Not every browser lets the person into a frame by a press that goes no further.
     if (!this.document.hasFocus()) this.document.defaultView?.focus();
     this.page.send(() => {
@@ -258,9 +304,11 @@ export class ElementView {
     const path = event.composedPath();
     const surface = control?.surface ?? [this.surface, ...this.forms].find(({ ground }) => path.includes(ground))?.id;
     if (surface === undefined || (control && !control.canBeClicked)) return;
-    this.#clicked = control;
-    this.page.send((module) => module.click(surface, control?.id ?? -1));
-    this.#clicked = undefined;
+    this.#takeInput(() => {
+      this.#clicked = control;
+      this.page.send((module) => module.click(surface, control?.id ?? -1));
+      this.#clicked = undefined;
+    });
   }
 
   // Called before a press outside the menu closes it.
@@ -279,12 +327,13 @@ export class ElementView {
   // The place is from the control's top left corner, in the units in which the control itself stands.
   #point(control: ControlView, event: PointerEvent, action: PointerAction): void {
     const { unit } = control.outerScale;
-    const { left, top } = control.node.getBoundingClientRect();
+    const box = control.node.getBoundingClientRect();
     const scale = this.find(control.surface)?.scale ?? 1;
     const [x, y] = [
-      (event.clientX - left) / scale / Math.abs(unit.x),
-      (event.clientY - top) / scale / Math.abs(unit.y),
+      (event.clientX - box.left) / scale / Math.abs(unit.x),
+      (event.clientY - box.top) / scale / Math.abs(unit.y),
     ];
-    this.page.send((module) => module.pointer(control.surface, control.id, action, isLeft(event, action), x, y));
+    const left = isLeft(event, action);
+    this.#takeInput(() => this.page.send((module) => module.pointer(control.surface, control.id, action, left, x, y)));
   }
 }

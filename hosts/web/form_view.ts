@@ -82,8 +82,12 @@ export class FormView extends SurfaceView {
     super.apply(change, record);
     this.#title.textContent = change.caption;
     this.#told.textContent = this.#words();
-    // What asks nothing is a message.
-    if (!this.controls.some(({ bar, isField }) => bar || isField)) this.dialog.role = "alertdialog";
+    if (this.isMessage) this.dialog.role = "alertdialog";
+  }
+
+  // It asks nothing.
+  get isMessage(): boolean {
+    return !this.controls.some(({ bar, isField }) => bar || isField);
   }
 
   // What is read out when it opens: its texts as they are read, from left to right and from above.

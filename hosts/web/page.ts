@@ -28,6 +28,7 @@ import { loadModule, type Module, type Send, type Texts } from "./module.js";
 import { RecordReader } from "./record.js";
 import type { Tableau, TableauChange } from "./tableau.js";
 import { readTableau } from "./tableau_record.js";
+import { type InputAct, TurnOfInput } from "./turn_of_input.js";
 import { Turns } from "./turns.js";
 
 interface Creating {
@@ -60,6 +61,7 @@ export class Page implements Surroundings {
   readonly #withForms: ElementView[] = [];
   readonly #calls = new Map<number, Call>();
   readonly #turns = new Turns(() => this.#showFocus());
+  readonly #input = new TurnOfInput();
   readonly #clock = new Clock((ticket) => this.#answer(ticket));
   readonly #files = new Files((name, content) =>
     this.send((module, texts) => {
@@ -86,11 +88,16 @@ export class Page implements Surroundings {
     return this.#turns.applying;
   }
 
+  takeInput(act: InputAct): void {
+    this.#input.take(act);
+  }
+
   #answer(ticket: number, text = ""): void {
     this.send((module, texts) => {
       texts.give(text);
       module.answer(ticket);
     });
+    this.#input.answered(ticket);
   }
 
   // ---- Elements
@@ -283,7 +290,10 @@ export class Page implements Surroundings {
       seconds_since_midnight: secondsSinceMidnight,
       yield_due: () => this.#clock.yieldDue,
       wake_after: (milliseconds, ticket) => this.#clock.after(milliseconds, ticket),
-      wake_after_repaint: (ticket) => this.#clock.afterRepaint(ticket),
+      wake_after_repaint: (ticket) => {
+        this.#input.waitFor(ticket);
+        this.#clock.afterRepaint(ticket);
+      },
       wake_after_events: (ticket) => this.#clock.afterEvents(ticket),
       beep: playBeep,
       show_file_dialog: (at, size, ticket) => {

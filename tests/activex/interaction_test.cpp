@@ -44,6 +44,13 @@ class Visit {
     }));
     person_.wait_until_idle();
   }
+  // None is handled before all are pressed.
+  void press_together(std::initializer_list<int> keys) {
+    EXPECT_TRUE(container_.thread().run([&] {
+      for (const int key : keys) person_.press({key});
+    }));
+    person_.wait_until_idle();
+  }
   bool own_box_has_focus() const { return thread_now().hwndFocus == container_.own_box(); }
   bool mouse_is_captured() const { return thread_now().hwndCapture != nullptr; }
   Seen seen(std::string_view name) const { return Eyes(container_.surface()).find(name, 0).value_or(Seen{}); }
@@ -155,6 +162,16 @@ TEST_P(KeysInAContainer, ThatAreHeldDoNotGoOnInWhatAppears) {
     visit.play("show\nclick txtTableau 1\ncall ShowAboutBox\nsee form frmAboutLP\n");
     visit.hold(VK_RETURN);
     visit.play("see no form\nsee focus txtTableau 1\n");
+  });
+}
+
+// The dialog of a new problem comes after a repaint.
+TEST_P(KeysInAContainer, PressedBeforeAFormHasComeAreForIt) {
+  visit([](Visit& visit) {
+    visit.play("show\npress Alt+B\nsee menu mnu_Bestand\npress N\n");
+    visit.press_together({VK_RETURN, VK_UP, VK_UP, VK_TAB, VK_UP});
+    visit.play("see form frmNieuw_Simplex\n");
+    visit.play("see lblNrBeslisVarM \"4\"\nsee lblNrKleinerGelijkVglenM \"3\"\npress Escape\nsee no form\n");
   });
 }
 
