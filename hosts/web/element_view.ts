@@ -5,6 +5,7 @@ import type { ControlView } from "./control_view.js";
 import { FormView } from "./form_view.js";
 import { keyCode, modifiers } from "./keys.js";
 import type { Send } from "./module.js";
+import { OwnBox } from "./own_box.js";
 import { scrollPage } from "./page_scroll.js";
 import { holdPointer, isBeside, isLeft } from "./pointer.js";
 import { SurfaceView } from "./surface_view.js";
@@ -50,6 +51,7 @@ export class ElementView {
     opened: OpenedSurface,
   ) {
     this.surface = new SurfaceView(opened, page.send, this.#introduced);
+    new OwnBox(host, root, this.surface.ground);
     this.#listen();
   }
 

@@ -348,12 +348,20 @@ const css = `
 }
 `;
 
-const sheets = new WeakMap<Document, CSSStyleSheet>();
+// On paper a page that hides it says so last.
+const boxCss = "@media screen { :host { display: inline-block !important } }";
 
 // The sheet of a page: a page takes none that was made for another.
-export function sheetOf(page: Document): CSSStyleSheet {
-  const made = sheets.get(page) ?? new (page.defaultView ?? window).CSSStyleSheet();
-  if (!sheets.has(page)) made.replaceSync(css);
-  sheets.set(page, made);
-  return made;
+function makeSheets(text: string): (page: Document) => CSSStyleSheet {
+  const sheets = new WeakMap<Document, CSSStyleSheet>();
+  return (page) => {
+    const made = sheets.get(page) ?? new (page.defaultView ?? window).CSSStyleSheet();
+    if (!sheets.has(page)) made.replaceSync(text);
+    sheets.set(page, made);
+    return made;
+  };
 }
+
+export const sheetOf = makeSheets(css);
+// Makes a box of an element that is part of a line.
+export const boxSheetOf = makeSheets(boxCss);

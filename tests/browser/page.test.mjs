@@ -260,11 +260,79 @@ describe("a page's style", () => {
       assert.deepEqual([host.width, host.height], [600, 296]);
     });
 
-  test("leaves the size when the element is part of a line", async () => {
-    await openStyled("tabulon-lpctrl { display: inline; font-size: 40px }");
-    const { width, height } = await boxOf("tabulon-lpctrl >>> .surface");
-    assert.deepEqual([width, height], [600, 296]);
-    assert.equal((await boxOf("tabulon-lpctrl")).height, 296);
+  describe("of an element that is part of a line", () => {
+    const line = "tabulon-lpctrl { display: inline; font-size: 40px }";
+    const size = () => page.$eval("tabulon-lpctrl", ({ offsetWidth, offsetHeight }) => [offsetWidth, offsetHeight]);
+    const untilBox = () => page.waitForFunction(() => getComputedStyle(LPctrl1).display === "inline-block");
+    const untilGone = () => page.waitForFunction(() => LPctrl1.getClientRects().length === 0);
+    const openInLine = async (css = line) => {
+      await browser.write("gone.css", "body tabulon-lpctrl { display: none }");
+      await openStyled(css, `<p id="around">voor ${problem()} na</p>`);
+      await untilBox();
+    };
+
+    test("leaves it 600 by 296, in its line", async () => {
+      await openInLine();
+      const [host, surface] = [await boxOf("tabulon-lpctrl"), await boxOf("tabulon-lpctrl >>> .surface")];
+      assert.deepEqual([host.width, host.height], [600, 296]);
+      assert.deepEqual(host, surface);
+      assert.ok(host.x > (await boxOf("p")).x + 10, "it begins a line of its own");
+    });
+
+    for (const [what, hide, show] of [
+      ["its own style", () => (LPctrl1.style.display = "none"), () => (LPctrl1.style.display = "")],
+      ["a class", () => LPctrl1.classList.add("gone"), () => LPctrl1.classList.remove("gone")],
+      ["a class further out", () => document.body.classList.add("away"), () => document.body.classList.remove("away")],
+      [
+        "a style sheet",
+        () =>
+          document.head.append(Object.assign(document.createElement("link"), { rel: "stylesheet", href: "gone.css" })),
+        () => document.head.lastElementChild.remove(),
+      ],
+    ])
+      test(`can hide it and show it again by ${what}`, async () => {
+        await openInLine(`${line} tabulon-lpctrl.gone, .away tabulon-lpctrl { display: none }`);
+        await page.evaluate(hide);
+        await untilGone();
+        await page.evaluate(show);
+        await untilBox();
+        assert.deepEqual(await size(), [600, 296]);
+      });
+
+    test("can hide it in a narrow window, and on paper", async () => {
+      await openInLine(`${line} @media print, (max-width: 700px) { tabulon-lpctrl { display: none } }`);
+      await page.setViewport({ width: 650, height: 700 });
+      await untilGone();
+      await page.setViewport({ width: 900, height: 700 });
+      await untilBox();
+      await page.emulateMediaType("print");
+      assert.equal(await page.$eval("tabulon-lpctrl", (element) => getComputedStyle(element).display), "none");
+    });
+
+    test("may make another box of it", async () => {
+      await openInLine();
+      await page.evaluate(() => (LPctrl1.style.display = "block"));
+      await page.waitForFunction(() => getComputedStyle(LPctrl1).display === "block");
+      assert.deepEqual(await size(), [600, 296]);
+    });
+
+    test("leaves it a box when it is taken out and put back, and after it was another box", async () => {
+      await openInLine();
+      await page.evaluate(() => {
+        LPctrl1.style.display = "flex";
+        LPctrl1.style.display = "";
+        around.before(LPctrl1);
+      });
+      await untilBox();
+      await page.evaluate(async () => {
+        const gone = LPctrl1;
+        gone.remove();
+        await new Promise((resume) => requestAnimationFrame(() => setTimeout(resume)));
+        around.append(gone);
+      });
+      await untilBox();
+      assert.deepEqual(await size(), [600, 296]);
+    });
   });
 
   // What is seen of every control: its place in the control, and its letters' style.
