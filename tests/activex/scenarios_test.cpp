@@ -17,6 +17,7 @@
 #include <sstream>
 
 #include "com_player.h"
+#include "own_clock.h"
 #include "stage.h"
 #include "tests/scenarios/player.h"
 
@@ -106,24 +107,13 @@ class ScenarioInWindows : public testing::TestWithParam<std::string> {
   }
 };
 
-// A pause that begins just before midnight does not end, so a scenario that waits begins after it.
-void begin_well_before_midnight(const std::vector<Command>& commands) {
-  constexpr int longest_scenario = 60;  // seconds
-  const auto waits = [](const Command& command) { return command.words.front() == "wait"; };
-  const auto seconds_left = [] {
-    SYSTEMTIME now{};
-    GetLocalTime(&now);
-    return 86400 - ((now.wHour * 60 + now.wMinute) * 60 + now.wSecond);
-  };
-  if (std::ranges::any_of(commands, waits))
-    while (seconds_left() < longest_scenario) Sleep(1000);
-}
-
 std::vector<std::string> played(const std::vector<Command>& commands, const ComPlayer::Options& options,
                                 const Container::Options& container_options) {
   constexpr std::size_t enough_failures = 2;  // each has been waited for
   std::vector<std::string> failures;
   on_stage(container_options, [&](Container& container, Person& person) {
+    const OwnClock clock(noon_clock);  // a pause that begins just before midnight does not end
+    ASSERT_TRUE(clock);
     ComPlayer player(container, person, options);
     for (const Command& command : commands) {
       player.play(command);
@@ -149,7 +139,6 @@ TEST_P(ScenarioInWindows, IsSeenAsItSays) {
   if (const char* const folder = std::getenv("TABULON_SHOT"))
     options.pictures = std::string(folder) + "/" + GetParam() + "-";
 
-  begin_well_before_midnight(commands);
   for (const std::string& failure : played(commands, options, container_options()))
     ADD_FAILURE() << GetParam() << " " << failure;
 }
