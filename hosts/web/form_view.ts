@@ -5,6 +5,7 @@ import type { OpenedSurface, SurfaceChange } from "#wire";
 import type { ControlView } from "./control_view.js";
 import { make } from "./dom.js";
 import type { Send } from "./module.js";
+import { moveTo, scaleOf } from "./place.js";
 import { holdPointer } from "./pointer.js";
 import type { RecordReader } from "./record.js";
 import { Around } from "./styles.js";
@@ -39,7 +40,7 @@ export class FormView extends SurfaceView {
   readonly #middle: readonly [number, number];
   // Where the person has put it.
   #put: { left: number; top: number } | undefined;
-  readonly #listening = new AbortController();
+  #listening = new AbortController();
   readonly #unseen: () => void;
   #hasClosed = false;
 
@@ -72,7 +73,6 @@ export class FormView extends SurfaceView {
     this.dialog.addEventListener("keydown", (event) => this.#moveByKey(event));
     this.dialog.addEventListener("focusin", (event) => this.#bringIntoView(event.target));
     this.#title.addEventListener("pointerdown", (event) => this.#drag(event));
-    addEventListener("resize", () => this.#stayInWindow(), this.#listening);
     this.dialog.append(this.#title, this.#told, this.ground);
     new ResizeObserver(() => this.#lookWhetherSeen()).observe(this.dialog);
     root.append(this.dialog);
@@ -102,6 +102,9 @@ export class FormView extends SurfaceView {
   show(): void {
     if (this.dialog.open || !this.dialog.isConnected) return;
     this.dialog.showModal();
+    this.#listening.abort();
+    this.#listening = new AbortController();
+    this.#window.addEventListener("resize", () => this.#stayInWindow(), this.#listening);
     this.#placeOverControl();
     this.#lookWhetherSeen();
   }
@@ -126,10 +129,16 @@ export class FormView extends SurfaceView {
 
   // ---- Where it stands. A page may scale the control, or all that is in it.
 
+  // The window that it is in; an element may be moved into another page than its script's.
+  get #window(): Window {
+    return this.dialog.ownerDocument.defaultView ?? window;
+  }
+
   #placeOverControl(): void {
     const control = this.#below.getBoundingClientRect();
     const { width, height } = this.dialog.getBoundingClientRect();
-    const scale = control.width / this.#below.offsetWidth || 1;
+    const { innerWidth, innerHeight } = this.#window;
+    const scale = scaleOf(this.#below, this.#below.offsetWidth);
     const [x, y] = this.#middle;
     this.#moveTo(
       within(control.left + x * scale - width / 2, width, innerWidth),
@@ -139,9 +148,9 @@ export class FormView extends SurfaceView {
 
   #moveTo(left: number, top: number): void {
     const { width } = this.dialog.getBoundingClientRect();
-    const scale = width / this.dialog.offsetWidth || 1;
-    this.dialog.style.left = `${between(leastGrip - width, left, innerWidth - leastGrip) / scale}px`;
-    this.dialog.style.top = `${between(0, top, innerHeight - Around.formTitle) / scale}px`;
+    const { innerWidth, innerHeight } = this.#window;
+    const x = between(leastGrip - width, left, innerWidth - leastGrip);
+    moveTo(this.dialog, x, between(0, top, innerHeight - Around.formTitle));
   }
 
   // A window that was small for a while, as under a keyboard on the screen, gets the form back where it was.
@@ -149,6 +158,7 @@ export class FormView extends SurfaceView {
     if (!this.dialog.open) return;
     if (!this.#put) return this.#placeOverControl();
     const { width, height } = this.dialog.getBoundingClientRect();
+    const { innerWidth, innerHeight } = this.#window;
     this.#moveTo(within(this.#put.left, width, innerWidth), within(this.#put.top, height, innerHeight));
   }
 

@@ -188,6 +188,19 @@ describe("an element that is not in the page", () => {
     assert.ok(Math.abs(menu.x - button.x) < 8 && Math.abs(menu.y - button.y - button.height) < 4);
     await clickAt("tabulon-lpctrl >>> [role=menuitem]", inFrame);
     await formIsOpen();
+    const form = () => LPctrl1.shadowRoot.querySelector("dialog").getBoundingClientRect().toJSON();
+    const isInFrame = ({ left, top, right, bottom }) => left >= 0 && top >= 0 && right <= 500 && bottom <= 280;
+    await page.evaluate(() => Object.assign(frame, { width: 500, height: 280 }));
+    await page.waitForFunction(`(${isInFrame})((${form})())`);
+    const { left, top } = await page.evaluate(form);
+    const title = await middleOf("tabulon-lpctrl >>> dialog .title", inFrame);
+    await page.mouse.move(...title);
+    await page.mouse.down();
+    await page.mouse.move(title[0] + 2000, title[1] + 2000);
+    await page.mouse.up();
+    const moved = await page.evaluate(form);
+    assert.ok(moved.left > left && moved.left <= 500 - 48, "its title is beside the frame");
+    assert.ok(moved.top > top && moved.top <= 280 - 32, "its title is below the frame");
   });
 });
 
