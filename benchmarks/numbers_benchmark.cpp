@@ -25,10 +25,10 @@ void evaluate_text(benchmark::State& state, std::string_view text) {
   }
 }
 
-BENCHMARK_CAPTURE(evaluate_text, BM_root, "sqrt(2)*3/4")->Name("BM_Evaluate/sqrt(2)*3/4");
-BENCHMARK_CAPTURE(evaluate_text, BM_pi, "(1+1/2)pi")->Name("BM_Evaluate/(1+1/2)pi");
-BENCHMARK_CAPTURE(evaluate_text, BM_exponent, "2.5E-3")->Name("BM_Evaluate/2.5E-3");
-BENCHMARK_CAPTURE(evaluate_text, BM_whole, "12")->Name("BM_Evaluate/12");
+BENCHMARK_CAPTURE(evaluate_text, BM_root, "sqrt(2)*3/4")->Name("evaluate sqrt(2)*3/4");
+BENCHMARK_CAPTURE(evaluate_text, BM_pi, "(1+1/2)pi")->Name("evaluate (1+1/2)pi");
+BENCHMARK_CAPTURE(evaluate_text, BM_exponent, "2.5E-3")->Name("evaluate 2.5E-3");
+BENCHMARK_CAPTURE(evaluate_text, BM_whole, "12")->Name("evaluate 12");
 
 // One iteration writes one text; the numbers take turns.
 template <class Write>
@@ -44,12 +44,12 @@ void write_in_turn(benchmark::State& state, Write write) {
 void BM_DisplayDecimals(benchmark::State& state) {
   write_in_turn(state, [](double& number) { return strSoortGetal(kDecimals, number); });
 }
-BENCHMARK(BM_DisplayDecimals);
+BENCHMARK(BM_DisplayDecimals)->Name("display in decimals");
 
 void BM_DisplayFractions(benchmark::State& state) {
   write_in_turn(state, [](double& number) { return strSoortGetal(kFractions, number); });
 }
-BENCHMARK(BM_DisplayFractions);
+BENCHMARK(BM_DisplayFractions)->Name("display in fractions");
 
 void BM_DisplayDecimalsIntoBuffer(benchmark::State& state) {
   write_in_turn(state, [](double& number) {
@@ -58,19 +58,19 @@ void BM_DisplayDecimalsIntoBuffer(benchmark::State& state) {
     return text.size();
   });
 }
-BENCHMARK(BM_DisplayDecimalsIntoBuffer);
+BENCHMARK(BM_DisplayDecimalsIntoBuffer)->Name("display in decimals, into a buffer");
 
 void BM_Str(benchmark::State& state) {
   write_in_turn(state, [](double& number) { return Str(number); });
 }
-BENCHMARK(BM_Str);
+BENCHMARK(BM_Str)->Name("Str");
 
 void BM_Val(benchmark::State& state) {
   constexpr std::array<std::string_view, 4> texts = {" 3", "-2.5", " .333333333333333", " 1.5E-07"};
   std::size_t next = 0;
   for (auto _ : state) benchmark::DoNotOptimize(Val(texts[next++ % texts.size()]));
 }
-BENCHMARK(BM_Val);
+BENCHMARK(BM_Val)->Name("Val");
 
 }  // namespace
 }  // namespace tabulon::numbers

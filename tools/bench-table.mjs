@@ -1,30 +1,31 @@
-// Runs every benchmark and prints one table: name, value, unit, the mark it is held against, and their ratio.
+// Runs the benchmarks in rounds and prints one table: each name's least and median run, those of its peers of the same
+// rounds, and the ratio: the median of ours to theirs, round by round. Below 1 ours is better.
 //
-//   build/native/benchmarks       benchmarks/*_benchmark.cpp, the median of their repetitions
-//   benchmarks/*.bench.mjs        each prints a line of JSON {"name", "value", "unit"} for each result
-//   benchmarks/marks.json         {"<name>": {"mark": 12, "unit": "us", "of": "what the mark is"}}
+//   node tools/bench-table.mjs native commands     only these parts
+//   node tools/bench-table.mjs --beside=folder     holds dist/web against another package, as that of yesterday
+//
+// Times are those that the thread computes, so that a machine that is busy elsewhere changes little; what is by the
+// clock says so.
+//
+//   build/native/benchmarks       part native: benchmarks/*_benchmark.cpp
+//   benchmarks/<part>.bench.mjs   prints a line of JSON {"name", "value", "unit"} for each run
+//   benchmarks/peers.json         {"<name>": ["<name of a peer>", ...]}
 import { spawnSync } from "node:child_process";
-import { existsSync, readdirSync, readFileSync } from "node:fs";
-import { join } from "node:path";
+import { readdirSync, readFileSync } from "node:fs";
+import { join, resolve } from "node:path";
 import { fileURLToPath } from "node:url";
 
 const root = fileURLToPath(new URL("..", import.meta.url));
-const repetitions = 5;
-const seconds = { ns: 1e-9, us: 1e-6, µs: 1e-6, ms: 1e-3, s: 1 };
-const bytes = { B: 1, kB: 1024, MB: 1024 * 1024 };
+const nativeRounds = 9;
 
-// A value in another unit of the same kind; undefined where the two do not measure the same.
-export function convert(value, from, to) {
-  if (from === to) return value;
-  const scale = [seconds, bytes].find((known) => from in known && to in known);
-  return scale && (value * scale[from]) / scale[to];
-}
+// What the package of --beside took has the name of ours, and this.
+export const beside = ", beside";
 
-export function fromGoogleBenchmark(report) {
-  return report.benchmarks
-    .filter((run) => run.aggregate_name === "median")
-    .map((run) => ({ name: run.run_name, value: run.real_time, unit: run.time_unit }));
-}
+export const fromGoogleBenchmark = (report) =>
+  report.benchmarks.map(({ name, cpu_time, time_unit, error_message }) => {
+    if (error_message) throw new Error(`${name}: ${error_message}`);
+    return { name: `native: ${name}`, value: cpu_time, unit: time_unit };
+  });
 
 export const fromLines = (text) =>
   text
@@ -32,35 +33,68 @@ export const fromLines = (text) =>
     .filter((line) => line.startsWith("{"))
     .map((line) => JSON.parse(line));
 
-// A result beside its mark, in the mark's unit. A ratio below 1 is better than the mark.
-export function againstMark(result, marks) {
-  const mark = marks[result.name];
-  if (!mark) return result;
-  const value = convert(result.value, result.unit, mark.unit);
-  if (value === undefined) throw new Error(`${result.name}: ${result.unit} cannot be held against ${mark.unit}`);
-  return { name: result.name, value, unit: mark.unit, mark: mark.mark, ratio: value / mark.mark, of: mark.of };
+// The runs of each name, in their order.
+export function gather(runs) {
+  const results = new Map();
+  for (const { name, value, unit } of runs) {
+    const result = results.get(name) ?? { name, unit, values: [] };
+    result.values.push(value);
+    results.set(name, result);
+  }
+  return results;
 }
 
-const shown = (value) => (typeof value === "number" ? String(Number(value.toPrecision(4))) : (value ?? ""));
+export function median(values) {
+  const sorted = [...values].sort((a, b) => a - b);
+  return (sorted[Math.floor((sorted.length - 1) / 2)] + sorted[Math.ceil((sorted.length - 1) / 2)]) / 2;
+}
+
+// A round is one machine's mood: what was slow in it was slow for both.
+export function ratio(ours, theirs) {
+  if (ours.unit !== theirs.unit) throw new Error(`${ours.name} is in ${ours.unit}, ${theirs.name} in ${theirs.unit}`);
+  const rounds = Math.min(ours.values.length, theirs.values.length);
+  return median(ours.values.slice(0, rounds).map((value, round) => value / theirs.values[round]));
+}
+
+// A line for each result and peer; a result that is a peer alone has none of its own.
+export function lines(results, peers) {
+  const named = new Set(Object.values(peers).flat());
+  const shown = [...results.values()].filter(({ name }) => !named.has(name) && !name.endsWith(beside));
+  return shown.flatMap((result) => {
+    const { name, unit, values } = result;
+    const own = { name, least: Math.min(...values), median: median(values), unit };
+    const others = [...(peers[name] ?? []), name + beside].map((peer) => results.get(peer)).filter(Boolean);
+    const lineOf = (peer) => ({
+      "held against": peer.name === name + beside ? "the package beside" : peer.name.replace(/^\w+: /, ""),
+      "its least": Math.min(...peer.values),
+      "its median": median(peer.values),
+      ratio: ratio(result, peer),
+    });
+    return others.length ? others.map((peer, at) => ({ ...(at ? {} : own), ...lineOf(peer) })) : [own];
+  });
+}
+
+const shown = (value) => (typeof value === "number" ? String(Number(value.toPrecision(3))) : (value ?? ""));
 
 export function table(rows) {
-  const columns = ["name", "value", "unit", "mark", "ratio", "of"];
+  const columns = ["name", "least", "median", "unit", "held against", "its least", "its median", "ratio"];
   const cells = [columns, ...rows.map((row) => columns.map((column) => shown(row[column])))];
   const widths = columns.map((_, index) => Math.max(...cells.map((line) => line[index].length)));
-  const isNumber = (index) => ["value", "mark", "ratio"].includes(columns[index]);
+  const isWord = (index) => ["name", "unit", "held against"].includes(columns[index]);
   return cells
     .map((line) =>
       line
-        .map((cell, index) => (isNumber(index) ? cell.padStart(widths[index]) : cell.padEnd(widths[index])))
+        .map((cell, index) => (isWord(index) ? cell.padEnd(widths[index]) : cell.padStart(widths[index])))
         .join("  ")
         .trimEnd(),
     )
     .join("\n");
 }
 
-function output(command, ...options) {
+function output(command, options, environment = {}) {
   const { status, stdout, error } = spawnSync(command, options, {
     cwd: root,
+    env: { ...process.env, ...environment },
     encoding: "utf8",
     maxBuffer: 1 << 28,
     stdio: ["ignore", "pipe", "inherit"],
@@ -69,31 +103,36 @@ function output(command, ...options) {
   return stdout;
 }
 
-function runNative() {
-  const program = join(root, "build/native/benchmarks");
-  if (!existsSync(program)) return [];
-  const report = output(
-    program,
-    "--benchmark_format=json",
-    `--benchmark_repetitions=${repetitions}`,
-    "--benchmark_report_aggregates_only=true",
-    "--benchmark_min_time=0.1",
-  );
-  return fromGoogleBenchmark(JSON.parse(report));
-}
+const runNative = () =>
+  Array.from({ length: nativeRounds }, () =>
+    output(join(root, "build/native/benchmarks"), ["--benchmark_format=json", "--benchmark_min_time=0.01"]),
+  ).flatMap((report) => fromGoogleBenchmark(JSON.parse(report)));
 
-function runScripts() {
-  const scripts = readdirSync(join(root, "benchmarks")).filter((name) => name.endsWith(".bench.mjs"));
-  return scripts.sort().flatMap((name) => fromLines(output(process.execPath, join(root, "benchmarks", name))));
-}
+const scripts = () =>
+  readdirSync(join(root, "benchmarks"))
+    .filter((name) => name.endsWith(".bench.mjs"))
+    .map((name) => name.replace(".bench.mjs", ""));
+
+const runScript = (part, other) =>
+  fromLines(
+    output(
+      process.execPath,
+      [join(root, `benchmarks/${part}.bench.mjs`)],
+      other ? { TABULON_BESIDE: resolve(other) } : {},
+    ),
+  );
 
 function main(words) {
-  const file = join(root, "benchmarks/marks.json");
-  const marks = existsSync(file) ? JSON.parse(readFileSync(file, "utf8")) : {};
-  const chosen = ({ name }) => words.length === 0 || words.some((word) => name.includes(word));
-  const results = [...runNative(), ...runScripts()].filter(chosen);
-  if (results.length === 0) throw new Error("No benchmark ran.");
-  console.log(table(results.map((result) => againstMark(result, marks))));
+  const other = words.find((word) => word.startsWith("--beside="))?.replace("--beside=", "");
+  const asked = words.filter((word) => !word.startsWith("--"));
+  const parts = ["native", ...scripts()];
+  const unknown = asked.find((word) => !parts.includes(word));
+  if (unknown) throw new Error(`There is no part ${unknown}; the parts are ${parts.join(", ")}.`);
+  const runs = parts
+    .filter((part) => !asked.length || asked.includes(part))
+    .flatMap((part) => (part === "native" ? runNative() : runScript(part, other)));
+  const peers = JSON.parse(readFileSync(join(root, "benchmarks/peers.json"), "utf8"));
+  console.log(table(lines(gather(runs), peers)));
 }
 
 if (process.argv[1] === fileURLToPath(import.meta.url)) {

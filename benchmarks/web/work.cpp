@@ -56,6 +56,23 @@ extern "C" {
       __builtin_trap();
 }
 
+// What others are given: problem `at` of that size. Row 0 is F, the last column the right-hand sides.
+[[clang::export_name("number_of_problem")]] double number_of_problem(int columns, int at, int row,
+                                                                     int column) {
+  const Problem& problem = problems(columns - rows)[static_cast<std::size_t>(at)];
+  const auto row_at = static_cast<std::size_t>(row - 1), column_at = static_cast<std::size_t>(column);
+  if (column == problem.variables) return row == 0 ? 0 : problem.right[row_at];
+  return row == 0 ? problem.objective[column_at] : problem.coefficients[row_at][column_at];
+}
+
+// Its optimum, which they have to find.
+[[clang::export_name("optimum")]] double optimum(int columns, int at) {
+  model().Breuken = false;
+  const Problem& problem = problems(columns - rows)[static_cast<std::size_t>(at)];
+  if (!build(model(), problem) || !optimise_at_once(model())) __builtin_trap();
+  return model().current.row_F().right();
+}
+
 }  // extern "C"
 
 }  // namespace tabulon::benchmarks

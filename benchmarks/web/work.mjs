@@ -1,41 +1,69 @@
-// Times the work of work.cpp, the same way in node and in a browser: `time(exports)` gives [{name, value, unit}].
-const pieces = [
-  ["evaluate sqrt(2)*3/4", "ns", (work, times) => work.evaluate_expression(0, times)],
-  ["evaluate (1+1/2)pi", "ns", (work, times) => work.evaluate_expression(1, times)],
-  ["evaluate 2.5E-3", "ns", (work, times) => work.evaluate_expression(2, times)],
-  ["evaluate 12", "ns", (work, times) => work.evaluate_expression(3, times)],
-  ["display in decimals", "ns", (work, times) => work.display(0, times)],
-  ["display in fractions", "ns", (work, times) => work.display(-1, times)],
-  ["sweep 10x30", "ns", (work, times) => work.sweep(0, times)],
-  ["sweep 10x30 in fractions", "us", (work, times) => work.sweep(1, times)],
-  ["optimise 10x10", "us", (work, times) => work.optimise(20, times)],
-  ["optimise 10x30", "us", (work, times) => work.optimise(30, times)],
+// The work that is timed in WebAssembly (work.cpp) and a solver in JavaScript beside it, the same way in node and in a
+// browser.
+//
+//   const all = pieces(await load(bytes), yalps);
+//   inRounds(all, ({ name, unit, run }, times) => ...)
+const problemCount = 64;
+const rows = 10;
+
+// The same problem as an object that yalps takes.
+function modelOf(work, columns, at) {
+  const number = (row, column) => work.number_of_problem(columns, at, row, column);
+  const variables = columns - rows;
+  const constraints = {};
+  for (let row = 1; row <= rows; ++row) constraints[`row${row}`] = { max: number(row, variables) };
+  const variable = (column) => {
+    const entries = Array.from({ length: rows }, (_, row) => [`row${row + 1}`, number(row + 1, column)]);
+    return { F: -number(0, column), ...Object.fromEntries(entries) };
+  };
+  const all = Array.from({ length: variables }, (_, column) => [`x${column}`, variable(column)]);
+  return { direction: "maximize", objective: "F", constraints, variables: Object.fromEntries(all) };
+}
+
+// They solve the same: what is faster and wrong is no peer.
+function solverOf({ solve }, work, columns) {
+  const models = Array.from({ length: problemCount }, (_, at) => modelOf(work, columns, at));
+  models.forEach((model, at) => {
+    const [ours, theirs] = [work.optimum(columns, at), solve(model).result];
+    if (Math.abs(ours - theirs) > 1e-6 * Math.abs(ours)) throw new Error(`problem ${at}: ${theirs} is not ${ours}`);
+  });
+  return (times) => {
+    for (let at = 0; at < times; ++at) solve(models[at % problemCount]);
+  };
+}
+
+export const pieces = (work, yalps) => [
+  { name: "evaluate sqrt(2)*3/4", unit: "ns", run: (times) => work.evaluate_expression(0, times) },
+  { name: "evaluate (1+1/2)pi", unit: "ns", run: (times) => work.evaluate_expression(1, times) },
+  { name: "evaluate 2.5E-3", unit: "ns", run: (times) => work.evaluate_expression(2, times) },
+  { name: "evaluate 12", unit: "ns", run: (times) => work.evaluate_expression(3, times) },
+  { name: "display in decimals", unit: "ns", run: (times) => work.display(0, times) },
+  { name: "display in fractions", unit: "ns", run: (times) => work.display(-1, times) },
+  { name: "sweep 10x30", unit: "ns", run: (times) => work.sweep(0, times) },
+  { name: "sweep 10x30 in fractions", unit: "us", run: (times) => work.sweep(1, times) },
+  { name: "optimise 10x10", unit: "us", run: (times) => work.optimise(20, times) },
+  { name: "yalps 10x10", unit: "us", run: solverOf(yalps, work, 20) },
+  { name: "optimise 10x30", unit: "us", run: (times) => work.optimise(30, times) },
+  { name: "yalps 10x30", unit: "us", run: solverOf(yalps, work, 30) },
 ];
 
-const perMillisecond = { ns: 1e6, us: 1e3 };
-const repetitions = 5;
-const enough = 60; // milliseconds a repetition
-
-function milliseconds(piece, work, times) {
-  const start = performance.now();
-  piece(work, times);
-  return performance.now() - start;
-}
+export const perMillisecond = { ns: 1e6, us: 1e3 };
+const rounds = 7;
+const enough = 15; // milliseconds a run
 
 // As many times as take long enough; the runs before warm the engine up.
-function timesFor(piece, work) {
-  let times = 64;
-  while (milliseconds(piece, work, times) < enough) times *= 2;
-  return times;
+function timesFor({ run }) {
+  for (let times = 64; ; times *= 2) {
+    const start = performance.now();
+    run(times);
+    if (performance.now() - start >= enough) return times;
+  }
 }
 
-export function time(work) {
-  return pieces.map(([name, unit, piece]) => {
-    const times = timesFor(piece, work);
-    const runs = Array.from({ length: repetitions }, () => milliseconds(piece, work, times));
-    const median = runs.sort((a, b) => a - b)[Math.floor(repetitions / 2)];
-    return { name, value: (median / times) * perMillisecond[unit], unit };
-  });
+// `timed(piece, times)` runs a piece so often, and notes how long that took.
+export function inRounds(all, timed) {
+  const often = all.map((piece) => timesFor(piece));
+  for (let round = 0; round < rounds; ++round) all.forEach((piece, at) => timed(piece, often[at]));
 }
 
 export async function load(bytes) {
