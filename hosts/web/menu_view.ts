@@ -2,7 +2,7 @@
 import { Measure } from "#shared";
 import { type MenuChange, type MenuItem, type OpenMenu, type Reader, readMenuItem, readOpenMenu } from "#wire";
 import { plainCaption, writeCaption } from "./captions.js";
-import { make } from "./dom.js";
+import { make, setAttribute } from "./dom.js";
 import type { Send } from "./module.js";
 import { moveTo } from "./place.js";
 import { Around } from "./styles.js";
@@ -44,6 +44,8 @@ export class MenuView {
   readonly #listening = new AbortController();
   readonly #opener: Opener;
   readonly #send: Send;
+  // What has the focus while the menu is open.
+  #resting: HTMLElement | undefined;
 
   constructor(opener: Opener, send: Send) {
     this.#opener = opener;
@@ -64,9 +66,13 @@ export class MenuView {
     return this.#opener.root.ownerDocument;
   }
 
-  // What has the focus while the menu is open.
-  get node(): HTMLElement | undefined {
-    return this.#levels.at(-1)?.node;
+  // The focus stays where it rests, for to move it there and back is most of what a choice would cost. From there a
+  // screen reader follows what is highlighted.
+  tellThrough(resting: HTMLElement): void {
+    const innermost = this.#levels.at(-1)?.node;
+    this.#resting = resting;
+    setAttribute(resting, "aria-controls", this.#levels.map(({ node }) => node.id).join(" "));
+    setAttribute(resting, "aria-activedescendant", innermost?.getAttribute("aria-activedescendant") ?? innermost?.id);
   }
 
   // The record goes on with the open menus, each with its items.
@@ -83,6 +89,7 @@ export class MenuView {
   close(): void {
     this.#listening.abort();
     this.#closeFrom(0);
+    for (const name of ["aria-controls", "aria-activedescendant"]) this.#resting?.removeAttribute(name);
   }
 
   #closeFrom(depth: number): void {
@@ -94,7 +101,7 @@ export class MenuView {
     const node = make("div", "menu");
     node.setAttribute("role", "menu");
     node.ariaLabel = plainCaption(caption);
-    node.tabIndex = -1;
+    node.id = `menu${menu}`;
     const level = { menu, node, items: items.map((item) => this.#makeItem(item)) };
     node.append(...level.items.map((item) => item.node));
     this.#levels.push(level);

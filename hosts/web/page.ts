@@ -168,9 +168,10 @@ export class Page implements Surroundings {
     if (!element?.host.isConnected) return;
     this.#turns.apply(() => {
       for (const form of element.forms) form.show();
-      const menu = this.#menuOwner === element ? this.menu?.node : undefined;
+      const menu = this.#menuOwner === element ? this.menu : undefined;
       const active = element.top.active;
-      const target = menu ?? active?.node ?? element.forms.at(-1)?.dialog;
+      if (active) menu?.tellThrough(active.node);
+      const target = active?.node ?? element.forms.at(-1)?.dialog;
       if (target && element.root.activeElement !== target && !element.isInFrameAside)
         target.focus({ preventScroll: true });
       if (!menu) active?.selectIfWanted();

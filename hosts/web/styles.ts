@@ -147,7 +147,7 @@ const css = `
 [data-role~="number"] { outline: 1px solid ${Look.boxEdge}; outline-offset: -1px; border-radius: 2px; }
 .box[data-role~="number"] { border-color: transparent; }
 [data-role~="current"] { outline: 2px solid var(--accent); }
-.box::selection { background: var(--accent); color: #ffffff; }
+.box:focus::selection { background: var(--accent); color: #ffffff; }
 
 .surface .aside {
   left: 0 !important;

@@ -297,6 +297,32 @@ describe("the tableau is a grid", () => {
     assert.deepEqual(await told(), [["2-e Simplex-tableau", "polite"]]);
   });
 
+  test("and from where the focus rests the open menu is told, then each item that the keys come to", async () => {
+    await open(problem(twoProducts));
+    const told = () =>
+      inside(`(() => {
+        const named = (attribute) => root.activeElement.getAttribute(attribute)?.split(" ").map((id) => root.getElementById(id));
+        const [item] = named("aria-activedescendant") ?? [];
+        const isControlled = named("aria-controls")?.at(-1)?.contains(item);
+        return item && isControlled ? item.dataset.name ?? item.role + " " + item.ariaLabel : null;
+      })()`);
+    await intoTheControl();
+    await press("Alt+b");
+    assert.equal(await told(), "menu Bestand");
+    await press("ArrowDown");
+    assert.equal(await told(), "mnu_Nieuw");
+    await press("ArrowRight");
+    assert.equal(await told(), "mnu_Nieuw_Simplex");
+    await press("ArrowLeft");
+    assert.equal(await told(), "mnu_Nieuw");
+    await press("Escape");
+    assert.equal(await told(), null);
+    assert.deepEqual(
+      await inside("root.activeElement.getAttributeNames().filter((name) => /controls|activedesc/.test(name))"),
+      [],
+    );
+  });
+
   test("and a menu's button says that it has a menu, and whether that is open", async () => {
     await open(problem(twoProducts));
     const button = async () => all(await tree(), "button").find(({ name }) => name === "Bewerken").properties;

@@ -194,7 +194,7 @@ describe("menus", () => {
     await open(problem());
     await page.click(control("cmd_Opties"));
     assert.equal(await openMenu(), "Opties");
-    assert.equal(await focused(), "menu");
+    assert.equal(await focused(), "txtFocus");
     const menu = await (await page.$('tabulon-lpctrl >>> [role="menu"]')).boundingBox();
     const element = await (await page.$("tabulon-lpctrl")).boundingBox();
     assert.deepEqual([menu.x - element.x, menu.y - element.y], [Math.round(2530 / 15), 19]);
@@ -206,6 +206,16 @@ describe("menus", () => {
     await page.keyboard.press("Escape");
     assert.equal(await openMenu(), undefined);
     assert.equal(await focused(), "txtFocus");
+  });
+
+  test("take no letter into the box that holds the keyboard meanwhile", async () => {
+    await open(problem());
+    await page.click(control("cmd_Opties"));
+    const written = () => inside('root.querySelector("[data-name=txtFocus]").value');
+    const before = await written();
+    await page.keyboard.type("z7.ë ");
+    assert.equal(await written(), before);
+    assert.equal(await openMenu(), "Opties");
   });
 
   test("show what is checked", async () => {
