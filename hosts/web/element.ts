@@ -350,13 +350,17 @@ export class TabulonLPctrl extends PageElement {
     for (const action of this.#waiting.splice(0)) action();
   }
 
-  #readParameters(page: Page, { surface }: ElementView): TabulonError | undefined {
+  #readParameters(page: Page, view: ElementView): TabulonError | undefined {
+    const { surface } = view;
     const parameters = readParameters(this, this.#early);
     const [number, answer] = page.send((module, texts) => {
       texts.give(...parameters.listing, "");
       const started = module.start(surface.id);
-      // Into the page when it is whole: the browser then lays it out once.
-      page.afterwards(() => this.#root.append(surface.ground));
+      // Into the page when it is whole and looks as it will: the browser then lays it out once.
+      page.afterwards(() => {
+        if (!view.isBusy) this.removeAttribute("aria-busy");
+        this.#root.append(surface.ground);
+      });
       return [started, texts.answer()] as const;
     });
     const error = number ? new TabulonError(number, answer, parameters.textOf(answer)) : parameters.error;

@@ -137,9 +137,15 @@ Properties present(const Control& control, Properties marked, bool is_new) {
   return kept;
 }
 
+// In a frame that is not seen nothing is.
+bool is_out_of_sight(const Control& control) {
+  const bool stands_there = control.rendering() != Rendering::None;
+  return !stands_there || (control.container() && is_out_of_sight(*control.container()));
+}
+
 void write_control(Record& record, Control& control, Known& known, const Typed& typed) {
   const bool is_new = known == Known::Not;
-  const bool is_hidden = control.rendering() == Rendering::None;
+  const bool is_hidden = is_out_of_sight(control);
   Properties marked = control.take_changes();
   if (known == Known::Wholly) {
     if (&control == typed.box && control.text() == typed.text) marked.remove(Property::Text);

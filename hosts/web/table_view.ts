@@ -16,15 +16,19 @@ const howTo =
   "Tab gaat langs de cellen. Met Escape en daarna Tab verlaat je het tableau. " +
   "Alt+B, Alt+W, Alt+O en Alt+H openen de menu's.";
 
+interface Part {
+  readonly node: HTMLElement;
+  readonly inside: Part[];
+}
+
 // The part of `around` at that place, made when it is not there yet.
-function partAt(around: HTMLElement, at: number, role: string): HTMLElement {
-  const parts = [...around.children] as HTMLElement[];
-  const next = parts.find((part) => Number(part.dataset.at) >= at);
-  if (next?.dataset.at === String(at)) return next;
-  const part = make("div", "");
-  part.role = role;
-  part.dataset.at = String(at);
-  around.insertBefore(part, next ?? null);
+function partAt({ node, inside }: Part, at: number, role: string): Part {
+  const there = inside[at];
+  if (there) return there;
+  const part = { node: make("div", ""), inside: [] };
+  part.node.role = role;
+  node.insertBefore(part.node, inside.find((next, place) => next && place > at)?.node ?? null);
+  inside[at] = part;
   return part;
 }
 
@@ -34,32 +38,31 @@ function show(part: HTMLElement, isShown: boolean): void {
 }
 
 export class TableView {
-  readonly #node = make("div", "");
-  readonly #cells: HTMLElement[] = [];
+  readonly #table: Part = { node: make("div", ""), inside: [] };
 
   // `resting` is what has the focus while no cell has it.
   constructor(ground: HTMLElement, resting: HTMLElement | null) {
     const told = make("span", "told", howTo);
     told.id = "how-to";
-    this.#node.role = "grid";
-    this.#node.ariaLabel = name;
-    for (const described of [this.#node, resting]) if (described) setAttribute(described, "aria-describedby", told.id);
-    ground.append(told, this.#node);
+    const { node } = this.#table;
+    node.role = "grid";
+    node.ariaLabel = name;
+    for (const described of [node, resting]) if (described) setAttribute(described, "aria-describedby", told.id);
+    ground.append(told, node);
   }
 
   add(control: HTMLElement, { part, row, column }: Introduction): void {
-    const cell = partAt(partAt(this.#node, row, "row"), column, cellRoles[part]);
-    cell.append(control);
-    this.#cells.push(cell);
+    partAt(partAt(this.#table, row, "row"), column, cellRoles[part]).node.append(control);
   }
 
   // What is not seen is not told.
   update(): void {
-    for (const cell of this.#cells) show(cell, !(cell.firstChild as HTMLElement).hidden);
-    for (const row of [...this.#node.children] as HTMLElement[])
+    this.#table.inside.forEach((row) => {
+      row.inside.forEach(({ node }) => show(node, !(node.firstChild as HTMLElement).hidden));
       show(
-        row,
-        ([...row.children] as HTMLElement[]).some((cell) => !cell.hidden),
+        row.node,
+        row.inside.some(({ node }) => !node.hidden),
       );
+    });
   }
 }

@@ -97,6 +97,18 @@ describe("a long run in the browser", () => {
     assert.equal(await opened.$('tabulon-lpctrl >>> [role="menu"]'), null);
   });
 
+  test("the cursor says so wherever it is", async () => {
+    const cursors = await opened.evaluate(() => {
+      const { shadowRoot: root } = document.querySelector("tabulon-lpctrl");
+      return ["txtTableau", "cmd_Help", "HScroll", "lblNRTableau"].map((name) => {
+        const { left, top } = root.querySelector(`[data-name="${name}"]`).getBoundingClientRect();
+        const { className } = root.elementFromPoint(left + 5, top + 5);
+        return `${className} ${getComputedStyle(root.querySelector(".surface"), "::before").cursor}`;
+      });
+    });
+    assert.deepEqual(cursors, Array(4).fill("surface progress"));
+  });
+
   test("every batch gives the page its turn again", async () => {
     await opened.evaluate(() => window.letThrough());
     await until(() => window.held.length === 1);
