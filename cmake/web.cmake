@@ -1,5 +1,5 @@
-# tabulon.wasm: every room and hosts/web/*.cpp, as a module that a page starts with `_initialize`. What it exports
-# and imports stands in hosts/web/wire/exports.def and imports.def; the packaging refuses any other.
+# tabulon.wasm: every room but lesson/ and hosts/web/*.cpp, as a module that a page starts with `_initialize`. What it
+# exports and imports stands in hosts/web/wire/exports.def and imports.def; the packaging refuses any other.
 
 set(TABULON_WEB_STACK_BYTES 1048576)
 
@@ -59,4 +59,10 @@ function(tabulon_web)
     return()
   endif()
   tabulon_wasm(tabulon_web tabulon ${sources})
+
+  # What thinks for the lesson around the control, lesson.wasm: a module by itself, so that a page without a lesson
+  # does not load it. Its tables stand in hosts/web/lesson/wire/.
+  file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/hosts/web/lesson/*.cpp)
+  tabulon_wasm(tabulon_web_lesson lesson ${sources})
+  target_link_libraries(tabulon_web_lesson PRIVATE tabulon_lesson)
 endfunction()

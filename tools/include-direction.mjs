@@ -28,6 +28,7 @@ const arrows = {
   control: [...subjects, "control's parts"],
   "hosts/headless": [...subjects, "control's parts", "control"],
   "hosts/web": [...subjects, "control's parts", "control", "package.json"], // where the version stands
+  "hosts/web/lesson": [...operations, "lesson", "hosts/web"], // around the control, which knows nothing of it
   "hosts/activex": [...subjects, "control's parts", "control"],
 };
 
@@ -38,11 +39,13 @@ const anything = ["tests", "fuzz", "benchmarks"];
 const made = [
   [/^build\/contract\/shared\./, "platform"],
   [/^build\/contract\/wire\./, "hosts/web"],
+  [/^build\/contract\/lesson\./, "hosts/web/lesson"],
 ];
 
 export function layerOf(path) {
   const [folder, second] = path.split("/");
   const name = path.split("/").at(-1);
+  if (path.startsWith("hosts/web/lesson/")) return "hosts/web/lesson";
   if (folder === "hosts") return `hosts/${second}`;
   if (/^simplex\/(pivot|sweep)\./.test(path)) return "operations";
   if (folder !== "control") return made.find(([pattern]) => pattern.test(path))?.[1] ?? folder;

@@ -1,5 +1,6 @@
 // Makes the TypeScript of the tables that C++ reads as they are: build/contract/shared.ts of platform/*.def, what
-// every host shares, and build/contract/wire.ts of hosts/web/wire/*.def, what passes between module and page.
+// every host shares, build/contract/wire.ts of hosts/web/wire/*.def, what passes between module and page, and
+// build/contract/lesson.ts of hosts/web/lesson/wire/*.def, the same of the lesson's module.
 //
 //   node tools/make-contract.mjs
 //
@@ -259,23 +260,26 @@ function functions(name, rows, enums, { takes, gives }, more = "") {
   return `export type ${name} = {\n${more}${rows.map(line).join("")}};`;
 }
 
+const plainRecords = (rows, enums) =>
+  rows.flatMap(([name, rest]) => {
+    const fields = rowsOf(rest).map((each) => field(each, enums));
+    return [record(name, fields), reader(name, fields)];
+  });
+
+const memory = "  memory: WebAssembly.Memory;\n  _initialize(): void;\n";
+
 export function wireContract(table) {
   const shared = rowsOf(table("platform/enums.def"));
   const own = rowsOf(table("hosts/web/wire/enums.def"));
   const records = rowsOf(table("hosts/web/wire/records.def"));
   const sharedEnums = [...given(shared, "ENUM").map(([name]) => name), "Picture"];
   const enums = new Set([...sharedEnums, ...given(own, "ENUM").map(([name]) => name)]);
-  const plain = [...given(records, "SHARED"), ...given(records, "RECORD")].map(([name, fields]) => [
-    name,
-    rowsOf(fields).map((each) => field(each, enums)),
-  ]);
   const asks = { takes: fromModule, gives: toModule };
   const offers = { takes: toModule, gives: fromModule };
-  const memory = "  memory: WebAssembly.Memory;\n  _initialize(): void;\n";
   const body = [
     readerInterface,
     ...plainEnums(own),
-    ...plain.flatMap(([name, fields]) => [record(name, fields), reader(name, fields)]),
+    ...plainRecords([...given(records, "SHARED"), ...given(records, "RECORD")], enums),
     ...strokes(records, enums),
     ...properties(rowsOf(table("platform/properties.def")), enums),
     "// What the module asks of its page.",
@@ -291,7 +295,20 @@ export function wireContract(table) {
   );
 }
 
-// The names that the module is to import and export.
+export function lessonContract(table) {
+  const folder = "hosts/web/lesson/wire";
+  const enums = new Set();
+  const offers = { takes: toModule, gives: fromModule };
+  return made(
+    `${folder}/*.def`,
+    'import type { Reader } from "./wire.js";',
+    ...plainRecords(given(rowsOf(table(`${folder}/records.def`)), "RECORD"), enums),
+    "// What the page asks of the lesson's module.",
+    functions("LessonExports", given(rowsOf(table(`${folder}/exports.def`)), "EXPORT"), enums, offers, memory),
+  );
+}
+
+// The names that a module is to import and export.
 export const namesOf = (path, word) => given(rowsOf(readTable(path)), word).map(([, name]) => name);
 
 export const readTable = (path) => readFileSync(join(root, path), "utf8");
@@ -300,6 +317,7 @@ export function makeContract(folder = join(root, "build/contract"), table = read
   mkdirSync(folder, { recursive: true });
   writeFileSync(join(folder, "shared.ts"), sharedContract(table));
   writeFileSync(join(folder, "wire.ts"), wireContract(table));
+  writeFileSync(join(folder, "lesson.ts"), lessonContract(table));
 }
 
 if (process.argv[1] === fileURLToPath(import.meta.url)) makeContract();

@@ -13,7 +13,7 @@ import { promisify } from "node:util";
 const root = fileURLToPath(new URL("..", import.meta.url));
 const run = promisify(execFile);
 
-const ofTheWebPackage = ["tabulon.js", "tabulon.mjs", "custom-elements.json", "types"];
+const ofTheWebPackage = ["tabulon.js", "tabulon.mjs", "tabulon-les.js", "custom-elements.json", "types"];
 const ofTheProject = ["LICENSE", "CHANGELOG.md"];
 const readme = "hosts/web/package/README.md";
 
@@ -22,6 +22,7 @@ const offers = {
   exports: {
     ".": { types: "./types/tabulon.d.ts", default: "./tabulon.mjs" },
     "./tabulon.js": { types: "./types/script.d.ts", default: "./tabulon.js" },
+    "./tabulon-les.js": "./tabulon-les.js",
     "./react": { types: "./types/react.d.ts" },
     "./vue": { types: "./types/vue.d.ts" },
     "./custom-elements.json": "./custom-elements.json",
@@ -31,7 +32,7 @@ const offers = {
   unpkg: "./tabulon.js",
   jsdelivr: "./tabulon.js",
   customElements: "custom-elements.json",
-  sideEffects: ["./tabulon.js", "./tabulon.mjs"],
+  sideEffects: ["./tabulon.js", "./tabulon.mjs", "./tabulon-les.js"],
   repository: { type: "git", directory: "hosts/web" },
   keywords: ["simplex", "linear-programming", "education", "custom-element", "web-component"],
 };

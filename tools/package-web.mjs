@@ -1,7 +1,8 @@
-// Makes dist/web from build/web/tabulon.wasm, hosts/web/*.ts and examples/:
+// Makes dist/web from build/web/*.wasm, hosts/web/ and examples/:
 //
 //   dist/web/tabulon.js             the control, whole: script and WebAssembly in one file
 //   dist/web/tabulon.mjs            the same to be imported
+//   dist/web/tabulon-les.js         the lesson around it, likewise whole
 //   dist/web/types/                 its types, tabulon.d.ts first
 //   dist/web/custom-elements.json   what an editor is told of it
 //   dist/web/*.html ...             the examples; index.html is the start page
@@ -25,6 +26,7 @@ const banner = `/*! Tabulon ${version}. MIT License, the Tabulon authors. */`;
 const ownModule = "tabulon";
 
 const tables = { imports: "hosts/web/wire/imports.def", exports: "hosts/web/wire/exports.def" };
+const lessonExports = "hosts/web/lesson/wire/exports.def";
 // What starts every module, and its memory.
 const ofEveryModule = ["memory", "_initialize"];
 
@@ -63,11 +65,11 @@ async function deflated(path) {
   return stdout.toString("base64");
 }
 
-// `import deflated from "tabulon.wasm"` gives the module, deflated, as base64.
+// `import deflated from "own.wasm"` gives the script's module, deflated, as base64.
 const embedWasm = (contents) => ({
   name: "embed-wasm",
   setup(build) {
-    build.onResolve({ filter: /^tabulon\.wasm$/ }, () => ({ path: "tabulon.wasm", namespace: "embed-wasm" }));
+    build.onResolve({ filter: /^own\.wasm$/ }, ({ path }) => ({ path, namespace: "embed-wasm" }));
     build.onLoad({ filter: /.*/, namespace: "embed-wasm" }, () => ({ contents, loader: "text" }));
   },
 });
@@ -171,11 +173,17 @@ async function writeDescription(made) {
 
 const kilobytes = (bytes) => `${Math.ceil(bytes.length / 1024)} kB`;
 
+// The plugins for a script that has this module in it, which must be as the tables say.
+async function pluginsFor(name, ...tablesOfNames) {
+  const path = join(root, "build/web", name);
+  const found = breaches(await readFile(path), ...tablesOfNames);
+  if (found.length) throw new Error(`${name} and its page do not agree: ${found.join("; ")}`);
+  return [embedWasm(await deflated(path)), minifyStyles];
+}
+
 async function packageWeb() {
-  const wasmPath = join(root, "build/web/tabulon.wasm");
-  const wasm = await readFile(wasmPath);
-  const found = breaches(wasm);
-  if (found.length) throw new Error(`tabulon.wasm and its page do not agree: ${found.join("; ")}`);
+  const plugins = await pluginsFor("tabulon.wasm");
+  const lessonPlugins = await pluginsFor("lesson.wasm", [], namesOf(lessonExports, "EXPORT"));
   makeContract();
 
   // Made aside and put in place when it is whole, so that a page that is being served is never half there.
@@ -184,9 +192,9 @@ async function packageWeb() {
     recursive: true,
     filter: (source) => !basename(source).startsWith("."),
   });
-  const plugins = [embedWasm(await deflated(wasmPath)), minifyStyles];
   for (const [name, format] of Object.entries({ "tabulon.js": "iife", "tabulon.mjs": "esm" }))
     await bundle("hosts/web/tabulon.ts", join(made, name), { format, plugins });
+  await bundle("hosts/web/lesson/tabulon-les.ts", join(made, "tabulon-les.js"), { plugins: lessonPlugins });
   await writePageScripts(made);
   await writeTypes(join(made, "types"));
   await writeDescription(made);
@@ -196,9 +204,8 @@ async function packageWeb() {
   await mkdir(dirname(out), { recursive: true });
   await rm(out, { recursive: true, force: true });
   await rename(made, out);
-  console.log(
-    `dist/web/tabulon.js: ${kilobytes(await readFile(join(out, "tabulon.js")))}, of ${kilobytes(wasm)} WebAssembly`,
-  );
+  for (const name of ["tabulon.js", "tabulon-les.js"])
+    console.log(`dist/web/${name}: ${kilobytes(await readFile(join(out, name)))}`);
 }
 
 if (process.argv[1] === fileURLToPath(import.meta.url)) {

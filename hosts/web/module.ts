@@ -1,5 +1,5 @@
 // The WebAssembly module, and how texts go into it and out of it.
-import deflated from "tabulon.wasm";
+import deflated from "own.wasm";
 import type { Exports, Imports } from "#wire";
 import { inflate } from "./inflate.js";
 
@@ -20,9 +20,12 @@ export interface Texts {
   answerBytes(): Uint8Array;
 }
 
+// What every module has.
+export type TextExports = Pick<Exports, "memory" | "_initialize" | "argument" | "answer_at" | "answer_size">;
+
 // Texts and bytes in the module's memory, which moves when it grows: it is looked up each time.
-export class Module implements Texts {
-  constructor(readonly exports: Exports) {}
+export class Module<Own extends TextExports = Exports> implements Texts {
+  constructor(readonly exports: Own) {}
 
   // A copy of what the module lends.
   copy(at: number, size: number): Uint8Array {
@@ -104,10 +107,10 @@ function reason(error: unknown): string {
 }
 
 // Rejects with a Dutch sentence that says what stands in the way.
-export async function loadModule(imports: Imports): Promise<Module> {
+export async function loadModule<Own extends TextExports = Exports>(imports: Partial<Imports>): Promise<Module<Own>> {
   try {
     const { instance } = await instantiated({ tabulon: { ...imports } });
-    const module = new Module(instance.exports as Exports);
+    const module = new Module(instance.exports as Own);
     module.exports._initialize();
     return module;
   } catch (error) {

@@ -1,5 +1,0 @@
-// The packaging puts the compiled control here: deflated without a header, as base64.
-declare module "tabulon.wasm" {
-  const deflated: string;
-  export default deflated;
-}
