@@ -5,12 +5,15 @@ set(TABULON_WEB_STACK_BYTES 1048576)
 
 find_program(TABULON_WASM_OPT wasm-opt REQUIRED)
 
-# tabulon_wasm(<target> <name> [LIBRARY_FUNCTIONS] <source>...)
+# tabulon_wasm(<target> <name> [LIBRARY_FUNCTIONS] [ROOM <room>] <source>...)
 #
-# A module of these sources, <name>.wasm, on what stands in for the system, the heap and, unless LIBRARY_FUNCTIONS is
-# given, functions of the C library.
+# A module of these sources and a room, tabulon_control unless another is given: <name>.wasm, on what stands in for the
+# system, the heap and, unless LIBRARY_FUNCTIONS is given, functions of the C library.
 function(tabulon_wasm target name)
-  cmake_parse_arguments(PARSE_ARGV 2 WASM LIBRARY_FUNCTIONS "" "")
+  cmake_parse_arguments(PARSE_ARGV 2 WASM LIBRARY_FUNCTIONS ROOM "")
+  if(NOT WASM_ROOM)
+    set(WASM_ROOM tabulon_control)
+  endif()
   set(stand_ins no_system.cpp heap.cpp memory.cpp)
   if(NOT WASM_LIBRARY_FUNCTIONS)
     list(APPEND stand_ins elementary.cpp)
@@ -22,7 +25,7 @@ function(tabulon_wasm target name)
 
   add_executable(${target} ${WASM_UNPARSED_ARGUMENTS} ${stand_ins})
   set_target_properties(${target} PROPERTIES OUTPUT_NAME ${name} SUFFIX .wasm)
-  target_link_libraries(${target} PRIVATE tabulon_control)
+  target_link_libraries(${target} PRIVATE ${WASM_ROOM})
   target_link_options(${target} PRIVATE
     -mexec-model=reactor
     LINKER:--gc-sections LINKER:--strip-all LINKER:--fatal-warnings
@@ -60,9 +63,17 @@ function(tabulon_web)
   endif()
   tabulon_wasm(tabulon_web tabulon ${sources})
 
-  # What thinks for the lesson around the control, lesson.wasm: a module by itself, so that a page without a lesson
-  # does not load it. Its tables stand in hosts/web/lesson/wire/.
+  tabulon_web_lesson()
+endfunction()
+
+# lesson.wasm, what thinks for the lesson around the control: a module by itself, so that a page without a lesson does
+# not load it. Its tables stand in hosts/web/lesson/wire/. It answers one step at a time, so the rooms that it stands
+# on are made small too.
+function(tabulon_web_lesson)
+  tabulon_room(tabulon_small_numbers FOLDERS numbers DEPENDS tabulon_platform)
+  tabulon_room(tabulon_small_model FOLDERS control ONLY "^basSafeCtl" DEPENDS tabulon_small_numbers)
+  tabulon_room(tabulon_small_operations FOLDERS simplex ONLY "^(pivot|sweep)\\." DEPENDS tabulon_small_model)
+  tabulon_room(tabulon_lesson FOLDERS lesson DEPENDS tabulon_small_operations)
   file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/hosts/web/lesson/*.cpp)
-  tabulon_wasm(tabulon_web_lesson lesson ${sources})
-  target_link_libraries(tabulon_web_lesson PRIVATE tabulon_lesson)
+  tabulon_wasm(tabulon_web_lesson lesson ROOM tabulon_lesson ${sources})
 endfunction()
