@@ -7,6 +7,7 @@
 
 #include "hosts/web/lesson/problem_record.h"
 #include "hosts/web/lesson/tableau_numbers.h"
+#include "hosts/web/lesson/worksheet_record.h"
 #include "lesson/reasons.h"
 #include "lesson/steps.h"
 
@@ -82,6 +83,11 @@ size LessonExports::answer_size() {
 
 void LessonExports::read_words() {
   write_reading(lesson_page.answer, lesson::read_problem(lesson_page.take_argument()));
+}
+
+void LessonExports::work_out() {
+  const lesson::Reading reading = lesson::read_problem(lesson_page.take_argument());
+  if (reading.problem) write_worked_out(lesson_page.answer, *reading.problem);
 }
 
 void LessonExports::put_tableau(flag before) {

@@ -16,6 +16,10 @@ import {
   readReadWords,
   readSentence,
   readStepVerdict,
+  readWorkedCell,
+  readWorkedOut,
+  readWorkedRow,
+  readWorkedTableau,
 } from "#lesson";
 import { loadModule, type Module } from "../module.js";
 import { RecordReader } from "../record.js";
@@ -81,9 +85,33 @@ export interface Judgement {
   readonly sentences: readonly string[];
 }
 
+export interface WorkedRow {
+  // The name of its basic variable; "F" for row F.
+  readonly basis: string;
+  // As they are shown, without the blank of the sign's place; the last is the right-hand side.
+  readonly cells: readonly string[];
+}
+
+export interface WorkedTableau {
+  readonly number: number;
+  // With which the next tableau is made; both count from 1.
+  readonly pivot: { readonly column: number; readonly row: number } | null;
+  // Row F first.
+  readonly rows: readonly WorkedRow[];
+}
+
+export interface WorkedOut {
+  // Of the columns: "x 1".
+  readonly names: readonly string[];
+  // At most 12; the first twice where it has artificial variables, as it is set up and with their columns swept.
+  readonly tableaus: readonly WorkedTableau[];
+}
+
 export interface Thinking {
   // A problem as a teacher types it.
   read(text: string): Reading;
+  // The tableaus of a problem that was read, step by step: its `text`.
+  workOut(text: string): WorkedOut;
   // What a change did, for a log.
   tell(before: Tableau, after: Tableau, change: TableauChange): readonly string[];
   // Which pivot the method takes in the tableau that stands, and why.
@@ -168,6 +196,29 @@ function reading(record: RecordReader): Reading {
   };
 }
 
+function workedRow(record: RecordReader, columns: number): WorkedRow {
+  const { basis } = readWorkedRow(record);
+  return { basis, cells: times(columns + 1, () => readWorkedCell(record).shown) };
+}
+
+function workedTableau(record: RecordReader, columns: number, rows: number): WorkedTableau {
+  const { number, pivotColumn, pivotRow } = readWorkedTableau(record);
+  return {
+    number,
+    pivot: pivotColumn ? { column: pivotColumn, row: pivotRow } : null,
+    rows: times(rows + 1, () => workedRow(record, columns)),
+  };
+}
+
+function workedOut(record: RecordReader): WorkedOut {
+  if (record.done) return { names: [], tableaus: [] };
+  const { columns, rows, tableaus } = readWorkedOut(record);
+  return {
+    names: times(columns, () => readReadName(record).name),
+    tableaus: times(tableaus, () => workedTableau(record, columns, rows)),
+  };
+}
+
 class ModuleThinking implements Thinking {
   readonly #module: Module<LessonExports>;
 
@@ -179,6 +230,12 @@ class ModuleThinking implements Thinking {
     this.#module.give(text);
     this.#module.exports.read_words();
     return reading(this.#answer());
+  };
+
+  workOut = (text: string): WorkedOut => {
+    this.#module.give(text);
+    this.#module.exports.work_out();
+    return workedOut(this.#answer());
   };
 
   tell = (before: Tableau, after: Tableau, change: TableauChange): readonly string[] => {
