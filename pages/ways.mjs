@@ -1,0 +1,79 @@
+// How a teacher takes an exercise: as a link, a file, a line for a frame, HTML, or on paper.
+import { fileNameOf, titleOf } from "./exercise.mjs";
+import { exercisePage, snippet } from "./exercise-view.mjs";
+import { toHash } from "./link.mjs";
+import { make } from "./make.mjs";
+import { asSingleFile, keep } from "./own-scripts.mjs";
+
+const byId = (id) => document.getElementById(id);
+// Beyond this some mail programs cut a link.
+const longLink = 2000;
+
+let taken = null;
+
+const address = (page, hash) => new URL(page + hash, location.href).href;
+
+const frame = (source, title) =>
+  make("iframe", {
+    src: source,
+    title,
+    width: "100%",
+    height: "900",
+    sandbox: "allow-scripts allow-downloads",
+    allow: "clipboard-write",
+  }).outerHTML;
+
+function adviceOn(link) {
+  if (location.protocol === "file:")
+    return "Deze link wijst naar deze computer. Zet de map op een server, en maak hem daar opnieuw voor uw leerlingen.";
+  if (link.length > longLink)
+    return `De link is lang (${link.length} tekens). Sommige mailprogramma's kappen zo'n link af; een los bestand is dan beter.`;
+  return "";
+}
+
+// The ways to take { exercise, problem }; null: there is none to take.
+export async function offer(offered) {
+  taken = offered;
+  byId("wegen").hidden = !offered;
+  byId("nog-niet").hidden = Boolean(offered);
+  if (!offered) return;
+  const { exercise, problem } = offered;
+  byId("html").value = snippet(exercise, problem);
+  const hash = await toHash(exercise);
+  if (taken !== offered) return;
+  const link = address("oefening.html", hash);
+  byId("link").value = link;
+  byId("open").href = link;
+  byId("werkblad").href = address("werkblad.html", hash);
+  byId("iframe").value = frame(link, titleOf(exercise));
+  byId("over-link").textContent = adviceOn(link);
+}
+
+async function save() {
+  const { exercise, problem } = taken;
+  const name = fileNameOf(exercise);
+  keep(name, await asSingleFile("eigen.html", exercisePage(exercise, problem)));
+}
+
+async function copied(field) {
+  field.select();
+  try {
+    await navigator.clipboard.writeText(field.value);
+    return true;
+  } catch {
+    // Where a page gets no clipboard of its own, as on http:, it may still copy what is selected.
+    return document.execCommand("copy");
+  }
+}
+
+const usual = "Kopieer";
+
+async function copy(button) {
+  const done = await copied(byId(button.dataset.kopieer));
+  byId("gekopieerd").textContent = done ? "Gekopieerd." : "De tekst is geselecteerd: druk op Ctrl+C.";
+  button.textContent = done ? "Gekopieerd" : "Druk op Ctrl+C";
+  setTimeout(() => (button.textContent = usual), 3000);
+}
+
+byId("bewaar").addEventListener("click", save);
+for (const button of document.querySelectorAll("[data-kopieer]")) button.addEventListener("click", () => copy(button));
