@@ -8,6 +8,7 @@
 //   dist/web/*.html ...             the examples; index.html is the start page
 //   dist/web/handboek/              the pictures of the handbook
 //   dist/web/pagina.js              what those pages can do, and los-bestand.js what it needs to save one as one file
+//   dist/web/maker.js ...           the scripts of the maker and the pages that come of it
 import { execFile } from "node:child_process";
 import { existsSync, readFileSync } from "node:fs";
 import { cp, mkdir, readdir, readFile, rename, rm, writeFile } from "node:fs/promises";
@@ -115,7 +116,8 @@ const embedPages = (folder) => ({
   setup(build) {
     build.onResolve({ filter: /^page-files$/ }, ({ path }) => ({ path, namespace: "embed-pages" }));
     build.onLoad({ filter: /.*/, namespace: "embed-pages" }, async () => {
-      const ofAnExercise = (name) => existsSync(join(root, "examples", name)) && !name.startsWith("handboek");
+      const ofAnExercise = (name) =>
+        existsSync(join(root, "examples", name)) && !/^(handboek|maker|oefening|werkblad|les)/.test(name);
       const names = (await readdir(folder)).filter((name) => name === "tabulon.js" || ofAnExercise(name));
       const texts = await Promise.all(
         names.sort().map(async (name) => [name, await readFile(join(folder, name), "utf8")]),
@@ -127,7 +129,8 @@ const embedPages = (folder) => ({
 
 async function writePageScripts(made) {
   await bundle("pages/los-bestand.mjs", join(made, "los-bestand.js"), { plugins: [embedPages(made)] });
-  await bundle("pages/pagina.mjs", join(made, "pagina.js"));
+  for (const name of ["pagina", "maker", "oefening", "werkblad", "les"])
+    await bundle(`pages/${name}.mjs`, join(made, `${name}.js`));
 }
 
 const typescript = join(dirname(createRequire(import.meta.url).resolve("typescript/package.json")), "bin/tsc");
