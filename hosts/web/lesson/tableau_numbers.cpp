@@ -45,7 +45,7 @@ bool read(Numbers numbers, basSafeCtl& model) {
   const std::int16_t number = numbers.count();
   read_counts(numbers, model);
   model.Breuken = numbers.next() != 0;
-  if (!InitTableau(model)) return false;
+  if (!model.set_derived_counts() || !InitTableau(model)) return false;
   model.NrTableau = number;
   for (int row = 1; row <= model.rows(); ++row) model.current.set_basis(row, numbers.count());
   read_row(numbers, model.current.row_F(), model.columns());

@@ -1,6 +1,7 @@
-// tabulon-les.js: what stands around the control in a lesson. A page's scripts find it as `tabulonLes`:
+// tabulon-les.js: defines <tabulon-les>, and gives a page's scripts what it thinks with as `tabulonLes`:
 //
 //   const { read, why } = await tabulonLes.thinking();
+import { TabulonLes } from "./element.js";
 import { thinking } from "./thinking.js";
 
 declare global {
@@ -11,3 +12,4 @@ declare global {
 
 // A page may name the script twice; the first stays.
 window.tabulonLes ??= { thinking };
+if (!customElements.get("tabulon-les")) customElements.define("tabulon-les", TabulonLes);
