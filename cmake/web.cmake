@@ -5,20 +5,20 @@ set(TABULON_WEB_STACK_BYTES 1048576)
 
 find_program(TABULON_WASM_OPT wasm-opt REQUIRED)
 
-# tabulon_wasm(<target> <name> [LIBRARY_FUNCTIONS] [ROOM <room>] <source>...)
+# tabulon_wasm(<target> <name> [LIBRARY_FUNCTIONS] [FUNCTIONS <source>] [ROOM <room>] <source>...)
 #
 # A module of these sources and a room, tabulon_control unless another is given: <name>.wasm, on what stands in for the
-# system, the heap and, unless LIBRARY_FUNCTIONS is given, functions of the C library.
+# system, the heap and functions of the C library: those of elementary.cpp, of FUNCTIONS, or with LIBRARY_FUNCTIONS none.
 function(tabulon_wasm target name)
-  cmake_parse_arguments(PARSE_ARGV 2 WASM LIBRARY_FUNCTIONS ROOM "")
+  set(folder ${PROJECT_SOURCE_DIR}/hosts/web/build)
+  cmake_parse_arguments(PARSE_ARGV 2 WASM LIBRARY_FUNCTIONS "FUNCTIONS;ROOM" "")
   if(NOT WASM_ROOM)
     set(WASM_ROOM tabulon_control)
   endif()
-  set(stand_ins no_system.cpp heap.cpp memory.cpp)
-  if(NOT WASM_LIBRARY_FUNCTIONS)
-    list(APPEND stand_ins elementary.cpp)
+  set(stand_ins ${folder}/no_system.cpp ${folder}/heap.cpp ${folder}/memory.cpp ${WASM_FUNCTIONS})
+  if(NOT WASM_FUNCTIONS AND NOT WASM_LIBRARY_FUNCTIONS)
+    list(APPEND stand_ins ${folder}/elementary.cpp)
   endif()
-  list(TRANSFORM stand_ins PREPEND ${PROJECT_SOURCE_DIR}/hosts/web/build/)
   # They define what the C library is linked to, and the libraries they stand in for are no LTO objects. They are few
   # bytes, and much is done in them.
   set_source_files_properties(${stand_ins} PROPERTIES COMPILE_OPTIONS "-fno-lto;-O2")
@@ -75,5 +75,6 @@ function(tabulon_web_lesson)
   tabulon_room(tabulon_small_operations FOLDERS simplex ONLY "^(pivot|sweep)\\." DEPENDS tabulon_small_model)
   tabulon_room(tabulon_lesson FOLDERS lesson DEPENDS tabulon_small_operations)
   file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/hosts/web/lesson/*.cpp)
-  tabulon_wasm(tabulon_web_lesson lesson ROOM tabulon_lesson ${sources})
+  tabulon_wasm(tabulon_web_lesson lesson
+    ROOM tabulon_lesson FUNCTIONS ${PROJECT_SOURCE_DIR}/hosts/web/lesson/build/page_functions.cpp ${sources})
 endfunction()

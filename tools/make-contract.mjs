@@ -298,11 +298,14 @@ export function wireContract(table) {
 export function lessonContract(table) {
   const folder = "hosts/web/lesson/wire";
   const enums = new Set();
+  const asks = { takes: fromModule, gives: toModule };
   const offers = { takes: toModule, gives: fromModule };
   return made(
     `${folder}/*.def`,
     'import type { Reader } from "./wire.js";',
     ...plainRecords(given(rowsOf(table(`${folder}/records.def`)), "RECORD"), enums),
+    "// What the lesson's module asks of its page.",
+    functions("LessonImports", given(rowsOf(table(`${folder}/imports.def`)), "IMPORT"), enums, asks),
     "// What the page asks of the lesson's module.",
     functions("LessonExports", given(rowsOf(table(`${folder}/exports.def`)), "EXPORT"), enums, offers, memory),
   );

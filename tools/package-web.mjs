@@ -27,7 +27,7 @@ const banner = `/*! Tabulon ${version}. MIT License, the Tabulon authors. */`;
 const ownModule = "tabulon";
 
 const tables = { imports: "hosts/web/wire/imports.def", exports: "hosts/web/wire/exports.def" };
-const lessonExports = "hosts/web/lesson/wire/exports.def";
+const lessonTables = { imports: "hosts/web/lesson/wire/imports.def", exports: "hosts/web/lesson/wire/exports.def" };
 // What starts every module, and its memory.
 const ofEveryModule = ["memory", "_initialize"];
 
@@ -40,8 +40,9 @@ const differences = (found, told, where) => [
 // the linker.
 export function breaches(
   wasm,
-  imports = namesOf(tables.imports, "IMPORT"),
-  exports = namesOf(tables.exports, "EXPORT"),
+  { imports: importsTable, exports: exportsTable } = tables,
+  imports = namesOf(importsTable, "IMPORT"),
+  exports = namesOf(exportsTable, "EXPORT"),
 ) {
   const module = new WebAssembly.Module(wasm);
   const asked = WebAssembly.Module.imports(module).map(({ module: from, name }) =>
@@ -49,11 +50,11 @@ export function breaches(
   );
   const offered = WebAssembly.Module.exports(module).map(({ name }) => name);
   return [
-    ...differences(asked, imports, tables.imports),
+    ...differences(asked, imports, importsTable),
     ...differences(
       offered.filter((name) => !ofEveryModule.includes(name)),
       exports,
-      tables.exports,
+      exportsTable,
     ),
   ];
 }
@@ -177,16 +178,16 @@ async function writeDescription(made) {
 const kilobytes = (bytes) => `${Math.ceil(bytes.length / 1024)} kB`;
 
 // The plugins for a script that has this module in it, which must be as the tables say.
-async function pluginsFor(name, ...tablesOfNames) {
+async function pluginsFor(name, itsTables) {
   const path = join(root, "build/web", name);
-  const found = breaches(await readFile(path), ...tablesOfNames);
+  const found = breaches(await readFile(path), itsTables);
   if (found.length) throw new Error(`${name} and its page do not agree: ${found.join("; ")}`);
   return [embedWasm(await deflated(path)), minifyStyles];
 }
 
 async function packageWeb() {
-  const plugins = await pluginsFor("tabulon.wasm");
-  const lessonPlugins = await pluginsFor("lesson.wasm", [], namesOf(lessonExports, "EXPORT"));
+  const plugins = await pluginsFor("tabulon.wasm", tables);
+  const lessonPlugins = await pluginsFor("lesson.wasm", lessonTables);
   makeContract();
 
   // Made aside and put in place when it is whole, so that a page that is being served is never half there.

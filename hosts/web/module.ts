@@ -1,6 +1,6 @@
 // The WebAssembly module, and how texts go into it and out of it.
 import deflated from "own.wasm";
-import type { Exports, Imports } from "#wire";
+import type { Exports } from "#wire";
 import { inflate } from "./inflate.js";
 
 const encoder = new TextEncoder();
@@ -107,7 +107,7 @@ function reason(error: unknown): string {
 }
 
 // Rejects with a Dutch sentence that says what stands in the way.
-export async function loadModule<Own extends TextExports = Exports>(imports: Partial<Imports>): Promise<Module<Own>> {
+export async function loadModule<Own extends TextExports>(imports: object): Promise<Module<Own>> {
   try {
     const { instance } = await instantiated({ tabulon: { ...imports } });
     const module = new Module(instance.exports as Own);

@@ -73,7 +73,7 @@ export class Page implements Surroundings {
 
   static async load(): Promise<Page> {
     const page = new Page();
-    page.#module = await loadModule(page.#imports());
+    page.#module = await loadModule<Exports>(page.#imports());
     return page;
   }
 

@@ -56,10 +56,7 @@ bool read(Numbers numbers, basSafeCtl& model) {
 }  // namespace
 
 bool read_tableau_numbers(std::string_view bytes, basSafeCtl& model) {
-  model = {};
-  if (read(Numbers(bytes), model)) return true;
-  model = {};
-  return false;
+  return read(Numbers(bytes), model);
 }
 
 }  // namespace tabulon::web

@@ -7,6 +7,7 @@
 // every answer is there at once.
 import {
   type LessonExports,
+  type LessonImports,
   readFoundInWords,
   readReadName,
   readReadParameter,
@@ -274,10 +275,14 @@ class ModuleThinking implements Thinking {
   }
 }
 
+// What the module has no code for.
+const { atan, cos, exp, log, pow, sin } = Math;
+const functions: LessonImports = { atan, cos, exp, log, pow, sin };
+
 let loading: Promise<Thinking> | undefined;
 
 // The same for all of a page. Rejects with a Dutch sentence where the browser or the page's rules do not allow it.
 export function thinking(): Promise<Thinking> {
-  loading ??= loadModule<LessonExports>({}).then((module) => new ModuleThinking(module));
+  loading ??= loadModule<LessonExports>(functions).then((module) => new ModuleThinking(module));
   return loading;
 }
