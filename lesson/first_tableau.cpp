@@ -65,11 +65,11 @@ void set_counts(basSafeCtl& model, const Problem& problem) {
 }  // namespace
 
 std::vector<PageParameter> page_parameters(const Problem& problem) {
-  return {{"prmNrBeslisVar", std::to_string(problem.variables.size())},
-          {"prmNrKleinerGelijkVglen", std::to_string(problem.rows_of(RowKind::LessEqual))},
-          {"prmNrGroterGelijkVglen", std::to_string(problem.rows_of(RowKind::GreaterEqual))},
-          {"prmNrGelijkVglen", std::to_string(problem.rows_of(RowKind::Equal))},
-          {"prmBigM", std::to_string(problem.big_m)},
+  return {{"prmNrBeslisVar", numbers::digits(static_cast<int>(problem.variables.size()))},
+          {"prmNrKleinerGelijkVglen", numbers::digits(problem.rows_of(RowKind::LessEqual))},
+          {"prmNrGroterGelijkVglen", numbers::digits(problem.rows_of(RowKind::GreaterEqual))},
+          {"prmNrGelijkVglen", numbers::digits(problem.rows_of(RowKind::Equal))},
+          {"prmBigM", numbers::digits(problem.big_m)},
           {"prmSTR_DLfunctie", objective(problem)},
           {"prmSTR_KleinerGelijkVglen", coefficients(problem, RowKind::LessEqual)},
           {"prmSTR_GroterGelijkVglen", coefficients(problem, RowKind::GreaterEqual)},

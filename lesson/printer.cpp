@@ -1,6 +1,7 @@
 #include "lesson/printer.h"
 
 #include "lesson/characters.h"
+#include "numbers/conversions.h"
 
 namespace tabulon::lesson {
 
@@ -84,7 +85,7 @@ std::string print_sum(const std::vector<std::string>& variables, const std::vect
 std::string print_problem(const Problem& problem) {
   std::string text = print_objective(problem);
   for (const ProblemRow& row : problem.rows) text += print_row(problem, row);
-  if (problem.big_m != Problem{}.big_m) text += "M = " + std::to_string(problem.big_m) + "\n";
+  if (problem.big_m != Problem{}.big_m) text += "M = " + numbers::digits(problem.big_m) + "\n";
   for (const std::string& name : problem.variables)
     text += (&name == problem.variables.data() ? "" : ", ") + name;
   return text + " >= 0\n";

@@ -62,7 +62,7 @@ std::string with_exponent(const ShortDecimal& form) {
   const int exponent = form.exponent + static_cast<int>(form.digits.size()) - 1;
   std::string text = form.digits;
   if (text.size() > 1) text.insert(1, ".");
-  return text + (exponent < 0 ? "E-" : "E+") + std::to_string(std::abs(exponent));
+  return text + (exponent < 0 ? "E-" : "E+") + numbers::digits(std::abs(exponent));
 }
 
 std::string write(const ShortDecimal& form) {

@@ -10,6 +10,7 @@
 #include "lesson/linear_form.h"
 #include "lesson/statement_words.h"
 #include "lesson/tokens.h"
+#include "numbers/conversions.h"
 #include "platform/texts.h"
 
 namespace tabulon::lesson {
@@ -177,7 +178,7 @@ class Reader {
     const std::vector<Token> list = TRY(tokens_of(statement.text, statement.begin, reading_.notes));
     if (objective_)
       return mistake(list.front().place,
-                     "er is al een doelfunctie, in regel " + std::to_string(objective_->from.line) + ".");
+                     "er is al een doelfunctie, in regel " + numbers::digits(objective_->from.line) + ".");
     Objective objective{goal, {}, {}, list.front().place};
     TokenReader tokens(list);
     if (tokens.at_name() && tokens.after_next().text == "=" && tokens.after_next().kind == TokenKind::Sign) {
@@ -294,11 +295,11 @@ class Reader {
     const int surplus = of(RowKind::GreaterEqual);
     const int columns = static_cast<int>(names_.all().size() + rows_.size()) + surplus;
     if (columns <= most_columns) return;
-    refuse(objective_->from, "dit probleem heeft " + std::to_string(columns) + " kolommen nodig (" +
-                                 std::to_string(names_.all().size()) + " variabelen, " +
-                                 std::to_string(of(RowKind::LessEqual)) + " spelings-, " +
-                                 std::to_string(surplus) + " surplus- en " +
-                                 std::to_string(surplus + of(RowKind::Equal)) +
+    refuse(objective_->from, "dit probleem heeft " + numbers::digits(columns) + " kolommen nodig (" +
+                                 numbers::digits(static_cast<int>(names_.all().size())) + " variabelen, " +
+                                 numbers::digits(of(RowKind::LessEqual)) + " spelings-, " +
+                                 numbers::digits(surplus) + " surplus- en " +
+                                 numbers::digits(surplus + of(RowKind::Equal)) +
                                  " kunstmatige); in het tableau passen er 30.");
   }
 

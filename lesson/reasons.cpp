@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "lesson/words.h"
+#include "numbers/conversions.h"
 #include "simplex/sweep.h"
 
 namespace tabulon::lesson {
@@ -94,7 +95,7 @@ class ReasonsTeller {
   }
 
   std::string sentence_of(const RowQuotient& each) const {
-    std::string row = "Rij " + std::to_string(each.row) + ": ";
+    std::string row = "Rij " + numbers::digits(each.row) + ": ";
     const std::string division =
         number(each.right) + " : " + divisor(each.entry) + " = " + number(each.quotient);
     switch (each.reason) {

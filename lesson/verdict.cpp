@@ -6,6 +6,7 @@
 
 #include "lesson/first_tableau.h"
 #include "lesson/words.h"
+#include "numbers/conversions.h"
 
 namespace tabulon::lesson {
 
@@ -148,8 +149,8 @@ class VerdictTeller {
   void tell_wrong_end() {
     say("Let op: " + method_end() + ", maar " + truth_text() + ".");
     if (verdict_.better_m > 0)
-      return say("M = " + std::to_string(problem_.big_m) + " is te klein; met M = " +
-                 std::to_string(verdict_.better_m) + " komt de methode wel goed uit.");
+      return say("M = " + numbers::digits(problem_.big_m) + " is te klein; met M = " +
+                 numbers::digits(verdict_.better_m) + " komt de methode wel goed uit.");
     if (!verdict_.artificial.empty()) say("Aan het eind " + remaining_artificials() + ".");
     for (const int row : verdict_.negative)
       say("Aan het eind staat rechts in " + row_name(row) +
@@ -200,10 +201,10 @@ class VerdictTeller {
 
   void tell_passed_over(int number, const CourseStep& step, const PassedOver& each) {
     if (each.tied_in_step > 0)
-      say("Stap " + std::to_string(each.tied_in_step) + ": " + row_name(std::min(each.row, each.tied_with)) +
+      say("Stap " + numbers::digits(each.tied_in_step) + ": " + row_name(std::min(each.row, each.tied_with)) +
           " en " + row_name(std::max(each.row, each.tied_with)) +
           " hebben hetzelfde quotiënt; daarna staat rechts in " + row_name(each.row) + " een 0.");
-    say("Stap " + std::to_string(number) + ": in " + row_name(each.row) + " staat rechts 0" +
+    say("Stap " + numbers::digits(number) + ": in " + row_name(each.row) + " staat rechts 0" +
         (each.tied_in_step == 0 && number == 1 ? " van het begin af" : "") + ", met in kolom " +
         column_name(last(), step.pivot.column) + " een positief getal (" + shown(each.entry, false) +
         "). Die rij had de pivot-rij moeten zijn, maar een quotiënt 0 telt niet mee: haar rechterlid wordt " +

@@ -1,5 +1,6 @@
 #include "lesson/words.h"
 
+#include "numbers/conversions.h"
 #include "numbers/display.h"
 #include "platform/texts.h"
 
@@ -12,14 +13,14 @@ std::string shown(double number, bool fractions) {
 
 std::string column_name(const basSafeCtl& model, int column) {
   std::string name = model.variable_name(column);
-  if (name.empty()) return "kolom " + std::to_string(column);
+  if (name.empty()) return "kolom " + numbers::digits(column);
   const std::size_t blanks = name.find("  ");
   if (blanks != std::string::npos) name.erase(blanks, 1);
   return name;
 }
 
 std::string row_name(int row) {
-  return row == 0 ? "rij F" : "rij " + std::to_string(row);
+  return row == 0 ? "rij F" : "rij " + numbers::digits(row);
 }
 
 std::string listed(const std::vector<std::string>& names) {
@@ -32,7 +33,7 @@ std::string listed(const std::vector<std::string>& names) {
 }
 
 std::string counted(int count, const char* one, const char* more) {
-  return std::to_string(count) + " " + (count == 1 ? one : more);
+  return numbers::digits(count) + " " + (count == 1 ? one : more);
 }
 
 }  // namespace tabulon::lesson
