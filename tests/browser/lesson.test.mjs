@@ -1,7 +1,11 @@
 // The lesson around the control: what is done is told, taken back and asked about, in the hands of a pupil.
 import assert from "node:assert/strict";
+import { readFileSync } from "node:fs";
+import { createRequire } from "node:module";
+import { join } from "node:path";
 import { after, afterEach, before, describe, test } from "node:test";
 import { setTimeout as sleep } from "node:timers/promises";
+import { gzipSync } from "node:zlib";
 import { control, idle, launch, noise, problem, text } from "./browser.mjs";
 
 const twoProducts = {
@@ -202,3 +206,331 @@ for (const engine of ["chromium", "firefox", "webkit"])
       assert.deepEqual(await seen("li .copies button"), ["Kopieer als tabel", "Kopieer als LaTeX"]);
     });
   });
+
+describe("a pupil", () => {
+  let browser;
+  before(async () => (browser = await launch()));
+  after(() => browser?.close());
+  afterEach(async () => {
+    assert.deepEqual(noise(page), []);
+    await page.close();
+  });
+
+  const pressed = (words) =>
+    words.reduce((before, key) => before.then(() => page.keyboard.press(key)), Promise.resolve());
+
+  test("sees the same of a right step and of a wrong one", async () => {
+    const looks = [];
+    for (const row of [2, 3]) {
+      await open(browser);
+      await sweep(2, row);
+      await eventually(async () => (await steps()).length, 1);
+      looks.push(
+        await page.$eval("tabulon-les", ({ shadowRoot }) =>
+          shadowRoot
+            .querySelector("li")
+            .outerHTML.replaceAll(/x&nbsp;\d|x \d|(rij|[-−+]) [^<]*/g, "")
+            .replaceAll(/<div class="operation">[^<]*<\/div>/g, ""),
+        ),
+      );
+      if (row === 2) await page.close();
+    }
+    assert.equal(looks[0], looks[1]);
+  });
+
+  test("gets as much help as the page allows, and none where the page says what it does not know", async () => {
+    const asked = { altijd: 3, achteraf: 2, geen: 0, "": 0, Altijd: 0 };
+    for (const [help, count] of Object.entries(asked)) {
+      await open(browser, `hulp="${help}"`);
+      await sweep(2, 3);
+      await eventually(steps, ["x 2 komt in de basis, x 5 gaat eruit."]);
+      assert.equal((await seen(".judge, .why")).length, count, help);
+      await page.close();
+    }
+    await open(browser);
+    await sweep(2, 3);
+    await page.click(inStep(".judge"));
+    await eventually(() => seen("li .answer p"), wrongStep);
+    assert.equal((await seen(".judge, .why")).length, 3);
+    await page.evaluate(() => document.querySelector("tabulon-les").setAttribute("hulp", "geen"));
+    assert.deepEqual(await seen(".judge, .why, .answer"), []);
+    assert.deepEqual(await steps(), ["x 2 komt in de basis, x 5 gaat eruit."]);
+  });
+
+  test("asks why of the tableau that stands, and the answer goes with it", async () => {
+    await open(browser);
+    await page.click(inLesson(".why"));
+    await eventually(() => seen(".answer p"), firstPivot);
+    await sweep(2, 2);
+    await eventually(() => seen(".answer p"), []);
+  });
+
+  test("who steps back with a number half typed loses that alone", async () => {
+    await open(browser);
+    await type("txtRL", 1, "9");
+    await page.click(control("txtRL", 2));
+    await page.keyboard.type("77");
+    await page.click(inLesson(".back"));
+    await idle(page);
+    await eventually(async () => (await steps()).length, 1);
+    assert.deepEqual([await text(page, "txtRL", 1), await text(page, "txtRL", 2)], ["9", " 12"]);
+    await page.click(inLesson(".back"));
+    await eventually(() => text(page, "txtRL", 1), " 4");
+  });
+
+  test("cannot step back behind an open form", async () => {
+    await open(browser);
+    await sweep(2, 2);
+    await page.click(control("cmd_Bewerken"));
+    await page.click(control("mnu_Basisoplossing"));
+    await eventually(
+      () => page.$eval("tabulon-lpctrl", ({ shadowRoot }) => Boolean(shadowRoot.querySelector("dialog[open]"))),
+      true,
+    );
+    await page.click(inLesson(".back"));
+    assert.equal((await steps()).length, 1);
+    assert.equal(await title(), "2-e Simplex-tableau");
+  });
+
+  test("cannot step back while the control works through many steps", async () => {
+    // A machine on which every yield is due, and which is held in the middle of a run.
+    const slowMachine = `
+      let reading = 0;
+      performance.now = () => (reading += 1000);
+      const post = MessagePort.prototype.postMessage;
+      const held = [];
+      MessagePort.prototype.postMessage = function (...message) {
+        if (window.holding) held.push(() => post.apply(this, message));
+        else post.apply(this, message);
+      };
+      window.letThrough = () => {
+        window.holding = false;
+        for (const message of held.splice(0)) message();
+      };
+    `;
+    await browser.write("slow-machine.js", slowMachine);
+    // Klee and Minty's problem, on which the method visits all corners.
+    const numbers = [1, 2, 3, 4, 5, 6, 7, 8];
+    const parameters = {
+      prmNrBeslisVar: 8,
+      prmNrKleinerGelijkVglen: 8,
+      prmSTR_DLfunctie: numbers.map((j) => -(10 ** (8 - j))).join(),
+      prmSTR_KleinerGelijkVglen: numbers
+        .flatMap((i) => numbers.map((j) => (j < i ? 2 * 10 ** (i - j) : +(i === j))))
+        .join(),
+      prmSTR_RL: numbers.map((i) => 100 ** (i - 1)).join(),
+    };
+    page = await browser.open(lesson("", parameters).replace("<script", '<script src="slow-machine.js"></script>$&'), {
+      width: 1200,
+    });
+    await eventually(() => seen(".title"), ["Logboek"]);
+    await type("txtRL", 1, "9");
+    await page.evaluate(() => (window.holding = true));
+    await page.click(control("cmd_Bewerken"));
+    await page.click(control("mnu_optimaliseren"));
+    const isBusy = () => page.$eval("tabulon-lpctrl", (element) => element.hasAttribute("aria-busy"));
+    await eventually(isBusy, true);
+    await page.click(inLesson(".back"));
+    assert.deepEqual(await steps(), ["Rechts in rij 1 is 9 ingevuld; er stond 1."]);
+    await page.evaluate(() => letThrough());
+    await eventually(() => text(page, "lblMelding"), "Optimale oplossing gevonden!");
+    await page.keyboard.press("Enter");
+    await idle(page);
+    await eventually(async () => (await steps()).length, 2);
+    assert.match((await steps())[0], /^Het control heeft zelf \d{3} stappen gedaan\.$/);
+  });
+
+  test("who has the control optimise has one step, and none where nothing changed", async () => {
+    await open(browser);
+    const optimise = async () => {
+      await page.click(control("cmd_Bewerken"));
+      await page.click(control("mnu_optimaliseren"));
+      await eventually(() => text(page, "lblMelding"), "Optimale oplossing gevonden!");
+      await page.keyboard.press("Enter");
+      await idle(page);
+    };
+    await optimise();
+    await eventually(steps, ["Het control heeft zelf 2 stappen gedaan."]);
+    assert.deepEqual(await seen(".operation"), ["In rij F staat geen negatief getal meer: F = 36."]);
+    await optimise();
+    assert.equal((await steps()).length, 1);
+    await page.click(inLesson(".back"));
+    await eventually(title, "1-e Simplex-tableau");
+  });
+
+  test("who takes a step back and makes another has that one", async () => {
+    await open(browser);
+    await sweep(2, 3);
+    await page.click(inLesson(".back"));
+    await eventually(steps, []);
+    await sweep(2, 2);
+    await eventually(steps, ["x 2 komt in de basis, x 4 gaat eruit."]);
+    await page.click(inLesson(".forward"));
+    assert.deepEqual(await steps(), ["x 2 komt in de basis, x 4 gaat eruit."]);
+    assert.equal(await title(), "2-e Simplex-tableau");
+  });
+
+  test("finds another problem's log nowhere", async () => {
+    await open(browser, 'bewaar="les"');
+    await sweep(2, 2);
+    await eventually(async () => (await steps()).length, 1);
+    await page.evaluate(() => {
+      for (const name of Object.keys(sessionStorage))
+        sessionStorage[name] = sessionStorage[name].replace(/("saved":"[^"]*)18/, "$119");
+    });
+    await page.reload();
+    await idle(page);
+    await eventually(() => seen(".title"), ["Logboek"]);
+    assert.deepEqual(await steps(), []);
+    assert.equal(await title(), "1-e Simplex-tableau");
+  });
+
+  test("without a word to keep it, has an empty log after a reload", async () => {
+    await open(browser);
+    await sweep(2, 2);
+    await page.reload();
+    await idle(page);
+    await eventually(() => seen(".title"), ["Logboek"]);
+    assert.deepEqual(await steps(), []);
+  });
+
+  test("is told of each step and each answer, by who reads the screen aloud", async () => {
+    await open(browser);
+    const told = () =>
+      page.$eval(inLesson('[role="status"]'), (region) => region.textContent.replaceAll("\u00a0", " "));
+    await sweep(2, 3);
+    await eventually(told, "x 2 komt in de basis, x 5 gaat eruit.");
+    await page.click(inStep(".judge"));
+    await eventually(told, wrongStep.join(" "));
+    await page.click(inLesson(".back"));
+    await eventually(told, "Stap terug.");
+  });
+
+  test("does everything by keyboard, and keeps the focus", async () => {
+    await open(browser);
+    await sweep(2, 3);
+    const focused = () => page.evaluate(() => document.activeElement.shadowRoot?.activeElement?.textContent);
+    await page.focus(inLesson(".back"));
+    const path = ["Stap terug", "Stap vooruit", "Waarom?", "Afdrukken", "Klopt het?", "Waarom?", "Het tableau ervoor"];
+    for (const words of path) {
+      assert.equal(await focused(), words);
+      await page.keyboard.press("Tab");
+    }
+    await page.keyboard.down("Shift");
+    await pressed(["Tab", "Tab", "Tab"]);
+    await page.keyboard.up("Shift");
+    await page.keyboard.press("Enter");
+    await eventually(() => seen("li .answer p"), wrongStep);
+    await pressed(["Tab", "Tab", "Enter", "Tab", "Tab", "Enter"]);
+    await eventually(() => seen("li .copies button"), ["Gekopieerd", "Kopieer als LaTeX"]);
+    assert.equal(await focused(), "Gekopieerd");
+    await page.focus(inLesson(".back"));
+    await page.keyboard.press("Enter");
+    await eventually(steps, []);
+    assert.equal(await focused(), "Stap terug");
+    await pressed(["Enter", "Tab", "Space"]);
+    await eventually(steps, ["x 2 komt in de basis, x 5 gaat eruit."]);
+  });
+
+  test("finds no obstacle that axe knows, in any state", async () => {
+    await open(browser);
+    await page.evaluate(readFileSync(createRequire(import.meta.url).resolve("axe-core/axe.min.js"), "utf8"));
+    const rules = ["wcag2a", "wcag2aa", "wcag21a", "wcag21aa", "wcag22aa", "best-practice"];
+    const findings = async () => {
+      const { violations } = await page.evaluate((tags) => axe.run("tabulon-les", { runOnly: tags }), rules);
+      return violations.flatMap(({ id, nodes }) => nodes.map(({ html }) => `${id}: ${html.slice(0, 160)}`));
+    };
+    assert.deepEqual(await findings(), []);
+    await sweep(2, 3);
+    await page.click(inStep(".judge"));
+    await page.click(inStep("summary"));
+    await page.click(inLesson(".now summary"));
+    await eventually(async () => (await seen("table")).length, 2);
+    assert.deepEqual(await findings(), []);
+  });
+
+  test("on a phone has all of it within the page, and buttons for a finger", async () => {
+    await open(browser, "", { width: 360, height: 740 });
+    const session = await page.createCDPSession();
+    await session.send("Emulation.setEmulatedMedia", { features: [{ name: "pointer", value: "coarse" }] });
+    await session.send("Emulation.setTouchEmulationEnabled", { enabled: true });
+    await page.setViewport({ width: 360, height: 740, hasTouch: true, isMobile: true });
+    await sweep(2, 3);
+    await page.click(inStep(".judge"));
+    await page.click(inStep("summary"));
+    await eventually(async () => (await seen("li table")).length, 1);
+    const [width, heights] = await page.evaluate(() => [
+      document.documentElement.scrollWidth,
+      [...document.querySelector("tabulon-les").shadowRoot.querySelectorAll("button, summary")]
+        .filter((each) => each.checkVisibility())
+        .map((each) => each.getBoundingClientRect().height),
+    ]);
+    assert.equal(width, 360);
+    assert.ok(Math.min(...heights) >= 44, `${heights}`);
+  });
+
+  test("has on paper all tableaus, the first one first, and no buttons", async () => {
+    await open(browser);
+    await sweep(2, 3);
+    await sweep(1, 1);
+    await page.emulateMediaType("print");
+    await page.evaluate(() => dispatchEvent(new Event("beforeprint")));
+    assert.deepEqual(await seen("button, summary"), []);
+    assert.deepEqual(await steps(), ["x 2 komt in de basis, x 5 gaat eruit.", "x 1 komt in de basis, x 3 gaat eruit."]);
+    assert.deepEqual(await seen("caption"), [
+      "1-e Simplex-tableau, pivot in rij 3, kolom x 2",
+      "2-e Simplex-tableau, pivot in rij 1, kolom x 1",
+      "3-e Simplex-tableau",
+    ]);
+    await page.evaluate(() => dispatchEvent(new Event("afterprint")));
+    await page.emulateMediaType("screen");
+    assert.deepEqual(await seen("caption"), []);
+    assert.equal((await steps())[0], "x 1 komt in de basis, x 3 gaat eruit.");
+  });
+
+  test("pastes a tableau into a word processor as a table", async () => {
+    await open(browser, "", { parameters: { ...twoProducts, prmSTR_RL: " <b>4, 12, 18" } });
+    await browser.browser
+      .defaultBrowserContext()
+      .overridePermissions(browser.origin, ["clipboard-read", "clipboard-write", "clipboard-sanitized-write"]);
+    await sweep(2, 2);
+    await page.click(inStep("summary"));
+    await page.click(inStep(".table"));
+    await eventually(() => seen("li .copies button"), ["Gekopieerd", "Kopieer als LaTeX"]);
+    const [html, plain] = await page.evaluate(async () => {
+      const [item] = await navigator.clipboard.read();
+      return Promise.all(["text/html", "text/plain"].map(async (type) => (await item.getType(type)).text()));
+    });
+    assert.match(html, /<table[^>]* border="1"/);
+    assert.match(html, /<td[^>]*bgcolor="#ffe69c"[^>]*><b[^>]*>2<\/b>/);
+    assert.match(html, /&lt;b&gt;4/);
+    assert.equal(plain.split("\n")[1], "F\t-3\t-5\t0\t0\t0\t0");
+    assert.equal(plain.split("\n")[3], "x 4\t0\t2\t0\t1\t0\t12");
+  });
+
+  test("sees what a script and another problem do", async () => {
+    await open(browser);
+    await page.evaluate(() => {
+      LPctrl1.prmRL = " 1, 2, 3";
+      LPctrl1.prmDLfunctie = " -1, -2";
+    });
+    assert.deepEqual(await steps(), []);
+    await sweep(2, 2);
+    await eventually(async () => (await steps()).length, 1);
+    await page.evaluate(() => {
+      LPctrl1.prmRL = " 4, 5, 6";
+      LPctrl1.prmDLfunctie = " -3, -4";
+    });
+    await eventually(steps, [
+      "Er staat een nieuwe opgave, met 2 variabelen en 3 rijen.",
+      "x 2 komt in de basis, x 4 gaat eruit.",
+    ]);
+    await page.click(inLesson(".back"));
+    await eventually(() => text(page, "txtRL", 2), " 1");
+  });
+});
+
+test("the lesson stays under 60 kB on its way to a page", () => {
+  const script = readFileSync(join(process.env.TABULON_WEB ?? "dist/web", "tabulon-les.js"));
+  assert.ok(gzipSync(script, { level: 9 }).length < 60_000, `${gzipSync(script, { level: 9 }).length} bytes`);
+});

@@ -3,7 +3,7 @@ import type { TabulonLPctrl } from "../element.js";
 import { whenGiven } from "../parameters.js";
 import type { Tableau, TableauChange } from "../tableau.js";
 import { History, type Step } from "./history.js";
-import { keep, kept } from "./keeping.js";
+import { Keeping } from "./keeping.js";
 import { LogView } from "./log_view.js";
 import { css } from "./styles.js";
 import { type Thinking, thinking } from "./thinking.js";
@@ -32,6 +32,7 @@ export class TabulonLes extends HTMLElement {
   #control!: TabulonLPctrl;
   #thinking!: Thinking;
   #history!: History;
+  #keeping: Keeping | undefined;
   #view: LogView | undefined;
   #restoring = false;
 
@@ -51,7 +52,7 @@ export class TabulonLes extends HTMLElement {
   connectedCallback(): void {
     if (this.#started) return;
     this.#started = true;
-    whenGiven(this, () => void this.#start());
+    whenGiven(this, () => this.#start().catch(console.error));
   }
 
   attributeChangedCallback(): void {
@@ -82,8 +83,8 @@ export class TabulonLes extends HTMLElement {
   #begin(first: Step): void {
     this.#history = new History(first);
     this.#view = new LogView(this.#thinking, {
-      goBack: () => this.#go(this.#history.back(), "Stap terug."),
-      goForward: () => this.#go(this.#history.forward(), "Stap vooruit."),
+      goBack: () => this.#goBack(),
+      goForward: () => this.#goForward(),
     });
     this.attributeChangedCallback();
     this.#bringBack(first);
@@ -93,23 +94,24 @@ export class TabulonLes extends HTMLElement {
 
   #bringBack(first: Step): void {
     const name = this.getAttribute("bewaar");
-    const found = name === null ? undefined : kept(name, first);
-    if (!found) return;
-    this.#history = found.history;
-    for (let at = 0; at < found.at; ++at) {
-      this.#history.forward();
-      this.#view!.push(this.#history);
-    }
-    if (found.at) this.#restore(this.#history.current);
+    if (name === null) return;
+    this.#keeping = new Keeping(name);
+    const { steps, at } = this.#keeping.kept(first);
+    this.#history = new History(first, ...steps);
+    while (this.#history.at < at && this.#history.forward()) this.#view!.push(this.#history);
+    if (at) this.#restore();
+    if (!steps.length) this.#keeping.keep(0, first);
   }
 
   #notice({ target, detail }: CustomEvent<TableauChange>): void {
     const after = this.#view && target === this.#control && !this.#restoring && this.#tableau();
     if (!after) return;
     const { tableau: before, change } = this.#history.current;
-    if (after.saved === before.saved && detail.cause === "cell") return;
     const { cause, column, row } = detail;
-    const step = {
+    // Optimising tells of the basic solution that it began with when it is further already: it is one step.
+    const isOnTheWay = cause === "basic-solution" && after.NrTableau !== before.NrTableau;
+    if (isOnTheWay || after.saved === before.saved) return;
+    const step: Step = {
       tableau: after,
       change: { cause, column, row },
       sentences: this.#thinking.tell(before, after, detail),
@@ -124,26 +126,38 @@ export class TabulonLes extends HTMLElement {
     else this.#history.replace({ tableau: step.tableau, sentences: [] });
     if (!isOfTheSame) this.#view!.push(this.#history);
     this.#view!.show(this.#history, step.sentences[0]);
-    this.#keep();
+    this.#keeping?.keep(this.#history.at, this.#history.current);
   }
 
-  #go(step: Step | undefined, words: string): void {
-    if (!step) return;
-    if (words === "Stap terug.") this.#view!.pop();
-    else this.#view!.push(this.#history);
-    this.#restore(step);
+  // While the control works through many steps, nothing is put back under its hands.
+  get #isBusy(): boolean {
+    return this.#control.hasAttribute("aria-busy");
+  }
+
+  #goBack(): void {
+    if (this.#isBusy || !this.#history.back()) return;
+    this.#view!.pop();
+    this.#standAgain("Stap terug.");
+  }
+  #goForward(): void {
+    if (this.#isBusy || !this.#history.forward()) return;
+    this.#view!.push(this.#history);
+    this.#standAgain("Stap vooruit.");
+  }
+
+  #standAgain(words: string): void {
+    this.#restore();
     this.#view!.show(this.#history, words);
-    this.#keep();
+    this.#keeping?.keep(this.#history.at);
   }
 
-  #restore({ tableau }: Step): void {
+  // What the control then tells is no step.
+  #restore(): void {
     this.#restoring = true;
-    this.#control.restore(tableau.saved);
-    this.#restoring = false;
-  }
-
-  #keep(): void {
-    const name = this.getAttribute("bewaar");
-    if (name !== null) keep(name, this.#history);
+    try {
+      this.#control.restore(this.#history.current.tableau.saved);
+    } finally {
+      this.#restoring = false;
+    }
   }
 }

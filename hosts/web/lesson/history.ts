@@ -16,10 +16,15 @@ export class History {
   readonly #steps: Step[];
   #at = 0;
 
+  // The first stands.
   constructor(...steps: [Step, ...Step[]]) {
     this.#steps = steps;
   }
 
+  // The number of the step that stands, from 0 on.
+  get at(): number {
+    return this.#at;
+  }
   get current(): Step {
     return this.#steps[this.#at]!;
   }
@@ -46,11 +51,5 @@ export class History {
   }
   forward(): Step | undefined {
     return this.next && this.#steps[++this.#at];
-  }
-
-  // As it is kept over a reload: what makes a tableau the first of its problem is in its saved text.
-  toJSON(): { at: number; steps: Step[] } {
-    const slim = ({ tableau: { first: _, ...tableau }, ...step }: Step) => ({ ...step, tableau }) as Step;
-    return { at: this.#at, steps: this.#steps.map(slim) };
   }
 }

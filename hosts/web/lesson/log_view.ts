@@ -24,18 +24,24 @@ function button(name: string, words: string, press: () => void): HTMLButtonEleme
 const paragraphs = (sentences: readonly string[]) => sentences.map((each) => make("p", "", each));
 
 // Unfolds; what is in it is made when it is first seen.
-function fold(words: string, fill: () => readonly Node[]): HTMLDetailsElement {
-  const made = make("details", "", make("summary", "", words));
-  made.addEventListener("toggle", () => unfold(made, made.open));
-  contents.set(made, fill);
+function fold(words: string, contents: () => readonly Node[]): HTMLDetailsElement {
+  const summary = make("summary", "", words);
+  const made = make("details", "", summary);
+  filling.set(made, contents);
+  summary.addEventListener("click", () => fill(made));
   return made;
 }
 
-const contents = new WeakMap<HTMLDetailsElement, () => readonly Node[]>();
+const filling = new WeakMap<HTMLDetailsElement, () => readonly Node[]>();
 
-function unfold(details: HTMLDetailsElement, open = true): void {
-  if (open && details.childElementCount === 1) details.append(...(contents.get(details)?.() ?? []));
-  details.open = open;
+function fill(details: HTMLDetailsElement): void {
+  details.append(...(filling.get(details)?.() ?? []));
+  filling.delete(details);
+}
+
+function unfold(details: HTMLDetailsElement): void {
+  fill(details);
+  details.open = true;
 }
 
 export class LogView {
@@ -155,7 +161,7 @@ export class LogView {
       this.#folded.add(details);
       unfold(details);
     } else if (!toPaper && this.#folded.delete(details)) {
-      unfold(details, false);
+      details.open = false;
     }
   }
 }

@@ -62,7 +62,8 @@ export function tableForPasting(table: HTMLTableElement): string {
 export const plainText = (tableau: Tableau): string =>
   linesOf(tableau)
     .map((line) => `${line.join("\t")}\n`)
-    .join("");
+    .join("")
+    .replaceAll("\u00a0", " ");
 
 const inLatex = (text: string) =>
   text
