@@ -35,7 +35,7 @@ const goalOf = ({ minimise }) => (minimise ? "zo klein mogelijk" : "zo groot mog
 const line = (sum, words) =>
   make("li", {}, make("b", {}, formula(sum)), ...(words ? [" ", make("span", {}, words)] : []));
 
-export const system = (problem) =>
+const system = (problem) =>
   make(
     "ul",
     { class: "stelsel" },
@@ -49,7 +49,7 @@ const isNumbered = (name, at) => [`x${at + 1}`, `x_${at + 1}`, `x${subscript(Str
 const listed = (words) => (words.length > 1 ? `${words.slice(0, -1).join(", ")} en ${words.at(-1)}` : words.join(""));
 
 // What the problem's names are called in the tableau.
-export function legend({ variables, minimise, goal }) {
+function legend({ variables, minimise, goal }) {
   const names = variables.every(isNumbered)
     ? ""
     : `In het tableau heet ${listed(variables.map((name, at) => `${formula(name)} “x ${at + 1}”`))}.`;
@@ -57,14 +57,23 @@ export function legend({ variables, minimise, goal }) {
   return [names, turned].filter(Boolean).join(" ");
 }
 
-export const parametersOf = ({ parameters }) =>
+const parametersOf = ({ parameters }) =>
   Object.entries(parameters)
     .filter(([, value]) => value !== "")
     .map(([name, value]) => make("param", { name, value }));
 
-const control = (problem) => make("tabulon-lpctrl", {}, ...parametersOf(problem));
+// With a log around it where the exercise wants one.
+function control({ hulp }, problem) {
+  const tableau = make("tabulon-lpctrl", {}, ...parametersOf(problem));
+  return hulp ? make("tabulon-les", { hulp }, tableau) : tableau;
+}
+
+export const scripts = ({ hulp }) => (hulp ? ["tabulon.js", "tabulon-les.js"] : ["tabulon.js"]);
+const scriptLines = (exercise) => scripts(exercise).map((name) => `<script src="${name}"></script>`);
 
 // ---- The whole
+
+const told = (problem) => (legend(problem) ? make("p", { class: "klein" }, legend(problem)) : null);
 
 export const statement = (exercise, problem, heading = "h1") =>
   make(
@@ -73,6 +82,7 @@ export const statement = (exercise, problem, heading = "h1") =>
     make(heading, {}, titleOf(exercise)),
     ...paragraphs(exercise.tekst),
     system(problem),
+    told(problem),
   );
 
 const answer = (text) => make("details", { class: "antwoord" }, make("summary", {}, "Antwoord"), ...paragraphs(text));
@@ -97,19 +107,16 @@ const typing = () =>
     ...[make("kbd", {}, "Tab"), "."],
   );
 
-const told = (problem) => (legend(problem) ? make("p", { class: "klein" }, legend(problem)) : null);
-
-const workplace = (problem) =>
+const workplace = (exercise, problem) =>
   make(
     "section",
     { class: "werkblad", "aria-label": "Het tableau" },
-    make("div", { class: "tableau" }, control(problem)),
-    told(problem),
+    make("div", { class: "tableau" }, control(exercise, problem)),
     typing(),
   );
 
 export const exerciseBody = (exercise, problem) =>
-  make("main", { class: "oefening" }, statement(exercise, problem), workplace(problem), questions(exercise));
+  make("main", { class: "oefening" }, statement(exercise, problem), workplace(exercise, problem), questions(exercise));
 
 // The page of this exercise alone, which names its files as those of examples/ do.
 export const exercisePage = (exercise, problem) => `<!doctype html>
@@ -120,7 +127,7 @@ export const exercisePage = (exercise, problem) => `<!doctype html>
     ${make("title", {}, titleOf(exercise)).outerHTML}
     <link rel="icon" href="voorbeelden.svg">
     <link rel="stylesheet" href="voorbeelden.css">
-    <script src="tabulon.js"></script>
+    ${scriptLines(exercise).join("\n    ")}
   </head>
   <body>
 ${spread(exerciseBody(exercise, problem)).outerHTML}
@@ -132,14 +139,11 @@ ${spread(exerciseBody(exercise, problem)).outerHTML}
 
 export function snippet(exercise, problem) {
   const parts = [
-    make("h2", {}, titleOf(exercise)),
-    ...paragraphs(exercise.tekst),
-    system(problem),
-    control(problem),
-    told(problem),
+    ...statement(exercise, problem, "h2").children,
+    control(exercise, problem),
     ...(questions(exercise)?.querySelectorAll("ol") ?? []),
-  ].filter(Boolean);
+  ];
   for (const part of parts)
     for (const node of [part, ...part.querySelectorAll("[class]")]) node.removeAttribute("class");
-  return ['<script src="tabulon.js"></script>', ...parts.map((part) => spread(part).outerHTML), ""].join("\n");
+  return [...scriptLines(exercise), ...parts.map((part) => spread(part).outerHTML), ""].join("\n");
 }

@@ -4,6 +4,7 @@ const exercise = (titel, tekst, probleem, ...vragen) => ({
   tekst,
   probleem,
   vragen: vragen.map(([vraag, antwoord]) => ({ vraag, antwoord })),
+  hulp: "",
 });
 
 export const examples = {

@@ -1,7 +1,7 @@
 // maker.js: a teacher types a problem in words, sees the tableau and what will come of it, and takes the exercise.
 import { keepDraft, keptDraft } from "./draft.mjs";
 import { emptyExercise } from "./exercise.mjs";
-import { legend, questions, statement } from "./exercise-view.mjs";
+import { questions, statement } from "./exercise-view.mjs";
 import { endsWell, judgement, spoken } from "./judgement-view.mjs";
 import { fromHash } from "./link.mjs";
 import { make } from "./make.mjs";
@@ -12,7 +12,7 @@ import { showProblem } from "./show-problem.mjs";
 import { offer } from "./ways.mjs";
 
 const byId = (id) => document.getElementById(id);
-const fields = { titel: byId("titel"), tekst: byId("tekst"), probleem: byId("probleem") };
+const fields = { titel: byId("titel"), tekst: byId("tekst"), probleem: byId("probleem"), hulp: byId("hulp") };
 
 // Who is in the middle of a line is not told that it is wrong, nor read aloud what stands there.
 const patience = 700;
@@ -45,11 +45,26 @@ const say = afterARest((text) => {
   if (byId("gezegd").textContent !== text) byId("gezegd").textContent = text;
 });
 
+const tableau = byId("tableau");
+
+// The control stays what it is, in a log or out of it. It lives in this document, and so must what goes around it.
+function showLog({ hulp }) {
+  const log = tableau.closest("tabulon-les");
+  if (hulp && log) return log.setAttribute("hulp", hulp);
+  if (log) return log.replaceWith(tableau);
+  if (!hulp) return;
+  const place = tableau.parentElement;
+  const around = document.createElement("tabulon-les");
+  around.setAttribute("hulp", hulp);
+  around.append(tableau);
+  place.append(around);
+}
+
 function showPupilsPage(exercise) {
   byId("opgave").replaceChildren(statement(exercise, stands, "h3"));
   byId("vragen").replaceChildren(...[questions(exercise, "h4")].filter(Boolean));
-  byId("namen").textContent = legend(stands);
-  showProblem(byId("tableau"), stands);
+  showLog(exercise);
+  showProblem(tableau, stands);
 }
 
 const judge = afterARest(({ probleem }, reading) => {
@@ -79,6 +94,7 @@ const typed = () => ({
   tekst: fields.tekst.value,
   probleem: fields.probleem.value,
   vragen: questionsTyped(),
+  hulp: fields.hulp.value,
 });
 
 function changed() {
@@ -118,6 +134,7 @@ function choice(name, exercise) {
 
 async function fromAddress() {
   const exercise = await fromHash(location.hash);
+  byId("stuk").hidden = Boolean(exercise) || location.hash.length < 2;
   if (!exercise) return;
   // A reload is to find the draft, with what was changed since.
   history.replaceState(null, "", location.pathname);

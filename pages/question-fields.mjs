@@ -1,10 +1,12 @@
 // The fields for questions and their answers: as many as the teacher wants.
+import { longestText, mostQuestions } from "./exercise.mjs";
 import { make } from "./make.mjs";
 
 const place = document.getElementById("vraagvelden");
+const another = document.getElementById("erbij");
 
 function field(name, label, text, rows) {
-  const box = make("textarea", { rows, name });
+  const box = make("textarea", { rows, name, maxlength: longestText });
   box.value = text;
   return make("label", { class: "veld" }, label, box);
 }
@@ -13,19 +15,20 @@ function remove(group, changed) {
   const next = group.nextElementSibling ?? group.previousElementSibling;
   group.remove();
   number();
-  (next?.querySelector("textarea") ?? document.getElementById("erbij")).focus();
+  (next?.querySelector("textarea") ?? another).focus();
   changed();
 }
 
 function number() {
+  another.disabled = place.childElementCount >= mostQuestions;
   [...place.children].forEach((group, at) => {
     group.querySelector("legend").textContent = `Vraag ${at + 1}`;
-    group.querySelector("button").ariaLabel = `Verwijder vraag ${at + 1}`;
+    group.querySelector("button").textContent = `Verwijder vraag ${at + 1}`;
   });
 }
 
 export function addQuestion({ vraag, antwoord }, changed) {
-  const away = make("button", { class: "knoopje", type: "button" }, "Verwijderen");
+  const away = make("button", { class: "knoopje", type: "button" });
   const group = make(
     "fieldset",
     { class: "vraag" },
@@ -42,6 +45,7 @@ export function addQuestion({ vraag, antwoord }, changed) {
 
 export function showQuestions(questions, changed) {
   place.replaceChildren();
+  number();
   for (const question of questions) addQuestion(question, changed);
 }
 

@@ -1,6 +1,6 @@
 // How a teacher takes an exercise: as a link, a file, a line for a frame, HTML, or on paper.
 import { fileNameOf, titleOf } from "./exercise.mjs";
-import { exercisePage, snippet } from "./exercise-view.mjs";
+import { exercisePage, scripts, snippet } from "./exercise-view.mjs";
 import { toHash } from "./link.mjs";
 import { make } from "./make.mjs";
 import { asSingleFile, keep } from "./own-scripts.mjs";
@@ -38,6 +38,7 @@ export async function offer(offered) {
   byId("nog-niet").hidden = Boolean(offered);
   if (!offered) return;
   const { exercise, problem } = offered;
+  byId("ernaast").textContent = scripts(exercise).join(" en ");
   byId("html").value = snippet(exercise, problem);
   const hash = await toHash(exercise);
   if (taken !== offered) return;

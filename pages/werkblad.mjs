@@ -1,7 +1,7 @@
 // werkblad.js: the exercise of the page's address on paper, with tableaus to fill in and a sheet of answers.
 import { apology } from "./apology.mjs";
 import { titleOf } from "./exercise.mjs";
-import { asked, legend, paragraphs, statement } from "./exercise-view.mjs";
+import { asked, paragraphs, statement } from "./exercise-view.mjs";
 import { fromHash } from "./link.mjs";
 import { make } from "./make.mjs";
 
@@ -32,7 +32,7 @@ function line(number, { basis, cells }, pivot) {
     "tr",
     {},
     make("td", { class: "rij" }, number ? String(number) : ""),
-    make("th", { scope: "row" }, basis),
+    basis ? make("th", { scope: "row" }, basis) : make("td"),
     ...cells.map((cell, at) => make("td", isPivot(at) ? { class: "pivot" } : {}, cell)),
   );
 }
@@ -101,7 +101,6 @@ const pupilsSheet = (exercise, problem, worked, { count, filled }) =>
     "",
     heading(),
     statement(exercise, problem),
-    legend(problem) ? make("p", {}, legend(problem)) : null,
     ...blankTableaus(worked, count, filled),
     toAnswer(exercise),
   );

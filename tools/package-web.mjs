@@ -119,7 +119,7 @@ const embedPages = (folder) => ({
     build.onLoad({ filter: /.*/, namespace: "embed-pages" }, async () => {
       const ofAnExercise = (name) =>
         existsSync(join(root, "examples", name)) && !/^(handboek|maker|oefening|werkblad|les)/.test(name);
-      const names = (await readdir(folder)).filter((name) => name === "tabulon.js" || ofAnExercise(name));
+      const names = (await readdir(folder)).filter((name) => /^tabulon(-les)?\.js$/.test(name) || ofAnExercise(name));
       const texts = await Promise.all(
         names.sort().map(async (name) => [name, await readFile(join(folder, name), "utf8")]),
       );
