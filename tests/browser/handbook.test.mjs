@@ -415,6 +415,17 @@ describe("for teachers", () => {
     await withPage(shown.trim(), (page) => optimum(page, "-62"));
   });
 
+  test("a problem in words is the one of its start page", () =>
+    withPage(`<script src="tabulon-les.js"></script>${problem(furniture)}`, async (page) => {
+      const words = await listing("in-woorden");
+      const parameters = await page.evaluate(async (given) => {
+        const { read } = await tabulonLes.thinking();
+        return read(given).problem.parameters;
+      }, words);
+      const plain = (value) => String(value).replaceAll(" ", "");
+      for (const [name, value] of Object.entries(furniture)) assert.equal(plain(parameters[name]), plain(value), name);
+    }));
+
   test("attributes give the same, in capitals or not", () =>
     withPage(
       '<tabulon-lpctrl prmnrbeslisvar="3" PRMNRKLEINERGELIJKVGLEN="1" prmSTR_RL=" 7"></tabulon-lpctrl>',

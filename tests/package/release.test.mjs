@@ -57,7 +57,7 @@ describe("a release", () => {
 
   test("unpacks to what a teacher needs, in one folder", () => {
     const names = readdirSync(unpacked);
-    const wanted = ["index.html", "handboek.html", "tabulon.js", "tabulon.mjs", "types", "activex", "LICENSE"];
+    const wanted = ["index.html", "handboek.html", "maker.html", "les.html", "tabulon.js", "tabulon.mjs", "types", "activex", "LICENSE"];
     for (const name of [...wanted, "CHANGELOG.md", "LEESMIJ.txt"]) assert.ok(names.includes(name), name);
     assert.deepEqual(readdirSync(join(unpacked, "activex")).sort(), ["LEESMIJ.txt", "x64", "x86"]);
     assert.match(readFileSync(join(unpacked, "LEESMIJ.txt"), "utf8"), new RegExp(`^Tabulon ${version}: .*\r\n`));
@@ -78,9 +78,9 @@ describe("a release", () => {
     await page.goto(pathToFileURL(join(unpacked, "handboek.html")).href);
     const chapter = await page.$eval("#begin", (node) => node.textContent.replaceAll("\u00a0", " "));
     assert.match(chapter, /bij F staat 20, met x 1 = 4 en x 2 = 4\./);
-    writeFileSync(join(unpacked, "oefening.html"), await page.$eval("#eerste-pagina", (node) => node.textContent));
+    writeFileSync(join(unpacked, "kaarsen.html"), await page.$eval("#eerste-pagina", (node) => node.textContent));
 
-    await page.goto(pathToFileURL(join(unpacked, "oefening.html")).href);
+    await page.goto(pathToFileURL(join(unpacked, "kaarsen.html")).href);
     await idle(page);
     await page.click(control("cmd_Bewerken"));
     await page.click(control("mnu_optimaliseren"));
