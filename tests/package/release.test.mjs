@@ -57,8 +57,9 @@ describe("a release", () => {
 
   test("unpacks to what a teacher needs, in one folder", () => {
     const names = readdirSync(unpacked);
-    const wanted = ["index.html", "handboek.html", "maker.html", "les.html", "tabulon.js", "tabulon.mjs", "types", "activex", "LICENSE"];
-    for (const name of [...wanted, "CHANGELOG.md", "LEESMIJ.txt"]) assert.ok(names.includes(name), name);
+    const pages = ["index.html", "handboek.html", "maker.html", "les.html", "oefening.html"];
+    const wanted = ["tabulon.js", "tabulon.mjs", "types", "activex", "LICENSE"];
+    for (const name of [...pages, ...wanted, "CHANGELOG.md", "LEESMIJ.txt"]) assert.ok(names.includes(name), name);
     assert.deepEqual(readdirSync(join(unpacked, "activex")).sort(), ["LEESMIJ.txt", "x64", "x86"]);
     assert.match(readFileSync(join(unpacked, "LEESMIJ.txt"), "utf8"), new RegExp(`^Tabulon ${version}: .*\r\n`));
     assert.match(
