@@ -1,4 +1,5 @@
 // maker.js: a teacher types a problem in words, sees the tableau and what will come of it, and takes the exercise.
+import { afterARest } from "./after-a-rest.mjs";
 import { keepDraft, keptDraft } from "./draft.mjs";
 import { emptyExercise } from "./exercise.mjs";
 import { questions, statement } from "./exercise-view.mjs";
@@ -12,40 +13,17 @@ import { showProblem } from "./show-problem.mjs";
 import { offer } from "./ways.mjs";
 
 const byId = (id) => document.getElementById(id);
+const tableau = byId("tableau");
 const fields = { titel: byId("titel"), tekst: byId("tekst"), probleem: byId("probleem"), hulp: byId("hulp") };
-
-// Who is in the middle of a line is not told that it is wrong, nor read aloud what stands there.
-const patience = 700;
-
-function afterARest(act) {
-  let waiting;
-  let given = null;
-  const never = () => {
-    clearTimeout(waiting);
-    given = null;
-  };
-  const now = (...words) => {
-    never();
-    act(...words);
-  };
-  const rest = (...words) => {
-    never();
-    given = words;
-    waiting = setTimeout(() => now(...words), patience);
-  };
-  return { rest, now, never, hurry: () => given && now(...given) };
-}
 
 // ---- What is shown
 
 let thinker;
-let stands = null; // the problem in the tableau
+let stands = null; // the problem that a pupil would see
 
 const say = afterARest((text) => {
   if (byId("gezegd").textContent !== text) byId("gezegd").textContent = text;
 });
-
-const tableau = byId("tableau");
 
 // The control stays what it is, in a log or out of it. It lives in this document, and so must what goes around it.
 function showLog({ hulp }) {
@@ -61,12 +39,16 @@ function showLog({ hulp }) {
 }
 
 function showPupilsPage(exercise) {
+  byId("blad").hidden = !stands;
+  byId("nog-leeg").hidden = Boolean(stands);
+  if (!stands) return;
   byId("opgave").replaceChildren(statement(exercise, stands, "h3"));
   byId("vragen").replaceChildren(...[questions(exercise, "h4")].filter(Boolean));
   showLog(exercise);
   showProblem(tableau, stands);
 }
 
+// Who is in the middle of a line is not told that it is wrong, nor read aloud what stands there.
 const judge = afterARest(({ probleem }, reading) => {
   number(reading.mistakes);
   fields.probleem.ariaInvalid = String(reading.mistakes.length > 0 && probleem.trim() !== "");
@@ -78,13 +60,14 @@ const gist = ({ problem, mistakes }) => (problem ? problem.verdict.sentences[0] 
 
 function show(exercise, { atOnce = false } = {}) {
   number();
+  const isBlank = !exercise.probleem.trim();
   const reading = thinker.read(exercise.probleem);
-  stands = reading.problem ?? stands;
-  if (stands) showPupilsPage(exercise);
+  stands = isBlank ? null : (reading.problem ?? stands);
+  showPupilsPage(exercise);
   if (reading.problem) offer({ exercise, problem: stands });
   const isGood = reading.problem && endsWell(reading.problem);
-  judge[isGood || atOnce ? "now" : "rest"](exercise, reading);
-  say.rest(exercise.probleem.trim() ? gist(reading) : "");
+  judge[isGood || isBlank || atOnce ? "now" : "rest"](exercise, reading);
+  say.rest(isBlank ? "" : gist(reading));
 }
 
 // ---- What is typed

@@ -286,6 +286,17 @@ describe("the maker", () => {
     assert.equal(await valueIn(page, "titel"), "Mijn eigen opgave");
   });
 
+  test("shows nothing of the problem before when the field is emptied", async () => {
+    await choose(page, "een minimum");
+    await type(page, "probleem", "");
+    assert.equal(await judgement(page), "Typ een probleem, of begin met een van de voorbeelden.");
+    assert.equal(await page.$eval("#blad", (node) => node.checkVisibility()), false);
+    assert.equal(await page.$eval("#wegen", ({ hidden }) => hidden), true);
+    await page.keyboard.type("min 2x\nx >= 3");
+    await eventually(() => page.$eval("#blad", (node) => node.checkVisibility()), true);
+    assert.deepEqual(await solution(page), { F: 0, "q 1": 3 });
+  });
+
   test("takes questions, and takes them away again, without the mouse", async () => {
     await choose(page, "leeg blad");
     await page.focus("#erbij");
