@@ -22,7 +22,7 @@ const offers = {
   exports: {
     ".": { types: "./types/tabulon.d.ts", default: "./tabulon.mjs" },
     "./tabulon.js": { types: "./types/script.d.ts", default: "./tabulon.js" },
-    "./tabulon-les.js": "./tabulon-les.js",
+    "./tabulon-les.js": { types: "./types/les.d.ts", default: "./tabulon-les.js" },
     "./react": { types: "./types/react.d.ts" },
     "./vue": { types: "./types/vue.d.ts" },
     "./custom-elements.json": "./custom-elements.json",

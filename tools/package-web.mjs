@@ -165,6 +165,8 @@ async function writeTypes(outDir) {
   const folder = `${outDir}-of-all`;
   await declare(folder);
   for (const file of reachable(join(folder, "hosts/web/tabulon.d.ts"))) await cp(file, join(outDir, basename(file)));
+  const thinking = await readFile(join(folder, "hosts/web/lesson/thinking.d.ts"), "utf8");
+  await writeFile(join(outDir, "thinking.d.ts"), thinking.replaceAll('"../', '"./'));
   await cp(join(root, "hosts/web/package/types"), outDir, { recursive: true });
   await rm(folder, { recursive: true });
 }
