@@ -14,6 +14,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <optional>
 #include <sstream>
 
 #include "com_player.h"
@@ -112,15 +113,16 @@ std::vector<std::string> played(const std::vector<Command>& commands, const ComP
   constexpr std::size_t enough_failures = 2;  // each has been waited for
   std::vector<std::string> failures;
   on_stage(container_options, [&](Container& container, Person& person) {
-    const OwnClock clock(noon_clock);  // a pause that begins just before midnight does not end
-    ASSERT_TRUE(clock);
+    std::optional<OwnClock> clock;  // a pause that begins just before midnight does not end
     ComPlayer player(container, person, options);
     for (const Command& command : commands) {
       player.play(command);
+      if (!clock && GetModuleHandleW(L"Tabulon.ocx")) clock.emplace(noon_clock);
       if (player.failures().size() >= enough_failures) break;
     }
     player.end();
     failures = player.failures();
+    EXPECT_TRUE(clock && *clock);
   });
   return failures;
 }
