@@ -296,6 +296,11 @@ describe("in forced colours", () => {
       assert.equal(wide, "2px");
       assert.notEqual(marked, edge);
       assert.deepEqual(await look(2), [width, edge]);
+      const [letters, ground] = await page.$eval(control("txtTableau", 1), (node) => {
+        const selection = getComputedStyle(node, "::selection");
+        return [selection.color, selection.backgroundColor];
+      });
+      assert.ok(contrast(letters, ground) >= 4.5, "what is selected can be read");
       assert.equal(await style("txtRij_F", "borderTopWidth", 1), "1px");
       assert.ok(contrast(edge, await style("txtRij_F", "backgroundColor", 1)) >= 3, "a cell has an edge");
     });
