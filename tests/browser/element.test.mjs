@@ -352,6 +352,31 @@ describe("life in the page", () => {
   });
 
   const cannotCount = process.env.TABULON_ENGINE === "firefox" && "the counters are Chromium's";
+  test("it comes into the page when it no longer looks busy", async () => {
+    await open("<p></p>");
+    const changes = await page.evaluate(async () => {
+      const element = document.createElement("tabulon-lpctrl");
+      const seen = [];
+      const watcher = new MutationObserver((records) => seen.push(...records.map(({ type }) => type)));
+      document.body.append(element);
+      watcher.observe(element, { attributeFilter: ["aria-busy"] });
+      watcher.observe(element.shadowRoot, { childList: true });
+      await element.ready;
+      await new Promise((resume) => setTimeout(resume));
+      return seen;
+    });
+    assert.deepEqual(changes, ["attributes", "childList"]);
+  });
+
+  test("what stands in the hidden graph panel is made when the panel is opened", async () => {
+    await open(problem());
+    const isMade = () => page.$eval(control("PictureLN"), (node) => node.style.width !== "");
+    assert.equal(await isMade(), false);
+    await page.click(control("cmd_Opties"));
+    await page.click(control("mnu_Grafiek"));
+    assert.equal(await isMade(), true);
+  });
+
   test("480 elements that come and go leave no node, no listener and no memory behind", {
     skip: cannotCount,
   }, async () => {
