@@ -332,7 +332,7 @@ const css = `
   .button, .surface:not(.form *) > .button { background-color: ButtonFace; border-color: ButtonBorder; }
   .box, .box:read-only { border-color: ButtonBorder; }
   .box:focus, .button:focus { border-color: Highlight; }
-  .box::selection { background: Highlight; color: HighlightText; }
+  .box:focus::selection { background: Highlight; color: HighlightText; }
   /* Here even a transparent outline is seen. */
   .box:not(:focus, [data-role]), .button:not(:focus), .bar:not(:focus-visible) { outline-width: 0; }
   .tinted { forced-color-adjust: none; }
