@@ -95,8 +95,7 @@ const css = `
   border-radius: inherit;
   pointer-events: none;
 }
-/* Over all of it, so that no part of it need change. */
-:host([aria-busy]) .surface::before { content: ""; position: absolute; inset: 0; z-index: 3; cursor: progress; }
+:host([aria-busy]) .surface { cursor: progress; }
 
 .surface [data-name] { position: absolute; margin: 0; }
 

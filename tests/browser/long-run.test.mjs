@@ -97,16 +97,20 @@ describe("a long run in the browser", () => {
     assert.equal(await opened.$('tabulon-lpctrl >>> [role="menu"]'), null);
   });
 
-  test("the cursor says so wherever it is", async () => {
-    const cursors = await opened.evaluate(() => {
+  test("the cursor says so, and what is pressed is still what lies there", async () => {
+    const under = await opened.evaluate(() => {
       const { shadowRoot: root } = document.querySelector("tabulon-lpctrl");
-      return ["txtTableau", "cmd_Help", "HScroll", "lblNRTableau"].map((name) => {
-        const { left, top } = root.querySelector(`[data-name="${name}"]`).getBoundingClientRect();
-        const { className } = root.elementFromPoint(left + 5, top + 5);
-        return `${className} ${getComputedStyle(root.querySelector(".surface"), "::before").cursor}`;
+      return ["txtTableau", "lblKLM", "lblNRTableau"].map((name) => {
+        const node = root.querySelector(`[data-name="${name}"]`);
+        const { left, top } = node.getBoundingClientRect();
+        return [root.elementFromPoint(left + 5, top + 5) === node, getComputedStyle(node).cursor];
       });
     });
-    assert.deepEqual(cursors, Array(4).fill("surface progress"));
+    assert.deepEqual(under, [
+      [true, "default"], // its own, since it is locked
+      [true, "progress"],
+      [true, "progress"],
+    ]);
   });
 
   test("every batch gives the page its turn again", async () => {
