@@ -42,7 +42,7 @@ endif()
 
 if(TABULON_SANITIZE)
   target_compile_options(tabulon_options INTERFACE
-    -fsanitize=address,undefined,fuzzer-no-link -fno-sanitize-recover=all)
+    -fsanitize=address,undefined -fno-sanitize-recover=all)
   target_compile_definitions(tabulon_options INTERFACE _GLIBCXX_ASSERTIONS)
   target_link_options(tabulon_options INTERFACE -fsanitize=address,undefined)
 endif()

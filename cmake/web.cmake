@@ -73,6 +73,7 @@ function(tabulon_web_lesson)
   tabulon_room(tabulon_small_numbers FOLDERS numbers DEPENDS tabulon_platform)
   tabulon_room(tabulon_small_model FOLDERS control ONLY "^basSafeCtl" DEPENDS tabulon_small_numbers)
   tabulon_room(tabulon_small_operations FOLDERS simplex ONLY "^(pivot|sweep)\\." DEPENDS tabulon_small_model)
+  set_target_properties(tabulon_small_numbers tabulon_small_model tabulon_small_operations PROPERTIES UNITY_BUILD ON)
   tabulon_room(tabulon_lesson FOLDERS lesson DEPENDS tabulon_small_operations)
   file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/hosts/web/lesson/*.cpp)
   tabulon_wasm(tabulon_web_lesson lesson
