@@ -47,6 +47,14 @@ if(TABULON_SANITIZE)
   target_link_options(tabulon_options INTERFACE -fsanitize=address,undefined)
 endif()
 
+# Rooms throw nothing. Fuzzers find their way by what is reached in them.
+add_library(tabulon_room_options INTERFACE)
+target_compile_options(tabulon_room_options INTERFACE -fno-exceptions)
+target_link_libraries(tabulon_room_options INTERFACE tabulon_options)
+if(TABULON_SANITIZE)
+  target_compile_options(tabulon_room_options INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+
 if(NOT CMAKE_CROSSCOMPILING)
   target_link_options(tabulon_options INTERFACE -fuse-ld=lld)
 endif()

@@ -6,8 +6,7 @@ function(tabulon_room_headers)
   endif()
   file(CONFIGURE OUTPUT ${CMAKE_BINARY_DIR}/room_headers.cpp CONTENT "")
   add_library(tabulon_room_headers OBJECT ${CMAKE_BINARY_DIR}/room_headers.cpp)
-  target_compile_options(tabulon_room_headers PRIVATE -fno-exceptions)
-  target_link_libraries(tabulon_room_headers PRIVATE tabulon_options)
+  target_link_libraries(tabulon_room_headers PRIVATE tabulon_room_options)
   target_precompile_headers(tabulon_room_headers PRIVATE
     <algorithm> <array> <cmath> <coroutine> <expected> <functional> <memory> <optional> <span> <string> <string_view>
     <utility> <variant> <vector>)
@@ -38,11 +37,7 @@ function(tabulon_room name)
 
   if(sources)
     add_library(${name} STATIC ${sources})
-    target_compile_options(${name} PRIVATE -fno-exceptions)
-    if(TABULON_SANITIZE)
-      target_compile_options(${name} PRIVATE -fsanitize=fuzzer-no-link)  # fuzzers find their way by what is reached
-    endif()
-    target_link_libraries(${name} PUBLIC tabulon_options ${ROOM_DEPENDS})
+    target_link_libraries(${name} PUBLIC tabulon_options ${ROOM_DEPENDS} PRIVATE tabulon_room_options)
     if(TARGET tabulon_room_headers)
       target_precompile_headers(${name} REUSE_FROM tabulon_room_headers)
     endif()

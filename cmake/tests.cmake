@@ -4,7 +4,7 @@
 #   tests/support/*.cpp            helpers of every room from control upwards
 #   fuzz/<name>_fuzz.cpp           one fuzzer <name>_fuzz, with first inputs in fuzz/seeds/<name>/, and words in
 #                                  fuzz/dictionaries/<name>.dict
-#   benchmarks/*_benchmark.cpp     one executable, benchmarks
+#   benchmarks/*_benchmark.cpp     one executable, benchmarks, built for ./bench
 #
 # The text TABULON_SOURCE_DIR is the folder of this project, for tests that read files of it.
 
@@ -115,7 +115,7 @@ function(tabulon_fuzzers)
       -max_total_time=${TABULON_FUZZ_SECONDS} -timeout=10 -rss_limit_mb=2048 -print_final_stats=1
       -dict=${words} -artifact_prefix=${folder}/ ${folder}/corpus ${seeds})
     set_tests_properties(fuzz_${name} PROPERTIES
-      ENVIRONMENT "${environment}" LABELS fuzz TIMEOUT ${timeout})
+      ENVIRONMENT "${environment}" LABELS fuzz TIMEOUT ${timeout} COST ${TABULON_FUZZ_SECONDS})
   endforeach()
 endfunction()
 
@@ -123,7 +123,7 @@ function(tabulon_benchmarks)
   file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/benchmarks/*_benchmark.cpp)
   if(sources)
     find_package(benchmark REQUIRED)
-    add_executable(benchmarks ${sources})
+    add_executable(benchmarks EXCLUDE_FROM_ALL ${sources})
     find_library(TABULON_GLPK glpk REQUIRED)
     find_library(TABULON_MUPARSER muparser REQUIRED)
     target_link_libraries(benchmarks PRIVATE tabulon_outside_options tabulon_headless benchmark::benchmark_main
