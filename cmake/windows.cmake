@@ -57,7 +57,8 @@ function(tabulon_ocx idl_folder)
     OBJECT_DEPENDS ${idl_folder}/Tabulon.tlb)
   set_target_properties(Tabulon PROPERTIES LINK_DEPENDS ${folder}/Tabulon.def)
   target_link_libraries(Tabulon PRIVATE tabulon_control tabulon_windows_options)
-  target_link_options(Tabulon PRIVATE LINKER:--gc-sections LINKER:--strip-all)
+  # Without the clock's time in it, the same source makes the same bytes.
+  target_link_options(Tabulon PRIVATE LINKER:--gc-sections LINKER:--strip-all LINKER:--no-insert-timestamp)
 endfunction()
 
 # The same for 32-bit programs, in a build folder of its own inside this one.
