@@ -221,7 +221,7 @@ const changes = {
     ["again(firstRepeat);", "again(nextRepeats);"],
     ['letter !== "&" && !parts.key', 'letter !== "&"'],
     ["if (!event.repeat) this.#keyPressedOn = onTop;", "this.#keyPressedOn = onTop;"],
-    ["else node.value = control.text;", ""],
+    ["if (node.value !== control.text) node.value = control.text;", ""],
     ["* this.#steps) * direction;", "* this.#steps);"],
     ["this.#handles.delete(name);", ""],
     ['error.name === "AbortError"', 'error.name !== "AbortError"'],
@@ -229,7 +229,7 @@ const changes = {
     ["if (byte > 127)", "if (byte > 255)"],
     ["if (texts.has(name.toLowerCase()))", "if (texts.has(name))"],
     ["this.#menuOpenedBy = this.#clicked;", ""],
-    ["if (event.button !== 0) return;\n    // Not every browser", "// Not every browser"],
+    ["if (!goesOn && event.button === 0)", "if (!goesOn)"],
   ],
   module: [
     ["if (marked.has(Property::Bounds)) marked.add(Property::Visible);", ""],
