@@ -38,7 +38,8 @@ export async function offer(offered) {
   byId("nog-niet").hidden = Boolean(offered);
   if (!offered) return;
   const { exercise, problem } = offered;
-  byId("ernaast").textContent = scripts(exercise).join(" en ");
+  const names = scripts(exercise).map((name) => make("code", {}, name));
+  byId("ernaast").replaceChildren(...names.flatMap((name, at) => (at ? [" en ", name] : [name])));
   byId("html").value = snippet(exercise, problem);
   const hash = await toHash(exercise);
   if (taken !== offered) return;
