@@ -186,9 +186,17 @@ export class ElementView {
 
   // ---- Input. The event itself may be over when it is its turn.
 
+  #visit = 0;
+
+  // The element has gone from the page: what still waits for its turn was not meant for when it comes again.
+  forgetInput(): void {
+    ++this.#visit;
+  }
+
   #takeInput(act: InputAct): void {
+    const visit = this.#visit;
     this.page.takeInput((isLate) => {
-      if (this.host.isConnected) act(isLate);
+      if (visit === this.#visit && this.host.isConnected) act(isLate);
     });
   }
 

@@ -125,6 +125,7 @@ export class Page implements Surroundings {
 
   // The element is not seen any more: what it was doing is given up.
   abandon(element: ElementView): void {
+    element.forgetInput();
     const { id } = element.surface;
     this.#loseFocus(element);
     element.stop();
