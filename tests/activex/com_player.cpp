@@ -226,8 +226,15 @@ void ComPlayer::choose(const std::string& name) {
   person_.click(middle_of(item.box));
 }
 
+// A menu loses a move that comes while it handles the one before, so this goes on until it is seen.
 void ComPlayer::hover(const std::string& name) {
-  person_.move(middle_of(find_item(name).box));
+  eventually([&] {
+    const POINT at = middle_of(find_item(name).box);
+    person_.move({at.x + 1, at.y});
+    person_.move(at);
+    wait_until_idle();
+    expect(find_item(name).highlighted, name + " is not highlighted");
+  });
 }
 
 void ComPlayer::press_key(const platform::KeyPress& key) {

@@ -518,6 +518,7 @@ std::optional<Seen> Eyes::find(std::string_view name, int index) const {
       seen.shown = true;
       seen.checked = (info.fState & MFS_CHECKED) != 0;
       seen.disabled = (info.fState & MFS_GRAYED) != 0;
+      seen.highlighted = (info.fState & MFS_HILITE) != 0;
       seen.text = plain_caption(narrow(info.dwTypeData));
       GetMenuItemRect(nullptr, open.menu, place, &seen.box);
       return seen;

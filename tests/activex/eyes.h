@@ -28,7 +28,7 @@ struct Seen {
   std::string kind;  // "label", "text", "vscroll", ...; "menu" for an item
   HWND window = nullptr;
   RECT box{};  // on the screen
-  bool shown = false, locked = false, disabled = false, checked = false;
+  bool shown = false, locked = false, disabled = false, checked = false, highlighted = false;
   std::string text, back, tip;
   int low = 0, high = 0, value = 0;  // of a scroll bar
 };

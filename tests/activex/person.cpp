@@ -1,7 +1,7 @@
 #include "person.h"
 
+#include <algorithm>
 #include <atomic>
-#include <initializer_list>
 #include <utility>
 #include <vector>
 
@@ -15,13 +15,25 @@ namespace {
 // been removed from the queue, everything before it has been handled.
 constexpr WORD marker = 0xE8;
 
+// What the windows have not yet got of the last that the person did.
+enum Expected : unsigned { nothing = 0, a_press = 1, a_release = 2, a_stroke = 4 };
+
 // Hooks cannot carry data of their own.
 HANDLE marker_seen = nullptr;
 std::atomic<POINT> mouse_place{POINT{-1, -1}};
+std::atomic<unsigned> expected{nothing};
+std::atomic<Person::Stroke> last_stroke{};
 
 bool is_of_marker(const MSG& message) {
   return message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST && message.wParam == marker;
 }
+
+struct ModifierKey {
+  Person::Modifiers bit;
+  int key;
+};
+constexpr ModifierKey modifier_keys[] = {
+    {Person::shift, VK_SHIFT}, {Person::ctrl, VK_CONTROL}, {Person::alt, VK_MENU}};
 
 // A screen that is a window of another system reports each move a second time, late, when the mouse is
 // already elsewhere.
@@ -30,13 +42,48 @@ bool is_late_move(const MSG& message) {
   return message.message == WM_MOUSEMOVE && (message.pt.x != place.x || message.pt.y != place.y);
 }
 
+void note_button(UINT message) {
+  if (message == WM_LBUTTONDOWN || message == WM_LBUTTONDBLCLK || message == WM_NCLBUTTONDOWN)
+    expected &= ~a_press;
+  if (message == WM_LBUTTONUP || message == WM_NCLBUTTONUP) expected &= ~a_release;
+}
+
+bool is_last_stroke(const MSG& message) {
+  return (message.message == WM_KEYDOWN || message.message == WM_SYSKEYDOWN) &&
+         message.wParam == static_cast<WPARAM>(last_stroke.load().key);
+}
+
+// When a window comes, the screen's system says which keys are down, and it knows of none of ours.
+bool has_lost_what_was_held() {
+  const Person::Stroke stroke = last_stroke;
+  return std::ranges::any_of(modifier_keys, [&](const ModifierKey& modifier) {
+    return (stroke.held & modifier.bit) != 0 && GetKeyState(modifier.key) >= 0;
+  });
+}
+
+bool is_to_be_ignored(const MSG& message) {
+  return is_late_move(message) || is_of_marker(message) ||
+         (is_last_stroke(message) && has_lost_what_was_held());
+}
+
+void see_taken(MSG& message) {
+  if (is_of_marker(message) && message.message == WM_KEYUP) SetEvent(marker_seen);
+  if (is_to_be_ignored(message)) {
+    message.message = WM_NULL;
+    return;
+  }
+  note_button(message.message);
+  if (is_last_stroke(message)) expected &= ~a_stroke;
+}
+
+// A menu looks at a message before it takes it: what it sees stays a move, or it would take whatever comes.
+void see_looked_at(MSG& message) {
+  if (is_late_move(message)) message.pt = mouse_place;
+}
+
 LRESULT CALLBACK see_message(int code, WPARAM removed, LPARAM data) {
   auto& message = *reinterpret_cast<MSG*>(data);
-  if (code == HC_ACTION && is_late_move(message)) message.message = WM_NULL;
-  if (code == HC_ACTION && removed == PM_REMOVE && is_of_marker(message)) {
-    if (message.message == WM_KEYUP) SetEvent(marker_seen);
-    message.message = WM_NULL;
-  }
+  if (code == HC_ACTION) removed == PM_REMOVE ? see_taken(message) : see_looked_at(message);
   return CallNextHookEx(nullptr, code, removed, data);
 }
 
@@ -81,25 +128,38 @@ INPUT mouse_event(DWORD what, POINT at) {
   return event;
 }
 
-void send_mouse(POINT at, std::initializer_list<DWORD> events) {
-  std::vector<INPUT> all;
-  for (const DWORD event : events) all.push_back(mouse_event(event, at));
+// Of several that nobody waits for, the windows may be at any.
+bool nothing_is_under_way = true;
+unsigned last_buttons = nothing;
+
+void expect_to_come(unsigned what, const Person::Stroke& stroke) {
+  const bool alone = std::exchange(nothing_is_under_way, false);
+  last_buttons = what;
+  last_stroke = alone ? stroke : Person::Stroke{};
+  expected = alone ? what : nothing;
+}
+
+void send_mouse(POINT at, unsigned buttons) {
+  std::vector<INPUT> all{mouse_event(0, at)};
+  if (buttons & a_press) all.push_back(mouse_event(MOUSEEVENTF_LEFTDOWN, at));
+  if (buttons & a_release) all.push_back(mouse_event(MOUSEEVENTF_LEFTUP, at));
   mouse_place = at;
+  expect_to_come(buttons, {});
   send(std::move(all));
 }
 
-struct ModifierKey {
-  Person::Modifiers bit;
-  int key;
-};
-constexpr ModifierKey modifier_keys[] = {
-    {Person::shift, VK_SHIFT}, {Person::ctrl, VK_CONTROL}, {Person::alt, VK_MENU}};
+bool marker_passes() {
+  ResetEvent(marker_seen);
+  send({key_event(marker, false), key_event(marker, true)});
+  return WaitForSingleObject(marker_seen, patience_in_milliseconds) == WAIT_OBJECT_0;
+}
 
 }  // namespace
 
 Person::Person(const WindowThread& windows)
     : hook_(SetWindowsHookExW(WH_GETMESSAGE, see_message, nullptr, windows.id())) {
   marker_seen = CreateEventW(nullptr, false, false, nullptr);
+  nothing_is_under_way = true;
   // Two clicks at the same place are two clicks, however fast the test runs.
   SetDoubleClickTime(1);
 }
@@ -118,6 +178,7 @@ void Person::press(const Stroke& stroke) {
   events.push_back(key_event(stroke.key, true));
   for (const ModifierKey& held : modifier_keys)
     if (stroke.held & held.bit) events.push_back(key_event(held.key, true));
+  expect_to_come(a_stroke, stroke);
   send(std::move(events));
 }
 
@@ -139,26 +200,36 @@ void Person::type(std::wstring_view text) {
 }
 
 void Person::move(POINT to) {
-  send_mouse(to, {0});
+  send_mouse(to, nothing);
 }
 void Person::click(POINT at) {
-  send_mouse(at, {0, MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP});
+  send_mouse(at, a_press | a_release);
 }
 void Person::button_down(POINT at) {
-  send_mouse(at, {0, MOUSEEVENTF_LEFTDOWN});
+  send_mouse(at, a_press);
 }
 void Person::button_up(POINT at) {
-  send_mouse(at, {MOUSEEVENTF_LEFTUP});
+  send_mouse(at, a_release);
+}
+
+// A busy system loses input: it eats a press whose window cannot come to the front at that moment, and lets
+// go of the keys that are held. Who sees that nothing has come of it does it again.
+void Person::repeat_what_is_lost() {
+  const unsigned lost = expected;
+  if (lost & a_stroke) return press(last_stroke);
+  send_mouse(mouse_place, lost & a_press ? last_buttons : lost);
 }
 
 bool Person::wait_until_idle() {
-  // The second round is for painting that the first has caused.
-  for (int round = 0; round < 2; ++round) {
-    ResetEvent(marker_seen);
-    send({key_event(marker, false), key_event(marker, true)});
-    if (WaitForSingleObject(marker_seen, patience_in_milliseconds) != WAIT_OBJECT_0) return false;
+  constexpr int tries = 3;  // where nothing of ours takes it, nothing comes
+  for (int tried = 1;; ++tried) {
+    if (!marker_passes()) return false;
+    nothing_is_under_way = true;
+    if (expected == nothing || tried == tries) break;
+    repeat_what_is_lost();
   }
-  return true;
+  expected = nothing;
+  return marker_passes();  // once more for painting that the first has caused
 }
 
 }  // namespace tabulon::activex

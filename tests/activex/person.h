@@ -42,11 +42,13 @@ class Person {
   void button_down(POINT at);
   void button_up(POINT at);
 
-  // Waits until the windows' thread has handled all input so far, and the messages that it posted. False if
-  // that never comes.
+  // Waits until the windows' thread has handled all input so far, and the messages that it posted; the last
+  // stroke or click is done again where the system has lost it. False if that never comes.
   bool wait_until_idle();
 
  private:
+  void repeat_what_is_lost();
+
   HHOOK hook_;
 };
 
