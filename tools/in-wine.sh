@@ -6,8 +6,9 @@
 #
 # The Windows is Wine's in build/wine (another folder: WINEPREFIX), made at the first use. It has a screen of its
 # own, a desktop on it so that windows get the keyboard without a window manager, and Tabulon.ocx registered where
-# it has been built. Beside it stands a second one, with its own screen, keyboard, clipboard and registry: what runs
-# under tools/free-wine.sh takes the one that is free. TABULON_WINDOWS=1 makes do with the first.
+# it has been built, with the library that the tests of scripts use. Beside it stands a second one, with its own
+# screen, keyboard, clipboard and registry: what runs under tools/free-wine.sh takes the one that is free.
+# TABULON_WINDOWS=1 makes do with the first.
 set -uo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 (($#)) || { echo "usage: tools/in-wine.sh <command> [<argument>...]" >&2; exit 2; }
@@ -20,7 +21,7 @@ export WINEARCH=win64 WINEDEBUG=${WINEDEBUG:--all}
 export WINEDLLOVERRIDES="mscoree=d;mshtml=d"
 
 screen=1280x1024
-ocx=$root/dist/activex/x64/Tabulon.ocx
+libraries=("$root/dist/activex/x64/Tabulon.ocx" "$root/build/windows/tabulon_test_form.dll")
 prefixes=("$first")
 [[ -z $own || ${TABULON_WINDOWS:-2} == 1 ]] || prefixes+=("$first-2")
 screens=()
@@ -73,14 +74,16 @@ keep_running() {
 # Makes the Windows of the prefix ready, and adds it to those that free-wine.sh finds.
 open_windows() {
   export WINEPREFIX=$1
-  local log
+  local log library
   start_screen || { echo "Xvfb does not start" >&2; return 1; }
   log=$(make_prefix 2>&1 9>&-) || { printf '%s\n' "$log" "Wine cannot make $WINEPREFIX" >&2; return 1; }
   TABULON_FREE_WINE+="$DISPLAY $WINEPREFIX"$'\n'
   # Kept for all programs that the command runs, instead of one for each.
   [[ -z $own ]] || { wineserver -p 9>&- && keep_running; }
-  [[ ! -e $ocx ]] || timeout 60 wine regsvr32 /s "$ocx" 9>&- ||
-    { echo "Tabulon.ocx cannot be registered" >&2; return 1; }
+  for library in "${libraries[@]}"; do
+    [[ ! -e $library ]] || timeout 60 wine regsvr32 /s "$library" 9>&- ||
+      { echo "${library##*/} cannot be registered" >&2; return 1; }
+  done
 }
 
 # One command at a time: the end of one is the end of all its programs. Those do not inherit the lock, which some of them
