@@ -107,6 +107,23 @@ export const idle = (page) =>
     while (busy()) await new Promise((resume) => requestAnimationFrame(resume));
   });
 
+// A script of a page: while it holds, nothing that the page posts to itself comes, as on a slow machine.
+export const heldMessages = `
+  const post = MessagePort.prototype.postMessage;
+  window.held = [];
+  window.holding = false;
+  MessagePort.prototype.postMessage = function (...message) {
+    if (holding) held.push(() => post.apply(this, message));
+    else post.apply(this, message);
+  };
+  window.hold = () => void (holding = true);
+  window.letThrough = () => held.shift()?.();
+  window.goOn = () => {
+    holding = false;
+    for (const message of held.splice(0)) message();
+  };
+`;
+
 const noises = new WeakMap();
 
 // What the page complained of so far: warnings, errors, refusals by its rules.

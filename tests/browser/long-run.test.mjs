@@ -4,7 +4,7 @@
 // them through, so that the run stands still in the middle for as long as the test looks.
 import assert from "node:assert/strict";
 import { after, before, describe, test } from "node:test";
-import { control, launch, problem, idle, text } from "./browser.mjs";
+import { control, heldMessages, launch, problem, idle, text } from "./browser.mjs";
 
 const variables = 8;
 const numbers = Array.from({ length: variables }, (_, at) => at + 1);
@@ -24,18 +24,7 @@ const parameters = {
 const slowMachine = `
   let reading = 0;
   performance.now = () => (reading += 1000);
-  const post = MessagePort.prototype.postMessage;
-  window.held = [];
-  window.holding = false;
-  MessagePort.prototype.postMessage = function (...message) {
-    if (holding) held.push(() => post.apply(this, message));
-    else post.apply(this, message);
-  };
-  window.letThrough = () => held.shift()?.();
-  window.letAllThrough = () => {
-    holding = false;
-    for (const message of held.splice(0)) message();
-  };
+  ${heldMessages}
   window.counted = 0;
   setInterval(() => ++counted, 1);
   addEventListener("DOMContentLoaded", () => (document.body.style.height = "5000px"));
@@ -65,7 +54,7 @@ describe("a long run in the browser", () => {
     await idle(opened);
     await opened.click(control("cmd_Bewerken"));
     await opened.waitForSelector(control("mnu_optimaliseren"));
-    await opened.evaluate(() => void (window.holding = true));
+    await opened.evaluate(() => window.hold());
     await opened.click(control("mnu_optimaliseren"));
     await until(() => window.held.length === 1);
   });
@@ -120,7 +109,7 @@ describe("a long run in the browser", () => {
   });
 
   test("the run ends where it would have ended", async () => {
-    await opened.evaluate(() => window.letAllThrough());
+    await opened.evaluate(() => window.goOn());
     await opened.waitForSelector("tabulon-lpctrl >>> dialog[open]");
     assert.equal(await text(opened, "lblMelding"), "Optimale oplossing gevonden!");
     assert.equal(await text(opened, "lblNRTableau"), "256-e Simplex-tableau");

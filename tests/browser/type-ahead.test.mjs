@@ -2,22 +2,7 @@
 // messages to itself wait until the test lets them through, so that a repaint takes as long as the test wants.
 import assert from "node:assert/strict";
 import { after, afterEach, before, describe, test } from "node:test";
-import { control, launch, noise, problem, text } from "./browser.mjs";
-
-const slowMachine = `
-  const post = MessagePort.prototype.postMessage;
-  window.held = [];
-  window.holding = false;
-  MessagePort.prototype.postMessage = function (...message) {
-    if (holding) held.push(() => post.apply(this, message));
-    else post.apply(this, message);
-  };
-  window.hold = () => void (holding = true);
-  window.goOn = () => {
-    holding = false;
-    for (const message of held.splice(0)) message();
-  };
-`;
+import { control, heldMessages, launch, noise, problem, text } from "./browser.mjs";
 
 const large = { prmNrBeslisVar: 20, prmNrKleinerGelijkVglen: 4 };
 const pageWith = (parameters) => `<!doctype html>
@@ -38,7 +23,7 @@ for (const engine of ["chromium", "firefox"])
     let browser, page;
     before(async () => {
       browser = await launch({ engine });
-      await browser.write("slow-machine.js", slowMachine);
+      await browser.write("slow-machine.js", heldMessages);
     });
     after(() => browser?.close());
     afterEach(async () => {
