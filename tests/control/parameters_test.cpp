@@ -3,6 +3,16 @@
 namespace tabulon {
 namespace {
 
+// ---- What a page gives, by name
+
+TEST(ParameterLists, TellWhatNobodyHasAskedFor) {
+  const ParameterList page{{"prmBigM", "50"}, {"prmBigN", "60"}};
+  EXPECT_EQ(page.not_asked_for(), (std::vector<std::string_view>{"prmBigM", "prmBigN"}));
+  EXPECT_EQ(page.read("prmbigm"), "50");
+  EXPECT_EQ(page.read("prmNrBeslisVar"), std::nullopt);
+  EXPECT_EQ(page.not_asked_for(), std::vector<std::string_view>{"prmBigN"});
+}
+
 // ---- The page's parameters
 
 class PageParameters : public ControlTest {};

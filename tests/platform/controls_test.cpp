@@ -33,6 +33,18 @@ class Marking : public testing::Test {
   Sheet sheet{host.desk()};
 };
 
+TEST_F(Marking, BesideTheSurfaceStandsOnlyWhatTakesTheFocus) {
+  Label label(sheet, "label");
+  for (Control* const control : {static_cast<Control*>(&sheet.first), static_cast<Control*>(&label)}) {
+    control->set_visible(true);
+    control->set_bounds({sheet.width() + 15, 0, 300, 300});
+  }
+  EXPECT_EQ(sheet.first.rendering(), Rendering::Aside);
+  EXPECT_EQ(label.rendering(), Rendering::None);
+  sheet.first.set_visible(false);
+  EXPECT_EQ(sheet.first.rendering(), Rendering::None);
+}
+
 TEST_F(Marking, ANewControlIsMarkedWhole) {
   Label label(sheet, "label");
   EXPECT_EQ(label.take_changes().bits(), Properties::all().bits());

@@ -572,6 +572,19 @@ TEST_F(DeskTest, AbandoningClosesTheFormAndFreesTheDesk) {
   EXPECT_EQ(host.history, (Log{"+Question", "-Question"}));
 }
 
+TEST_F(DeskTest, WhatAbandonsItselfDoesNotGoOnWhenItHasWaited) {
+  bool went_on = false;
+  sheet.when_clicked = [&](Control&) -> Task<> {
+    desk.abandon(sheet);
+    co_await second();
+    went_on = true;
+  };
+  desk.click(sheet.go);
+  EXPECT_TRUE(desk.accepts(sheet));
+  host.advance(1);
+  EXPECT_FALSE(went_on);
+}
+
 TEST_F(DeskTest, AbandoningClosesNestedFormsWhoseHandlersWait) {
   asks_when_clicked();
   desk.click(sheet.go);

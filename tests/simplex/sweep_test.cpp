@@ -323,6 +323,13 @@ TEST(SweepColumn, ThatWouldBecomeInfiniteIsError6) {
   fill_row(in_division, 1, {1e-5, 1}, huge);
   expect_overflow(in_division);
 
+  // Nothing else changes, so no product tells of it.
+  basSafeCtl in_division_alone = three_rows();
+  fill_row_F(in_division_alone, {0, -5});
+  fill_row(in_division_alone, 1, {1e-5, 1}, 1e304);
+  fill_row(in_division_alone, 3, {0, 2}, 18);
+  expect_overflow(in_division_alone);
+
   basSafeCtl in_row_F = three_rows();
   fill_row_F(in_row_F, {-1e300, 0});
   fill_row(in_row_F, 1, {1, 1}, 1e300);
