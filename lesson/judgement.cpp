@@ -106,6 +106,7 @@ class Judge {
     int smallest = pivot_.row;
     for (int row = 1; row <= before_.rows(); ++row)
       if (takes_part(row) && quotient(row) < quotient(smallest)) smallest = row;
+    if (smallest == pivot_.row) return;
     if (is_negligible(quotient(smallest) - quotient(pivot_.row), quotient(pivot_.row))) return;
     blame_.push_back("Het quotiënt van " + row_name(smallest) + " was kleiner (" +
                      number(quotient(smallest)) + ") dan dat van " + row_name(pivot_.row) + " (" +

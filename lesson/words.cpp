@@ -1,5 +1,7 @@
 #include "lesson/words.h"
 
+#include <cmath>
+
 #include "numbers/conversions.h"
 #include "numbers/display.h"
 #include "platform/texts.h"
@@ -7,6 +9,7 @@
 namespace tabulon::lesson {
 
 std::string shown(double number, bool fractions) {
+  if (!std::isfinite(number)) return "een te groot getal";
   return std::string(
       trimmed(numbers::strSoortGetal(fractions ? numbers::kFractions : numbers::kDecimals, number)));
 }

@@ -12,7 +12,7 @@
 
 namespace tabulon::lesson {
 
-// The display text without the blank in front.
+// The display text without the blank in front; words for a quotient that is too large for a Double.
 std::string shown(double number, bool fractions);
 // The name of a column's variable, with one blank in it; "kolom 7" for a column without one.
 std::string column_name(const basSafeCtl& model, int column);

@@ -140,6 +140,15 @@ TEST(Reasons, TellThatNoRowCounts) {
             "Geen enkele rij heeft een positief quotiënt: er is geen pivot-element.\n");
 }
 
+TEST(Reasons, HaveWordsForAQuotientThatIsTooLarge) {
+  basSafeCtl model = well_known();
+  model.current.row(2).write(2, 1e-7);
+  model.current.row(2).write(CellRow::right_hand_side, 1e305);
+  EXPECT_TRUE(
+      reasons_in(model).contains("Rij 2: 1.00E+305 : (1.00E-07) = een te groot getal, dat is groter.\n"))
+      << reasons_in(model);
+}
+
 TEST(Reasons, WaitUntilTheBasisIsInOrder) {
   EXPECT_EQ(reasons_in(tableau_of("max x; x = 2; x <= 3")),
             "Breng eerst de basis in orde: in de kolom van r 1 hoort 1 te staan in de eigen rij en 0 "
@@ -201,6 +210,13 @@ TEST(Judgement, TellsThatNothingCameOfIt) {
 TEST(Judgement, PraisesBringingTheBasisInOrder) {
   EXPECT_EQ(judgement_on(tableau_of("max x; x = 2"), {.row = 1, .column = 2}),
             "right\nDat klopt: r 1 is een basisvariabele, en haar kolom moest nog in orde komen.\n");
+}
+
+TEST(Judgement, AllowsTheOnlyRowHoweverLargeItsQuotient) {
+  basSafeCtl model = tableau_of("max x; y + x <= 3");
+  model.current.row(1).write(1, 1e-7);
+  model.current.row(1).write(CellRow::right_hand_side, 1e305);
+  EXPECT_TRUE(judge_sweep(model, {.row = 1, .column = 1}).right);
 }
 
 TEST(Judgement, AllowsARowWithZeroThatTheControlPassesOver) {
