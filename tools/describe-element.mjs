@@ -1,7 +1,8 @@
-// What an editor is told of <tabulon-lpctrl>, from the comments in hosts/web/element.ts:
+// What an editor is told of <tabulon-lpctrl> and <tabulon-les>, from the comments in hosts/web/element.ts and
+// hosts/web/lesson/element.ts:
 //
-//   const manifest = describeElement(types);   // types: the text of element.d.ts
-//   attributesOf(manifest)                           // the declaration of TabulonAttributes
+//   const manifest = describeElements(types);   // types: the text of element.d.ts
+//   attributesOf(manifest)                      // the declarations of TabulonAttributes and TabulonLesAttributes
 //
 // The manifest is custom-elements.json, as editors and documentation tools read it.
 import { readFileSync } from "node:fs";
@@ -10,13 +11,14 @@ import { fileURLToPath } from "node:url";
 import { create, ts } from "@custom-elements-manifest/analyzer";
 
 const root = fileURLToPath(new URL("..", import.meta.url));
-const sources = ["hosts/web/element.ts", "hosts/web/errors.ts"];
-const tag = "tabulon-lpctrl";
-// What a page imports.
-const path = "tabulon.mjs";
+// By what a page imports or loads.
+const sources = {
+  "tabulon.mjs": ["hosts/web/element.ts", "hosts/web/errors.ts"],
+  "tabulon-les.js": ["hosts/web/lesson/element.ts"],
+};
 
-function analyze() {
-  const parsed = sources.map((path) =>
+function analyze(paths) {
+  const parsed = paths.map((path) =>
     ts.createSourceFile(path, readFileSync(join(root, path), "utf8"), ts.ScriptTarget.ES2022, true),
   );
   return create({ modules: parsed, context: {} }).modules.flatMap(({ declarations }) => declarations);
@@ -34,39 +36,54 @@ function memberOf(member, setters) {
   return text ? { ...told, type: { text } } : told;
 }
 
-export function describeElement(types) {
-  const setters = typesOfSetters(types);
-  const classes = analyze().filter(({ kind, name }) => kind === "class" && name.startsWith("Tabulon"));
-  const declarations = classes.map(({ members, ...told }) => ({
+function moduleOf(path, setters) {
+  const classes = analyze(sources[path]).filter(({ kind, name }) => kind === "class" && name.startsWith("Tabulon"));
+  const declarations = classes.map(({ members = [], ...told }) => ({
     ...told,
     superclass: { name: told.customElement ? "HTMLElement" : "Error" },
     members: members.filter(isPublic).map((member) => memberOf(member, setters)),
   }));
   const ofClass = (name) => ({ name, module: path });
+  const defined = classes.filter(({ customElement }) => customElement);
   const exports = [
-    ...classes.map(({ name }) => ({ kind: "js", name, declaration: ofClass(name) })),
-    { kind: "custom-element-definition", name: tag, declaration: ofClass("TabulonLPctrl") },
+    ...(path.endsWith(".mjs") ? classes : []).map(({ name }) => ({ kind: "js", name, declaration: ofClass(name) })),
+    ...defined.map(({ name, tagName }) => ({
+      kind: "custom-element-definition",
+      name: tagName,
+      declaration: ofClass(name),
+    })),
   ];
+  return { kind: "javascript-module", path, declarations, exports };
+}
+
+export function describeElements(types) {
+  const setters = typesOfSetters(types);
   return {
     schemaVersion: "1.0.0",
     readme: "README.md",
-    modules: [{ kind: "javascript-module", path, declarations, exports }],
+    modules: Object.keys(sources).map((path) => moduleOf(path, setters)),
   };
 }
-
-const declaration = (manifest) => manifest.modules[0].declarations.find(({ customElement }) => customElement);
 
 function attributeLines({ name, type, description, default: usual }) {
   const taken = type.text === "number" ? "Count" : type.text;
   return `  /** ${description}${usual === undefined ? "" : ` ${usual} without it.`} */\n  ${name}?: ${taken} | undefined;`;
 }
 
+const attributesNamed = (name, tag, { modules }) => [
+  `/** What a page gives to <${tag}>, by the names of its attributes. */`,
+  `export interface ${name} {`,
+  ...modules
+    .flatMap(({ declarations }) => declarations)
+    .find(({ tagName }) => tagName === tag)
+    .attributes.map(attributeLines),
+  "}",
+  "",
+];
+
 export const attributesOf = (manifest) =>
   [
     'import type { Count } from "./element.js";',
-    "/** What a page gives to the element, by the names of its attributes. */",
-    "export interface TabulonAttributes {",
-    ...declaration(manifest).attributes.map(attributeLines),
-    "}",
-    "",
+    ...attributesNamed("TabulonAttributes", "tabulon-lpctrl", manifest),
+    ...attributesNamed("TabulonLesAttributes", "tabulon-les", manifest),
   ].join("\n");

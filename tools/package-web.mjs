@@ -4,7 +4,7 @@
 //   dist/web/tabulon.mjs            the same to be imported
 //   dist/web/tabulon-les.js         the lesson around it, likewise whole
 //   dist/web/types/                 its types, tabulon.d.ts first
-//   dist/web/custom-elements.json   what an editor is told of it
+//   dist/web/custom-elements.json   what an editor is told of them
 //   dist/web/*.html ...             the examples; index.html is the start page
 //   dist/web/handboek/              the pictures of the handbook
 //   dist/web/pagina.js              what those pages can do, and los-bestand.js what it needs to save one as one file
@@ -17,7 +17,7 @@ import { basename, dirname, join } from "node:path";
 import { fileURLToPath } from "node:url";
 import { promisify } from "node:util";
 import * as esbuild from "esbuild";
-import { attributesOf, describeElement } from "./describe-element.mjs";
+import { attributesOf, describeElements } from "./describe-element.mjs";
 import { makePictures } from "./handbook-pictures.mjs";
 import { makeContract, namesOf } from "./make-contract.mjs";
 
@@ -172,7 +172,7 @@ async function writeTypes(outDir) {
 }
 
 async function writeDescription(made) {
-  const manifest = describeElement(await readFile(join(made, "types/element.d.ts"), "utf8"));
+  const manifest = describeElements(await readFile(join(made, "types/element.d.ts"), "utf8"));
   await writeFile(join(made, "custom-elements.json"), `${JSON.stringify(manifest, null, 2)}\n`);
   await writeFile(join(made, "types/attributes.d.ts"), attributesOf(manifest));
 }

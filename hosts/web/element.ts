@@ -447,7 +447,7 @@ declare global {
   interface HTMLElementEventMap {
     /** What went wrong where no script was asking. */
     "tabulon-error": CustomEvent<TabulonError>;
-    // What was done to the tableau, when it has been done and is seen.
+    /** What was done to the tableau, when it has been done and is seen. */
     "tabulon-change": CustomEvent<TableauChange>;
   }
 }

@@ -1,12 +1,12 @@
 // The tableau that the elements of a page share, as a script sees it: a picture of the moment, which does not change.
 export interface TableauCell {
   readonly value: number;
-  // As it is shown, with the blank of the sign's place.
+  /** As it is shown, with the blank of the sign's place. */
   readonly text: string;
 }
 
 export interface TableauRow {
-  // One for each column.
+  /** One for each column. */
   readonly cells: readonly TableauCell[];
   readonly right: TableauCell;
 }
@@ -14,7 +14,7 @@ export interface TableauRow {
 export interface TableauState {
   readonly rowF: TableauRow;
   readonly rows: readonly TableauRow[];
-  // The column of each row's basic variable, counted from 1.
+  /** The column of each row's basic variable, counted from 1. */
   readonly basis: readonly number[];
 }
 
@@ -27,19 +27,19 @@ export interface Tableau {
   readonly NrGroterGelijkVglen: number;
   readonly NrGelijkVglen: number;
   readonly BigM: number;
-  // Whether numbers are shown as fractions.
+  /** Whether numbers are shown as fractions. */
   readonly Breuken: boolean;
-  // The pivot element that was searched, null when there is none; both count from 1.
+  /** The pivot element that was searched, null when there is none; both count from 1. */
   readonly pivot: { readonly column: number; readonly row: number } | null;
   readonly columns: readonly { readonly name: string; readonly kind: VariableKind | "" }[];
   readonly current: TableauState;
-  // The first tableau of the problem, which Reset brings back.
+  /** The first tableau of the problem, which Reset brings back. */
   readonly first: TableauState;
-  // The text that Save writes; `restore` takes it.
+  /** The text that Save writes; `restore` takes it. */
   readonly saved: string;
 }
 
-// What "tabulon-change" tells.
+/** What "tabulon-change" tells. */
 export interface TableauChange {
   readonly cause:
     | "cell"
@@ -53,7 +53,7 @@ export interface TableauChange {
     | "parameters"
     | "problem"
     | "restore";
-  // Of a cell, a sweep or a normalisation; else 0. A cell's column is 0 for the right-hand side, its row 0 for row F.
+  /** Of a cell, a sweep or a normalisation; else 0. A cell's column is 0 for the right-hand side, its row 0 for row F. */
   readonly column: number;
   readonly row: number;
 }

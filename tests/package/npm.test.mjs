@@ -93,11 +93,27 @@ describe("the package", () => {
     }
   });
 
-  test("tells an editor of every attribute, property, method and event", async () => {
+  const described = (list) => list.map(({ name, description }) => (description ? name : `${name} without a word`));
+
+  // What an editor is told of an element.
+  async function toldOf(tag) {
     const { modules } = JSON.parse(await readFile(join(installed, "custom-elements.json"), "utf8"));
-    const { tagName, attributes, members, events } = modules[0].declarations.find(({ customElement }) => customElement);
-    const described = (list) => list.map(({ name, description }) => (description ? name : `${name} without a word`));
-    assert.equal(tagName, "tabulon-lpctrl");
+    const { path, declarations } = modules.find(({ exports }) => exports.some(({ name }) => name === tag));
+    return { path, ...declarations.find(({ tagName }) => tagName === tag) };
+  }
+
+  test("tells an editor of every attribute and event of the log", async () => {
+    const { path, description, attributes, members, events } = await toldOf("tabulon-les");
+    assert.ok((await readdir(installed)).includes(path));
+    assert.match(description, /^`<tabulon-les>` around a `<tabulon-lpctrl>`/);
+    assert.deepEqual(described(attributes), ["hulp", "bewaar"]);
+    assert.equal(attributes[0].type.text, '"geen"|"achteraf"|"altijd"');
+    assert.deepEqual(members, []);
+    assert.deepEqual(described(events), ["tabulon-change"]);
+  });
+
+  test("tells an editor of every attribute, property, method and event of the control", async () => {
+    const { attributes, members, events } = await toldOf("tabulon-lpctrl");
     assert.deepEqual(described(attributes), [
       ...["prmNrBeslisVar", "prmNrKleinerGelijkVglen", "prmNrGroterGelijkVglen", "prmNrGelijkVglen", "prmBigM"],
       ...[
@@ -146,6 +162,26 @@ describe("TypeScript in strict mode", () => {
       'import type {} from "tabulon/react";\nexport const e = <tabulon-lpctrl prmBigM={true} />;',
       /'true' is not assignable/,
     ],
+    "help of the log that is not there, in TSX": [
+      "four.tsx",
+      'import type {} from "tabulon/react";\nexport const e = <tabulon-les hulp="soms" />;',
+      /'"soms"' is not assignable/,
+    ],
+    "help of the log that is not there, in Vue's templates": [
+      "five.ts",
+      'import type {} from "tabulon/vue";\nimport type { GlobalComponents } from "vue";\n' +
+        'type Props = InstanceType<GlobalComponents["tabulon-les"]>["$props"];\n' +
+        'export const right: Props = { hulp: "geen", bewaar: "les 1", onTabulonChange: ({ detail }) => detail.row };\n' +
+        'export const wrong: Props = { hulp: "soms" };',
+      /^five\.ts\(5,31\): .*'"soms"' is not assignable/,
+    ],
+    "a change of a cause that is not there": [
+      "six.ts",
+      'import "tabulon/tabulon-les.js";\nimport type { Verdict } from "tabulon/tabulon-les.js";\n' +
+        "export const told = (verdict: Verdict) => verdict.sentences[0];\n" +
+        'document.querySelector("tabulon-les")?.addEventListener("tabulon-change", ({ detail }) => detail.cause === "typed");',
+      /^six\.ts\(4,\d+\): .*'"typed"' have no overlap/,
+    ],
     "a value of another type, in Vue's templates": [
       "three.ts",
       'import type {} from "tabulon/vue";\nimport type { GlobalComponents } from "vue";\n' +
@@ -165,6 +201,7 @@ describe("on a server", () => {
   test("importing it does nothing and throws nothing", async () => {
     const script =
       'const before = Object.keys(globalThis).join(); const { TabulonLPctrl, TabulonError } = await import("tabulon"); ' +
+      'await import("tabulon/tabulon-les.js"); ' +
       'if (Object.keys(globalThis).join() !== before) throw new Error("it left something behind"); ' +
       "console.log(TabulonLPctrl.version, new TabulonError(6, '').number);";
     const { code, stdout, stderr } = await run(process.execPath, ["--input-type=module", "-e", script], {
@@ -208,6 +245,20 @@ describe("a page that Vite builds", () => {
     await idle(page);
     return [await text(page, "txtRij_F", 2), await text(page, "txtTableau", 12), await text(page, "txtRL", 3)];
   };
+  // By the log, and to the page.
+  async function stepIsTold(page) {
+    await page.waitForSelector("tabulon-les >>> .title");
+    await page.click('tabulon-lpctrl >>> [data-name="cmd_Opties"]');
+    await page.click('tabulon-lpctrl >>> [data-name="mnu_Breuken"]');
+    const told = await page.waitForSelector("tabulon-les >>> li p");
+    assert.equal(await told.evaluate(({ textContent }) => textContent), "De getallen staan er nu als breuken.");
+    assert.equal(await page.title(), "fractions");
+    assert.deepEqual(await page.$$("tabulon-les >>> .log[data-hulp=achteraf]").then(({ length }) => length), 1);
+    await page.click('tabulon-lpctrl >>> [data-name="cmd_Opties"]');
+    await page.click('tabulon-lpctrl >>> [data-name="mnu_Breuken"]');
+    await idle(page);
+  }
+
   const ofTheProblem = [" -5", " 2", " 18"];
 
   test("keeps the element, which a page only names", async () => {
@@ -224,6 +275,7 @@ describe("a page that Vite builds", () => {
       const page = await built(framework);
       assert.deepEqual(await shown(page), ofTheProblem);
       assert.equal(await page.$eval("button", (button) => button.textContent), version);
+      await stepIsTold(page);
       await page.click("button");
       await page.waitForFunction(() => !document.querySelector("tabulon-lpctrl"));
       await page.click("button");

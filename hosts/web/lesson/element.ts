@@ -10,8 +10,13 @@ import { type Thinking, thinking } from "./thinking.js";
 
 const helps = ["geen", "achteraf", "altijd"];
 
+// Where a page is only written, on a server, there are no elements to be one of.
+const PageElement: typeof HTMLElement = globalThis.HTMLElement ?? class {};
+
 /**
- * `<tabulon-les>` around a `<tabulon-lpctrl>`: a log of its steps beside it.
+ * `<tabulon-les>` around a `<tabulon-lpctrl>`: each change of the tableau in a sentence, the tableaus before it, a way
+ * back and forward, and what may be asked about them. It needs `tabulon.js` and `tabulon-les.js` on its page. The events
+ * of its control pass through it; it has no methods of its own.
  *
  * @example
  * ```html
@@ -21,10 +26,14 @@ const helps = ["geen", "achteraf", "altijd"];
  * ```
  *
  * @attr {"geen"|"achteraf"|"altijd"} [hulp="altijd"] - Whether a pupil may ask nothing, about steps that were made, or
- * about the tableau that stands too.
- * @attr {string} bewaar - A name under which the log is kept over a reload.
+ * about the tableau that stands too. What is none of these is "geen".
+ * @attr {string} bewaar - A name under which the log is kept over a reload, as long as the browser's tab is open.
+ *
+ * @tag tabulon-les
+ *
+ * @fires {CustomEvent<TableauChange>} tabulon-change - Of the control within, on its way up: the tableau has changed.
  */
-export class TabulonLes extends HTMLElement {
+export class TabulonLes extends PageElement {
   static readonly observedAttributes = ["hulp"];
 
   readonly #root: ShadowRoot;

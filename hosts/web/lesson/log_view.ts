@@ -23,12 +23,13 @@ function button(name: string, words: string, press: () => void): HTMLButtonEleme
 
 const paragraphs = (sentences: readonly string[]) => sentences.map((each) => make("p", "", each));
 
-// Unfolds; what is in it is made when it is first seen.
+// Unfolds; what is in it is made in a task of its own, or at once where it is wanted before.
 function fold(words: string, contents: () => readonly Node[]): HTMLDetailsElement {
   const summary = make("summary", "", words);
   const made = make("details", "", summary);
   filling.set(made, contents);
   summary.addEventListener("click", () => fill(made));
+  setTimeout(() => fill(made));
   return made;
 }
 
@@ -63,6 +64,8 @@ export class LogView {
     const print = button("print", "Afdrukken", () => window.print());
     this.element.ariaLabel = "Logboek";
     this.#told.role = "status";
+    // What has no markers of its own is no list to some.
+    this.#list.role = "list";
     this.element.append(
       make("div", "bar", make("span", "title", "Logboek"), this.#back, this.#forward, why, print),
       this.#answer,

@@ -16,9 +16,10 @@ p { margin: 0; }
 .answer p + p { margin-top: 4px; }
 .empty, .now { margin-top: 12px; }
 .begun .empty, .paper { display: none; }
-ol { margin: 12px 0 0; padding: 0 0 0 2em; }
-li { margin: 0 0 4px; padding: 8px 0 8px 4px; border-top: 1px solid var(--line); }
-li::marker { font-variant-numeric: tabular-nums; }
+ol { margin: 12px 0 0; padding: 0; list-style: none; }
+/* Of a long log the browser lays out what is looked at alone, and shows nothing of it outside its box. */
+li { position: relative; margin: 0 0 4px; padding: 8px 4px 8px 2.5em; border-top: 1px solid var(--line); content-visibility: auto; contain-intrinsic-size: auto 9em; }
+li::before { content: attr(value) "."; position: absolute; left: 0; width: 2em; text-align: right; font-variant-numeric: tabular-nums; }
 li > p:first-child { font-weight: 600; }
 .operation, table { font-variant-numeric: tabular-nums; }
 .ask { margin-top: 8px; }
@@ -38,7 +39,7 @@ tr:nth-child(2) > * { border-bottom-width: 2px; }
   :host { display: block; }
   .bar, .ask, .copies, .empty, summary { display: none; }
   .paper { display: block; margin: 16px 0 24px; padding-bottom: 4px; border-bottom: 1px solid; }
-  li { break-inside: avoid; }
+  li { break-inside: avoid; content-visibility: visible; }
   .log { max-width: none; }
 }
 `;

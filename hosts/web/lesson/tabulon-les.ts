@@ -10,6 +10,8 @@ declare global {
   }
 }
 
-// A page may name the script twice; the first stays.
-window.tabulonLes ??= { thinking };
-if (!customElements.get("tabulon-les")) customElements.define("tabulon-les", TabulonLes);
+// A page may name the script twice; the first stays. Where there are no elements, on a server, nothing is done.
+if (globalThis.customElements) {
+  window.tabulonLes ??= { thinking };
+  if (!customElements.get("tabulon-les")) customElements.define("tabulon-les", TabulonLes);
+}

@@ -26,7 +26,7 @@ import { loadModule, type Module } from "../module.js";
 import { RecordReader } from "../record.js";
 import type { Tableau, TableauChange, TableauRow } from "../tableau.js";
 
-// A place in a problem in words and what there is to say of it; both numbers count from 1.
+/** A place in a problem in words and what there is to say of it; both numbers count from 1. */
 export interface Finding {
   readonly line: number;
   readonly column: number;
@@ -35,89 +35,89 @@ export interface Finding {
 
 export interface ProblemRow {
   readonly kind: "<=" | ">=" | "=";
-  // The teacher's name of the row, "" without one.
+  /** The teacher's name of the row, "" without one. */
   readonly label: string;
-  // As it is printed: "3x + 2y <= 18".
+  /** As it is printed: "3x + 2y <= 18". */
   readonly text: string;
-  // Whether both sides have been multiplied by -1.
+  /** Whether both sides have been multiplied by -1. */
   readonly turned: boolean;
   readonly from: { readonly line: number; readonly column: number };
 }
 
 export interface Verdict {
-  // Whether the method as the control has it ends where the truth is.
+  /** Whether the method as the control has it ends where the truth is. */
   readonly endsRight: boolean;
   readonly steps: number;
-  // The truth.
+  /** The truth. */
   readonly outcome: "optimal" | "unbounded" | "infeasible";
-  // The first says how it ends.
+  /** The first says how it ends. */
   readonly sentences: readonly string[];
 }
 
 export interface Problem {
-  // Printed; it reads back as the same problem.
+  /** Printed; it reads back as the same problem. */
   readonly text: string;
-  // What is made as large or small as possible: "F".
+  /** What is made as large or small as possible: "F". */
   readonly goal: string;
   readonly minimise: boolean;
-  // "3x + 5y"
+  /** "3x + 5y" */
   readonly objective: string;
   readonly variables: readonly string[];
-  // In the control's order.
+  /** In the control's order. */
   readonly rows: readonly ProblemRow[];
-  // The attributes of the control that shows it: prmNrBeslisVar and the others.
+  /** The attributes of the control that shows it: prmNrBeslisVar and the others. */
   readonly parameters: Readonly<Record<string, string>>;
-  // Of the tableau.
+  /** Of the tableau. */
   readonly columns: number;
   readonly verdict: Verdict;
 }
 
 export interface Reading {
-  // null when there are mistakes.
+  /** null when there are mistakes. */
   readonly problem: Problem | null;
   readonly mistakes: readonly Finding[];
-  // How something was understood that may have been meant otherwise.
+  /** How something was understood that may have been meant otherwise. */
   readonly notes: readonly Finding[];
 }
 
 export interface Judgement {
-  // null for what is no step of the pupil's: a cell, fractions, what the control did by itself.
+  /** null for what is no step of the pupil's: a cell, fractions, what the control did by itself. */
   readonly right: boolean | null;
   readonly sentences: readonly string[];
 }
 
 export interface WorkedRow {
-  // The name of its basic variable; "F" for row F.
+  /** The name of its basic variable; "F" for row F. */
   readonly basis: string;
-  // As they are shown, without the blank of the sign's place; the last is the right-hand side.
+  /** As they are shown, without the blank of the sign's place; the last is the right-hand side. */
   readonly cells: readonly string[];
 }
 
 export interface WorkedTableau {
   readonly number: number;
-  // With which the next tableau is made; both count from 1.
+  /** With which the next tableau is made; both count from 1. */
   readonly pivot: { readonly column: number; readonly row: number } | null;
-  // Row F first.
+  /** Row F first. */
   readonly rows: readonly WorkedRow[];
 }
 
 export interface WorkedOut {
-  // Of the columns: "x 1".
+  /** Of the columns: "x 1". */
   readonly names: readonly string[];
-  // At most 12; the first twice where it has artificial variables, as it is set up and with their columns swept.
+  /** At most 12; the first twice where it has artificial variables, as it is set up and with their columns swept. */
   readonly tableaus: readonly WorkedTableau[];
 }
 
 export interface Thinking {
-  // A problem as a teacher types it.
+  /** A problem as a teacher types it. */
   read(text: string): Reading;
-  // The tableaus of a problem that was read, step by step: its `text`.
+  /** The tableaus of a problem that was read, step by step: its `text`. */
   workOut(text: string): WorkedOut;
-  // What a change did, for a log.
+  /** What a change did, for a log. */
   tell(before: Tableau, after: Tableau, change: TableauChange): readonly string[];
-  // Which pivot the method takes in the tableau that stands, and why.
+  /** Which pivot the method takes in the tableau that stands, and why. */
   why(tableau: Tableau): readonly string[];
-  // Whether the change was a step that the method would make, and else what it led to.
+  /** Whether the change was a step that the method would make, and else what it led to. */
   judge(before: Tableau, after: Tableau, change: TableauChange): Judgement;
 }
 
