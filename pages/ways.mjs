@@ -1,4 +1,5 @@
 // How a teacher takes an exercise: as a link, a file, a line for a frame, HTML, or on paper.
+import { afterARest } from "./after-a-rest.mjs";
 import { fileNameOf, titleOf } from "./exercise.mjs";
 import { exercisePage, scripts, snippet } from "./exercise-view.mjs";
 import { toHash } from "./link.mjs";
@@ -10,6 +11,7 @@ const byId = (id) => document.getElementById(id);
 const longLink = 2000;
 
 let taken = null;
+let written = null; // what the fields and links hold
 
 const address = (page, hash) => new URL(page + hash, location.href).href;
 
@@ -31,25 +33,48 @@ function adviceOn(link) {
   return "";
 }
 
-// The ways to take { exercise, problem }; null: there is none to take.
-export async function offer(offered) {
-  taken = offered;
-  byId("wegen").hidden = !offered;
-  byId("nog-niet").hidden = Boolean(offered);
-  if (!offered) return;
+async function write() {
+  const offered = taken;
+  if (!offered || offered === written) return;
   const { exercise, problem } = offered;
+  const hash = await toHash(exercise);
+  if (taken !== offered) return write();
   const names = scripts(exercise).map((name) => make("code", {}, name));
   byId("ernaast").replaceChildren(...names.flatMap((name, at) => (at ? [" en ", name] : [name])));
   byId("html").value = snippet(exercise, problem);
-  const hash = await toHash(exercise);
-  if (taken !== offered) return;
   const link = address("oefening.html", hash);
   byId("link").value = link;
   byId("open").href = link;
   byId("werkblad").href = address("werkblad.html", hash);
   byId("iframe").value = frame(link, titleOf(exercise));
   byId("over-link").textContent = adviceOn(link);
+  written = offered;
 }
+
+// Not at every key.
+const writeSoon = afterARest(write);
+
+// The ways to take { exercise, problem }; null: there is none to take.
+export function offer(offered) {
+  taken = offered;
+  byId("wegen").hidden = !offered;
+  byId("nog-niet").hidden = Boolean(offered);
+  writeSoon.rest();
+}
+
+// Who comes for a way before that finds it written, and who takes one gets the newest.
+async function writeNow(event) {
+  if (written === taken) return;
+  const isTaken = event.type === "click";
+  if (isTaken) {
+    event.preventDefault();
+    event.stopPropagation();
+  }
+  await write();
+  if (isTaken) event.target.click();
+}
+
+for (const type of ["pointerover", "focusin", "click"]) byId("wegen").addEventListener(type, writeNow, true);
 
 async function save() {
   const { exercise, problem } = taken;

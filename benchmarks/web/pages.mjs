@@ -58,19 +58,39 @@ export async function launchTimed() {
   return { ...browser, openPage, visit };
 }
 
-// What the page's main thread computed between the marks while `work` ran: [{name, milliseconds}].
-export async function traced(page, work) {
-  await page.tracing.start({ categories: ["blink.user_timing"] });
+async function trace(page, categories, work) {
+  await page.tracing.start({ categories });
   await work();
   const { traceEvents } = JSON.parse(Buffer.from(await page.tracing.stop()).toString());
+  return traceEvents.sort((a, b) => a.ts - b.ts);
+}
+
+// What the page's main thread computed between the marks while `work` ran: [{name, milliseconds}].
+export async function traced(page, work) {
+  const events = await trace(page, ["blink.user_timing"], work);
   const begun = new Map();
   const found = [];
-  for (const { name, tts, pid, ts } of traceEvents.filter((event) => event.tts).sort((a, b) => a.ts - b.ts)) {
+  for (const { name, tts, pid, ts } of events.filter((event) => event.tts)) {
     const [, edge, what] = /^(begin|end) (.*)$/.exec(name) ?? [];
     if (edge === "begin") begun.set(pid + what, { tts, ts });
     if (edge === "end") found.push({ name: what, milliseconds: (tts - begun.get(pid + what).tts) / 1000 });
   }
   return found;
+}
+
+// The longest that the page's main thread computed without a pause while `work` ran, in milliseconds: for so long no key
+// would have been heard.
+export async function longestTask(page, work) {
+  const events = await trace(page, ["toplevel", "blink.user_timing"], async () => {
+    await page.evaluate(() => begin("work"));
+    await work();
+    await page.evaluate(() => end("work"));
+  });
+  const { pid, tid, ts: from } = events.find(({ name }) => name === "begin work");
+  const { ts: to } = events.find(({ name }) => name === "end work");
+  const isTask = (event) => event.pid === pid && event.tid === tid && event.name === "ThreadControllerImpl::RunTask";
+  const tasks = events.filter((event) => isTask(event) && event.tdur && event.ts >= from && event.ts < to);
+  return Math.max(...tasks.map(({ tdur }) => tdur)) / 1000;
 }
 
 export const wholePage = (body) => `<!doctype html>

@@ -28,7 +28,12 @@ async function eventually(look, wanted, what) {
 }
 
 const shown = (page, selector) => page.$eval(selector, (node) => node.textContent);
-const valueIn = (page, id) => page.$eval(`#${id}`, (node) => node.value ?? node.href);
+// Of a field, or of a way once it has been written.
+async function valueIn(page, id) {
+  const look = () => page.$eval(`#${id}`, (node) => node.value ?? node.href);
+  await eventually(async () => (await look()) !== "", true);
+  return look();
+}
 const until = (page, seen, ...given) => page.waitForFunction(seen, { timeout: 10_000, polling: "raf" }, ...given);
 
 // ---- At the maker
@@ -80,8 +85,10 @@ async function obstacles(page) {
 async function typeExercise(page, { titel, probleem }) {
   await type(page, "titel", titel);
   await type(page, "probleem", probleem);
-  const taken = async () => exerciseIn(await valueIn(page, "link"));
-  await eventually(async () => JSON.stringify(await taken()), JSON.stringify({ ...(await taken()), titel, probleem }));
+  await eventually(async () => {
+    const taken = exerciseIn(await valueIn(page, "link"));
+    return `${taken.titel}: ${taken.probleem}`;
+  }, `${titel}: ${probleem}`);
 }
 
 // ---- In the page that came out
@@ -320,8 +327,8 @@ describe("the maker", () => {
     await page.select("#hulp", "achteraf");
     await page.waitForSelector("tabulon-les tabulon-lpctrl");
     assert.equal((await solution(page)).F, 24);
-    assert.match(await valueIn(page, "html"), /tabulon-les\.js.*<tabulon-les hulp="achteraf">\s*<tabulon-lpctrl>/s);
     await eventually(async () => exerciseIn(await valueIn(page, "link")).hulp, "achteraf");
+    assert.match(await valueIn(page, "html"), /tabulon-les\.js.*<tabulon-les hulp="achteraf">\s*<tabulon-lpctrl>/s);
     await page.select("#hulp", "");
     await page.waitForFunction(() => !document.querySelector("tabulon-les"));
     assert.equal((await solution(page)).F, 24);
@@ -333,6 +340,72 @@ describe("the maker", () => {
     await until(page, () => document.querySelector("#oordeel").textContent !== "");
     assert.equal(await valueIn(page, "titel"), "Wél bewaard");
     assert.equal(await valueIn(page, "probleem"), "max F = x\nx <= 3");
+  });
+
+  test("has its draft again after a reload that comes with the last key", async () => {
+    await type(page, "titel", "Net op tij");
+    await page.keyboard.press("d");
+    await page.reload();
+    await until(page, () => document.querySelector("#oordeel").textContent !== "");
+    assert.equal(await valueIn(page, "titel"), "Net op tijd");
+    await typeExercise(page, { titel: "Wél bewaard", probleem: "max F = x\nx <= 3" });
+  });
+
+  test("writes the ways once, when the teacher rests", async () => {
+    const written = await page.evaluate(async () => {
+      let count = 0;
+      const link = document.getElementById("open");
+      const before = link.href;
+      new MutationObserver((changes) => (count += changes.length)).observe(link, { attributeFilter: ["href"] });
+      const title = document.getElementById("titel");
+      for (const letter of "Tien tekens") {
+        title.value += letter;
+        title.dispatchEvent(new Event("input", { bubbles: true }));
+      }
+      while (link.href === before) await new Promise((resume) => setTimeout(resume, 10));
+      return count;
+    });
+    assert.equal(written, 1);
+    assert.equal(exerciseIn(await valueIn(page, "link")).titel, "Wél bewaardTien tekens");
+    await type(page, "titel", "Wél bewaard");
+  });
+
+  // Types, and takes a way in the same turn, as no hand can; what is then taken.
+  const takenAtOnce = (id, title) =>
+    page.evaluate(
+      (way, words) =>
+        new Promise((resolve) => {
+          document.getElementById("titel").value = words;
+          document.getElementById("titel").dispatchEvent(new Event("input", { bubbles: true }));
+          const link = document.getElementById(way);
+          link.addEventListener(
+            "click",
+            (event) => {
+              event.preventDefault();
+              resolve(link.href);
+            },
+            { once: true },
+          );
+          link.click();
+        }),
+      id,
+      title,
+    );
+
+  for (const way of ["open", "werkblad"])
+    test(`has the newest exercise behind "${way}", however soon after a key it is taken`, async () => {
+      assert.equal(exerciseIn(await takenAtOnce(way, `Snel naar ${way}`)).titel, `Snel naar ${way}`);
+      assert.equal(exerciseIn(await takenAtOnce(way, "Wél bewaard")).titel, "Wél bewaard");
+    });
+
+  test("copies the newest exercise, however soon after a key", async () => {
+    await browser.browser.defaultBrowserContext().overridePermissions(browser.origin, ["clipboard-read"]);
+    for (const titel of ["Vlug gekopieerd", "Wél bewaard"]) {
+      await type(page, "titel", titel);
+      await page.$eval('[data-kopieer="link"]', (button) => button.click());
+      const copied = async () => exerciseIn(await page.evaluate(() => navigator.clipboard.readText()))?.titel;
+      await eventually(copied, titel);
+    }
   });
 
   test("copies, where a page has a clipboard and where it has none", async () => {
