@@ -57,6 +57,11 @@ const sweepDialog = (column, row) => [
 ];
 const sweep = (column, row) => [...sweepDialog(column, row), click("OKButton")];
 
+// Of the log, which then stands around the tableau.
+const inLog = (selector) => (page) => page.click(`tabulon-les >>> ${selector}`);
+
+const usualHeight = 312;
+// A problem, what is done with it, and the height of a picture with the log below the tableau.
 const pictures = {
   tableau: [furniture, []],
   menu: [furniture, [click("cmd_Bewerken")]],
@@ -75,6 +80,7 @@ const pictures = {
   "big-m": [feed, []],
   grafiek: [ice, [...sweep(1, 3), ...choose("cmd_Opties", "mnu_Grafiek")]],
   nieuw: [furniture, [click("cmd_Bestand"), click("mnu_Nieuw"), click("mnu_Nieuw_Big_M")]],
+  logboek: [furniture, [...sweep(2, 3), inLog(".judge")], 720],
   invoerfout: [furniture, [click("txtTableau", 1), type("1,5"), press("Enter")]],
 };
 
@@ -98,18 +104,27 @@ async function steady(look) {
   }
 }
 
-async function take(page, [problem, steps]) {
-  await page.evaluate((given) => {
-    const element = document.createElement("tabulon-lpctrl");
-    for (const [name, value] of Object.entries(given)) element.setAttribute(name, value);
-    document.body.replaceChildren(element);
-  }, attributes(problem));
+async function take(page, [problem, steps, withLog]) {
+  const height = withLog ?? usualHeight;
+  await page.setViewport({ width: 640, height: height + 28, deviceScaleFactor: scale });
+  await page.evaluate(
+    (given, around) => {
+      const element = document.createElement("tabulon-lpctrl");
+      for (const [name, value] of Object.entries(given)) element.setAttribute(name, value);
+      const place = document.createElement(around);
+      place.append(element);
+      document.body.replaceChildren(place);
+    },
+    attributes(problem),
+    withLog ? "tabulon-les" : "div",
+  );
   await idle(page);
+  if (withLog) await page.waitForSelector("tabulon-les >>> .log");
   for (const step of steps) {
     await step(page);
     await idle(page);
   }
-  return steady(() => page.screenshot({ clip: { x: 8, y: 8, width: 616, height: 312 } }));
+  return steady(() => page.screenshot({ clip: { x: 8, y: 8, width: 616, height } }));
 }
 
 async function takeAll(web, executablePath) {
@@ -120,11 +135,11 @@ async function takeAll(web, executablePath) {
     const blank = join(place, "leeg.html");
     await writeFile(
       blank,
-      '<!doctype html><html lang="nl"><style>body { margin: 16px }</style><script src="../tabulon.js"></script><body>',
+      '<!doctype html><html lang="nl"><style>body { margin: 16px; font: 16px sans-serif }</style>' +
+        '<script src="../tabulon.js"></script><script src="../tabulon-les.js"></script><body>',
     );
     for (const [name, picture] of Object.entries(pictures)) {
       const page = await browser.newPage();
-      await page.setViewport({ width: 640, height: 340, deviceScaleFactor: scale });
       await page.goto(pathToFileURL(blank).href);
       await writeFile(join(place, `${name}.png`), await take(page, picture));
       await page.close();
@@ -137,7 +152,8 @@ async function takeAll(web, executablePath) {
 
 export async function makePictures(web) {
   const hash = createHash("sha256");
-  for (const file of [join(web, "tabulon.js"), fileURLToPath(import.meta.url)]) hash.update(await readFile(file));
+  const made = ["tabulon.js", "tabulon-les.js"].map((name) => join(web, name));
+  for (const file of [...made, fileURLToPath(import.meta.url)]) hash.update(await readFile(file));
   const sum = hash.digest("hex");
   const stamp = join(kept, "made-of");
   if (existsSync(stamp) && (await readFile(stamp, "utf8")) === sum) {

@@ -525,6 +525,67 @@ const faults = {
   "de plaats van tabulon.js": undefined, // below
 };
 
+// ---- The log
+
+describe("the log", () => {
+  const inLog = (selector) => `tabulon-les >>> ${selector}`;
+  const seen = (page, selector) =>
+    page.evaluate(
+      (part) =>
+        [...document.querySelector("tabulon-les").shadowRoot.querySelectorAll(part)]
+          .filter((node) => node.checkVisibility())
+          .map(({ textContent }) => textContent.replaceAll("\u00a0", " ")),
+      selector,
+    );
+  const withLog = (attributes) => `<script src="tabulon-les.js"></script>
+    <tabulon-les ${attributes}>${problem(furniture)}</tabulon-les>`;
+
+  async function sweep(page) {
+    await page.waitForSelector(inLog(".title"));
+    await choose(page, "cmd_Bewerken", "mnu_Kolommen_vegen");
+    await page.click(control("OKButton"));
+    await page.waitForSelector(inLog("li"));
+    await idle(page);
+  }
+
+  test("has the buttons of its table, and a picture of what they tell", () =>
+    withPage(withLog(""), async (page) => {
+      await sweep(page);
+      await page.click(inLog("li summary"));
+      await page.waitForSelector(inLog(".latex"));
+      const told = (await rowsOf("#logboek-knoppen")).map(([name]) => name);
+      assert.deepEqual([...new Set(await seen(page, "button"))].sort(), told.sort());
+      assert.ok(await handbook.$('img[src="handboek/logboek.png"]'));
+    }));
+
+  test("of its example keeps its steps over a reload, and helps afterwards", async () => {
+    const head = '<!doctype html><html lang="nl"><meta charset="utf-8"><link rel="icon" href="data:,">';
+    await withPage(head + (await listing("logboek-voorbeeld")), async (page) => {
+      await sweep(page);
+      const steps = await seen(page, "li > p");
+      await page.reload();
+      await page.waitForSelector(inLog("li"));
+      assert.deepEqual(await seen(page, "li > p"), steps);
+      assert.deepEqual(await seen(page, ".why, .judge"), ["Klopt het?", "Waarom?"]);
+    });
+  });
+
+  test("gives the help of its table", async () => {
+    const rows = await rowsOf("#logboek-hulp");
+    const words = (cell) => (cell === "niets" ? [] : cell.split(", "));
+    for (const [help, before, behind] of [...rows, ["", ...rows[2].slice(1)]])
+      await withPage(withLog(`hulp="${help}"`), async (page) => {
+        await sweep(page);
+        assert.deepEqual(await seen(page, ".bar .why"), words(before), help);
+        assert.deepEqual(await seen(page, ".ask button"), words(behind), help);
+      });
+    await withPage(withLog(""), async (page) => {
+      await sweep(page);
+      assert.deepEqual(await seen(page, ".why, .judge"), ["Waarom?", "Klopt het?", "Waarom?"]);
+    });
+  });
+});
+
 describe("what goes wrong", () => {
   test("is all tried", async () => {
     assert.deepEqual(

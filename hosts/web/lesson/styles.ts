@@ -18,8 +18,8 @@ p { margin: 0; }
 .begun .empty, .paper { display: none; }
 ol { margin: 12px 0 0; padding: 0; list-style: none; }
 /* Of a long log the browser lays out what is looked at alone, and shows nothing of it outside its box. */
-li { position: relative; margin: 0 0 4px; padding: 8px 4px 8px 2.5em; border-top: 1px solid var(--line); content-visibility: auto; contain-intrinsic-size: auto 9em; }
-li::before { content: attr(value) "."; position: absolute; left: 0; width: 2em; text-align: right; font-variant-numeric: tabular-nums; }
+li { position: relative; margin: 0 0 4px; padding: 8px 4px 8px 2.2em; border-top: 1px solid var(--line); content-visibility: auto; contain-intrinsic-size: auto 9em; }
+li::before { content: attr(value) "."; position: absolute; left: 0; width: 1.8em; text-align: right; font-variant-numeric: tabular-nums; }
 li > p:first-child { font-weight: 600; }
 .operation, table { font-variant-numeric: tabular-nums; }
 .ask { margin-top: 8px; }
@@ -33,6 +33,7 @@ tr:nth-child(2) > * { border-bottom-width: 2px; }
 .pivot { outline: 2px solid #c98a00; outline-offset: -2px; background: rgb(255 196 0 / 25%); }
 .told { position: absolute; width: 1px; height: 1px; overflow: clip; clip-path: inset(50%); white-space: nowrap; }
 .log:not([data-hulp="altijd"]) .ahead, .log[data-hulp="geen"] :is(.ask, .answer) { display: none; }
+@media (max-width: 480px) { th, td { padding: 2px 5px; } }
 @media (pointer: coarse) { button { min-height: 44px; } summary { padding: 11px 0; } }
 @media (forced-colors: active) { .pivot { outline-color: Highlight; } button[aria-disabled] { color: GrayText; opacity: 1; } }
 @media print {
