@@ -477,6 +477,8 @@ describe("a pupil", () => {
     await page.emulateMediaType("print");
     await page.evaluate(() => dispatchEvent(new Event("beforeprint")));
     assert.deepEqual(await seen("button, summary"), []);
+    const skipping = (all) => all.map((each) => getComputedStyle(each).contentVisibility);
+    assert.deepEqual(await page.$$eval(inLesson("li"), skipping), ["visible", "visible"]);
     assert.deepEqual(await steps(), ["x 2 komt in de basis, x 5 gaat eruit.", "x 1 komt in de basis, x 3 gaat eruit."]);
     assert.deepEqual(await seen("caption"), [
       "1-e Simplex-tableau, pivot in rij 3, kolom x 2",
@@ -487,6 +489,18 @@ describe("a pupil", () => {
     await page.emulateMediaType("screen");
     assert.deepEqual(await seen("caption"), []);
     assert.equal((await steps())[0], "x 1 komt in de basis, x 3 gaat eruit.");
+  });
+
+  test("is told a step before the tableau that was there is made, which waits for nobody to unfold it", async () => {
+    await open(browser);
+    await page.evaluate(() => {
+      const figures = () => document.querySelector("tabulon-les").shadowRoot.querySelectorAll("li .figure").length;
+      document.addEventListener("tabulon-change", () => (globalThis.made = [figures()]));
+      globalThis.figures = figures;
+    });
+    await sweep(2, 2);
+    await eventually(() => page.evaluate(() => [...globalThis.made, globalThis.figures()]), [0, 1]);
+    assert.deepEqual(await seen("caption"), []);
   });
 
   test("pastes a tableau into a word processor as a table", async () => {
