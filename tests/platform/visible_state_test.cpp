@@ -7,16 +7,21 @@
 namespace tabulon::platform {
 namespace {
 
-TEST(VisibleState, AMenuShowsItsVisibleItemsAndWhereItLies) {
+TEST(VisibleState, OpenMenusShowTheirVisibleItemsAndTheFirstWhereItLies) {
   HeadlessHost host;
   Sheet sheet(host.desk());
   Menu menu(sheet, "menu", "&Menu");
-  Menu shown(sheet, "shown", "&Openen", &menu), hidden(sheet, "hidden", "&Sluiten", &menu);
+  Menu further(sheet, "further", "&Nieuw", &menu), item(sheet, "item", "&Leeg", &further);
+  Menu hidden(sheet, "hidden", "&Sluiten", &menu);
   hidden.set_visible(false);
   sheet.when_clicked = [&](Control&) -> Task<> { co_await host.desk().show_menu(menu, 120, 285); };
   host.desk().click(sheet.go);
+  host.desk().menu_point_at(further);
   const std::string seen = visible_state(host, sheet);
-  EXPECT_TRUE(seen.ends_with("menu menu at 8,19\n  shown \"Openen\"\n")) << seen;
+  EXPECT_TRUE(
+      seen.ends_with("menu menu at 8,19\n  further \"Nieuw\" submenu highlighted\n"
+                     "menu further\n  item \"Leeg\"\n"))
+      << seen;
 }
 
 TEST(VisibleState, ALineIsSeenUnlessItBeginsWhereItEnds) {
