@@ -141,7 +141,7 @@ Task<> LPctrl::on_got_focus(Control& control) {
 
 Task<> LPctrl::on_lost_focus(Control& control) {
   if (const auto cell = grid_.cell_of(&control)) keyboard_.cell_lost_focus(*cell);
-  co_return;
+  return {};
 }
 
 Task<> LPctrl::on_validate(Control& control, bool& refused) {
@@ -169,7 +169,7 @@ Task<> LPctrl::UserControl_EnterFocus() {
 Task<> LPctrl::on_exit() {
   resting_.KleurFrameHead(0);
   cells_.control_left(active());
-  co_return;
+  return {};
 }
 
 }  // namespace tabulon

@@ -120,40 +120,40 @@ Task<> Surface::default_key(KeyPress press, bool& used) {
 }
 
 Task<> Surface::on_click(Control&) {
-  co_return;
+  return {};
 }
 Task<> Surface::on_surface_click() {
-  co_return;
+  return {};
 }
 void Surface::on_change(Control&) {}
 Task<> Surface::on_scroll(ScrollBar&) {
-  co_return;
+  return {};
 }
 Task<> Surface::on_got_focus(Control&) {
-  co_return;
+  return {};
 }
 Task<> Surface::on_lost_focus(Control&) {
-  co_return;
+  return {};
 }
 Task<> Surface::on_validate(Control&, bool&) {
-  co_return;
+  return {};
 }
 Task<> Surface::on_key_down(KeyPress&, bool&) {
-  co_return;
+  return {};
 }
 Task<> Surface::on_pointer(Control&, Pointer) {
-  co_return;
+  return {};
 }
 Task<> Surface::on_enter() {
-  co_return;
+  return {};
 }
 Task<> Surface::on_exit() {
-  co_return;
+  return {};
 }
 
 Task<> Surface::on_failure(const RunTimeError& error) {
   report(error);
-  co_return;
+  return {};
 }
 
 void Form::set_caption(std::string_view caption) {
@@ -172,7 +172,7 @@ Point Form::place() const {
 }
 
 Task<> Form::on_activate() {
-  co_return;
+  return {};
 }
 
 void Form::update() {

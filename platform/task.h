@@ -9,6 +9,8 @@
 // waits only at a Completion, which a host completes when the person (or the clock) has answered.
 // Destroying a task that waits destroys the tasks that it waits for, and forgets the completion.
 //
+// A handler that never waits need be no coroutine: it does its work and returns {}, a task that has ended.
+//
 // A task that ends without waiting never suspends the one that awaits it, so a loop may await any number
 // of such tasks in constant stack, also where the compiler has no tail calls (WebAssembly).
 #pragma once
@@ -16,6 +18,7 @@
 #include <coroutine>
 #include <cstdlib>
 #include <optional>
+#include <type_traits>
 #include <utility>
 
 namespace tabulon::platform {
@@ -25,38 +28,36 @@ class Task;
 
 namespace detail {
 
+// What every task has, whatever it results in.
 struct PromiseBase {
-  struct Finish {
-    bool await_ready() const noexcept { return false; }
-    template <class Promise>
-    void await_suspend(std::coroutine_handle<Promise> self) noexcept {
-      PromiseBase& promise = self.promise();
-      if (promise.awaited_by && !promise.inside_await) promise.awaited_by.resume();
-    }
-    void await_resume() const noexcept {}
-  };
-
   std::suspend_always initial_suspend() const noexcept { return {}; }
-  Finish final_suspend() const noexcept { return {}; }
+  std::suspend_always final_suspend() const noexcept { return {}; }
   [[noreturn]] void unhandled_exception() const noexcept { std::abort(); }
 
-  std::coroutine_handle<> awaited_by{};
-  bool inside_await = false;  // the awaiting task has not left its co_await yet
+  std::coroutine_handle<> self;
+  PromiseBase* awaited_by = nullptr;
 };
+
+// Goes on with a task that has waited, and where that ends it, with the one that awaits it.
+inline void go_on(PromiseBase* task) {
+  for (; task; task = task->awaited_by) {
+    task->self.resume();
+    if (!task->self.done()) return;
+  }
+}
 
 template <class T>
 struct Promise : PromiseBase {
   Task<T> get_return_object();
-  void return_value(T value) { result.emplace(std::move(value)); }
-  T take() { return std::move(*result); }
-  std::optional<T> result;
+  void return_value(T value) { result = std::move(value); }
+  T take() { return std::move(result); }
+  T result{};
 };
 
 template <>
 struct Promise<void> : PromiseBase {
   Task<void> get_return_object();
   void return_void() const noexcept {}
-  void take() const noexcept {}
 };
 
 }  // namespace detail
@@ -65,57 +66,60 @@ template <class T = void>
 class [[nodiscard]] Task {
  public:
   using promise_type = detail::Promise<T>;
-  using Handle = std::coroutine_handle<promise_type>;
 
-  Task() = default;
-  explicit Task(Handle handle) : handle_(handle) {}
-  Task(Task&& other) noexcept : handle_(std::exchange(other.handle_, {})) {}
+  Task() = default;  // has ended
+  explicit Task(promise_type& promise) : promise_(&promise) {
+    promise.self = std::coroutine_handle<promise_type>::from_promise(promise);
+  }
+  Task(Task&& other) noexcept : promise_(std::exchange(other.promise_, nullptr)) {}
   Task& operator=(Task&& other) noexcept {
     if (this != &other) {
       destroy();
-      handle_ = std::exchange(other.handle_, {});
+      promise_ = std::exchange(other.promise_, nullptr);
     }
     return *this;
   }
   ~Task() { destroy(); }
 
   // Runs the task up to its first wait. Call it once, on a task that nobody awaits.
-  void start() { handle_.resume(); }
-  bool done() const { return !handle_ || handle_.done(); }
-  // The value of a task that is done.
-  T result() { return handle_.promise().take(); }
-
-  auto operator co_await() && noexcept {
-    struct Awaiter {
-      Handle child;
-      bool await_ready() const noexcept { return child.done(); }
-      // Not inlined, and neither is `destroy`: there is a copy at every co_await else.
-      [[gnu::noinline]] bool await_suspend(std::coroutine_handle<> parent) const noexcept {
-        child.promise().awaited_by = parent;
-        child.promise().inside_await = true;
-        child.resume();
-        child.promise().inside_await = false;
-        return !child.done();
-      }
-      T await_resume() const { return child.promise().take(); }
-    };
-    return Awaiter{handle_};
+  void start() {
+    if (promise_) promise_->self.resume();
   }
+  bool done() const { return !promise_ || promise_->self.done(); }
+  // The value of a task that is done.
+  T result() {
+    if constexpr (!std::is_void_v<T>) return promise_->take();
+  }
+
+  // To be awaited, which starts it.
+  bool await_ready() const noexcept { return false; }
+  template <class Parent>
+  bool await_suspend(std::coroutine_handle<Parent> parent) noexcept {
+    return waits(parent.promise());
+  }
+  T await_resume() { return result(); }
 
  private:
+  // Not inlined, and neither is `destroy`: there is a copy at every co_await else.
+  [[gnu::noinline]] bool waits(detail::PromiseBase& parent) noexcept {
+    if (done()) return false;
+    promise_->awaited_by = &parent;
+    start();
+    return !done();
+  }
   [[gnu::noinline]] void destroy() {
-    if (handle_) std::exchange(handle_, {}).destroy();
+    if (promise_) std::exchange(promise_, nullptr)->self.destroy();
   }
 
-  Handle handle_{};
+  promise_type* promise_ = nullptr;
 };
 
 template <class T>
 Task<T> detail::Promise<T>::get_return_object() {
-  return Task<T>(Task<T>::Handle::from_promise(*this));
+  return Task<T>(*this);
 }
 inline Task<void> detail::Promise<void>::get_return_object() {
-  return Task<void>(Task<void>::Handle::from_promise(*this));
+  return Task<void>(*this);
 }
 
 // A one-shot wait: one task awaits it, the host completes it. Completing before the await is fine.
@@ -128,26 +132,33 @@ class Completion {
 
   void complete(T value) {
     value_.emplace(std::move(value));
-    if (auto waiting = std::exchange(waiting_, {})) waiting.resume();
+    if (auto* const waiting = std::exchange(waiting_, nullptr)) detail::go_on(waiting);
   }
   bool completed() const { return value_.has_value(); }
 
-  auto operator co_await() noexcept {
-    struct Awaiter {
-      explicit Awaiter(Completion& source) : completion(source) {}
-      Awaiter(const Awaiter&) = delete;
-      ~Awaiter() { completion.waiting_ = {}; }
-      bool await_ready() const noexcept { return completion.completed(); }
-      void await_suspend(std::coroutine_handle<> task) noexcept { completion.waiting_ = task; }
-      T await_resume() { return std::move(*completion.value_); }
-      Completion& completion;
-    };
-    return Awaiter{*this};
-  }
+  auto operator co_await() noexcept { return Awaiter(*this); }
 
  private:
-  std::coroutine_handle<> waiting_{};
+  class Awaiter;
+  detail::PromiseBase* waiting_ = nullptr;
   std::optional<T> value_;
+};
+
+template <class T>
+class Completion<T>::Awaiter {
+ public:
+  explicit Awaiter(Completion& completion) : completion_(completion) {}
+  Awaiter(const Awaiter&) = delete;
+  ~Awaiter() { completion_.waiting_ = nullptr; }
+  bool await_ready() const noexcept { return completion_.completed(); }
+  template <class Promise>
+  void await_suspend(std::coroutine_handle<Promise> task) noexcept {
+    completion_.waiting_ = &task.promise();
+  }
+  T await_resume() { return std::move(*completion_.value_); }
+
+ private:
+  Completion& completion_;
 };
 
 }  // namespace tabulon::platform

@@ -23,7 +23,7 @@ Task<> FocusForm::on_activate() {
 
 Task<> FocusForm::on_click(platform::Control& control) {
   if (control.kind() == platform::Kind::CommandButton) unload();
-  co_return;
+  return {};
 }
 
 void FocusForm::on_change(platform::Control& control) {

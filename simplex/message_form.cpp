@@ -152,12 +152,12 @@ void MessageForm::add_lines() {
 
 platform::Task<> MessageForm::on_activate() {
   design_.fill(*this, model_);
-  co_return;
+  return {};
 }
 
 platform::Task<> MessageForm::on_click(platform::Control& control) {
   if (&control == &cmdOK) unload();
-  co_return;
+  return {};
 }
 
 }  // namespace tabulon

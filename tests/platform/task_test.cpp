@@ -152,6 +152,23 @@ TEST(Task, AwaitingATaskThatHasEndedGivesItsValue) {
   EXPECT_EQ(task.result(), 1);
 }
 
+TEST(Task, OneThatIsMadeOfNothingHasEnded) {
+  const auto nothing = []() -> Task<> { return {}; };
+  bool went_on = false;
+  const auto wait = [&nothing](bool& on) -> Task<> {
+    co_await nothing();
+    on = true;
+  };
+  Task<> ended = nothing();
+  EXPECT_TRUE(ended.done());
+  ended.start();
+  EXPECT_TRUE(ended.done());
+  Task<> task = wait(went_on);
+  task.start();
+  EXPECT_TRUE(task.done());
+  EXPECT_TRUE(went_on);
+}
+
 TEST(Task, DestroyingATaskThatWaitsDestroysWhatItWaitsFor) {
   int destroyed = 0;
   Completion<int> answer;
