@@ -89,7 +89,7 @@ class CellRow {
   void change_and_rewrite(int columns, bool fractions, Operation operation);
 
   // Inline, and in pairs as every processor has them: nearly all of the time of a sweep is spent here.
-  void add_values(double factor, const CellRow& other, int columns) {
+  [[gnu::always_inline]] void add_values(double factor, const CellRow& other, int columns) {
     const double* __restrict from = other.values_.data();
     double* __restrict to = values_.data();
     int at = 0;

@@ -53,7 +53,8 @@ class Walk {
            distance * (1 + rounding) < (steps + 1) * step;
   }
 
-  void jump(double steps) {
+  // Searches are made of these; inlined also where the compiler counts bytes.
+  [[gnu::always_inline]] void jump(double steps) {
     Fraction& bound = bounds_[mover_];
     const Fraction& towards = bounds_[1 - mover_];
     bound.p += steps * towards.p;
@@ -79,15 +80,18 @@ void write_sign(bool negative, TextBuffer& text) {
   text.append(negative ? '-' : ' ');
 }
 
-// What the text of a whole number reads back as: from 1E15 on it shows 15 digits of it.
-double as_written(double whole) {
-  constexpr double first_rounded = 1e15;
-  if (whole < first_rounded) return whole;
+double read_back(double whole) {
   TextBuffer text;
   write_magnitude(whole, text);
   const double value = Val(text.view());
   const bool too_large = value == std::numeric_limits<double>::max();  // rounded up beyond every Double
   return too_large ? whole : value;
+}
+
+// What the text of a whole number reads back as: from 1E15 on it shows 15 digits of it.
+double as_written(double whole) {
+  constexpr double first_rounded = 1e15;
+  return whole < first_rounded ? whole : read_back(whole);
 }
 
 // A number taken apart: what is left to be found between 0 and 1, if the number is not whole within the
@@ -98,7 +102,7 @@ struct Parts {
   double tolerance;
   bool is_whole = false;
 
-  explicit Parts(double number)
+  [[gnu::always_inline]] explicit Parts(double number)
       : whole(whole_part(std::fabs(number))),
         part(std::fabs(number) - whole),
         tolerance(tolerance_for(std::fabs(number))) {
