@@ -100,4 +100,14 @@ Menu::Menu(ControlOwner& owner, std::string_view name, std::string_view caption,
   if (parent) parent->items_.push_back(this);
 }
 
+std::size_t OwnedControls::find(const Control* control) const {
+  std::size_t place = 0;
+  while (place < size() && &at(place) != control) ++place;
+  return place;
+}
+
+Control& OwnedControls::own(std::unique_ptr<Control> control) {
+  return *controls_.emplace_back(std::move(control));
+}
+
 }  // namespace tabulon::platform

@@ -316,25 +316,30 @@ class Menu : public Control {
   bool checkable_ = false, checked_ = false;
 };
 
+// What ControlList is for controls of every kind, made once.
+class OwnedControls {
+ public:
+  std::size_t size() const { return controls_.size(); }
+  // The place of a control; `size()` for any other.
+  std::size_t find(const Control* control) const;
+
+ protected:
+  Control& own(std::unique_ptr<Control> control);
+  Control& at(std::size_t place) const { return *controls_[place]; }
+
+ private:
+  std::vector<std::unique_ptr<Control>> controls_;
+};
+
 // Controls that a table describes, in its order:  ControlList<Label> labels;  labels.add(form, "lblTitle");
 template <class C>
-class ControlList {
+class ControlList : public OwnedControls {
  public:
   template <class... Arguments>
   C& add(Arguments&&... arguments) {
-    return *controls_.emplace_back(std::make_unique<C>(std::forward<Arguments>(arguments)...));
+    return static_cast<C&>(own(std::make_unique<C>(std::forward<Arguments>(arguments)...)));
   }
-  std::size_t size() const { return controls_.size(); }
-  C& operator[](std::size_t at) const { return *controls_[at]; }
-  // The place of a control; `size()` for any other.
-  std::size_t find(const Control* control) const {
-    std::size_t at = 0;
-    while (at < size() && controls_[at].get() != control) ++at;
-    return at;
-  }
-
- private:
-  std::vector<std::unique_ptr<C>> controls_;
+  C& operator[](std::size_t place) const { return static_cast<C&>(at(place)); }
 };
 
 // A control array, indexed from 1:  ControlArray<TextBox, 35> txtTableau{*this, "txtTableau"};

@@ -79,7 +79,7 @@ const embedWasm = (contents) => ({
 // Without what a style sheet needs for people alone; its values in ${} stay as they are.
 const minifiedCss = (css) =>
   css
-    .replace(/\/\*.*\*\//g, "")
+    .replace(/\/\*.*?\*\//gs, "")
     .replace(/(\$\{[^}]*\})|\s*([{};,])\s*/g, (_, value, sign) => value ?? sign)
     .replace(/([\w-]): /g, "$1:")
     .replace(/ (!important)/g, "$1")
