@@ -35,6 +35,13 @@ target_compile_options(tabulon_options INTERFACE
   -fno-rtti
   "SHELL:-Xclang -fno-pch-timestamp")
 
+# A module is linked whole: which classes there are is known then, so a virtual function that nobody can call is left
+# out, and one that a single class has is called as itself.
+if(TABULON_WEB)
+  target_compile_options(tabulon_options INTERFACE
+    -fvisibility=hidden -fwhole-program-vtables -fvirtual-function-elimination)
+endif()
+
 # What 32-bit programs compute with otherwise has more digits than a Double, or fewer, as the program around it says.
 if(CMAKE_SIZEOF_VOID_P EQUAL 4 AND NOT TABULON_WEB)
   target_compile_options(tabulon_options INTERFACE -msse2 -mfpmath=sse)

@@ -21,7 +21,8 @@ function(tabulon_wasm target name)
   endif()
   # They define what the C library is linked to, and the libraries they stand in for are no LTO objects. They are few
   # bytes, and much is done in them.
-  set_source_files_properties(${stand_ins} PROPERTIES COMPILE_OPTIONS "-fno-lto;-O2")
+  set(not_linked_whole -fno-lto -fno-whole-program-vtables -fno-virtual-function-elimination)
+  set_source_files_properties(${stand_ins} PROPERTIES COMPILE_OPTIONS "${not_linked_whole};-O2")
 
   add_executable(${target} ${WASM_UNPARSED_ARGUMENTS} ${stand_ins})
   set_target_properties(${target} PROPERTIES OUTPUT_NAME ${name} SUFFIX .wasm)
