@@ -18,6 +18,7 @@ TEST(VisibleState, OpenMenusShowTheirVisibleItemsAndTheFirstWhereItLies) {
   host.desk().click(sheet.go);
   host.desk().menu_point_at(further);
   const std::string seen = visible_state(host, sheet);
+  host.desk().menu_dismiss();
   EXPECT_TRUE(
       seen.ends_with("menu menu at 8,19\n  further \"Nieuw\" submenu highlighted\n"
                      "menu further\n  item \"Leeg\"\n"))
