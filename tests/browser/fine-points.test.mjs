@@ -226,6 +226,16 @@ test("a clock set back while a second is counted leaves a page that lives, and a
   assert.deepEqual(noise(page), []);
 });
 
+test("Alt and a letter that it turns into a sign, as on a Mac, is that letter", async () => {
+  await open(problem(twoProducts));
+  await page.click(control("txtTableau", 1));
+  await page.evaluate(() => {
+    const pressed = { key: "\u222B", code: "KeyB", altKey: true, bubbles: true, composed: true, cancelable: true };
+    LPctrl1.shadowRoot.activeElement.dispatchEvent(new KeyboardEvent("keydown", pressed));
+  });
+  await until('root.querySelector("[data-name=mnu_Openen]")');
+});
+
 test("of a caption the first letter behind a single & is its key, and no other & is lost or shown", async () => {
   const code = await scriptOf('export { parseCaption, plainCaption } from "./hosts/web/captions.ts";', "Captions");
   const { parseCaption, plainCaption } = new Function(`${code}; return Captions;`)();
