@@ -158,8 +158,9 @@ bool Desk::click(Control& control) {
   return start_event(control.surface(), control.surface().clicked(control)) != Outcome::Dropped;
 }
 
+// A handler that is no coroutine runs as soon as it is called.
 bool Desk::click(Surface& surface) {
-  return start_event(surface, surface.on_surface_click()) != Outcome::Dropped;
+  return accepts(surface) && start_event(surface, surface.on_surface_click()) != Outcome::Dropped;
 }
 
 bool Desk::type(TextBox& box, std::string text) {
@@ -175,7 +176,8 @@ bool Desk::scroll(ScrollBar& bar, int value, bool dragging) {
 }
 
 bool Desk::pointer(Control& control, const Pointer& pointer) {
-  return start_event(control.surface(), control.surface().on_pointer(control, pointer)) != Outcome::Dropped;
+  Surface& surface = control.surface();
+  return accepts(surface) && start_event(surface, surface.on_pointer(control, pointer)) != Outcome::Dropped;
 }
 
 // Entering and leaving are facts, not wishes: they are noted even while a handler runs.

@@ -37,7 +37,7 @@ class Noting : public Base {
   }
   Task<> on_surface_click() override {
     log_.emplace_back("Click");
-    co_return;
+    return {};
   }
   void on_change(Control& control) override {
     note("Change", control);
@@ -65,7 +65,7 @@ class Noting : public Base {
   Task<> on_pointer(Control& control, Pointer pointer) override {
     static constexpr const char* actions[] = {"Down", "Move", "Up", "Lost"};
     note(actions[static_cast<int>(pointer.action)], control);
-    co_return;
+    return {};
   }
   Task<> on_enter() override {
     log_.emplace_back("Enter");
