@@ -226,7 +226,7 @@ const changes = {
     ["if (!event.repeat) this.#keyPressedOn = onTop;", "this.#keyPressedOn = onTop;"],
     ["if (node.value !== control.text) node.value = control.text;", ""],
     ["* this.#steps) * direction;", "* this.#steps) * -direction;"],
-    ["this.#handles.delete(name);", ""],
+    ["this.#handles.clear();", ""],
     ['error.name === "AbortError"', 'error.name !== "AbortError"'],
     ['raster === Raster.And ? "multiply" : "source-over"', '"source-over"'],
     ["if (byte > 127)", "if (byte > 255)"],

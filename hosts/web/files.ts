@@ -64,7 +64,8 @@ export class Files {
     return name ?? fileName;
   }
 
-  // What the person has picked was for the answer to one question.
+  // What the person has picked was for the answer to one question: a script that uses the name again gets no say over
+  // it.
   forget(): void {
     this.#handles.clear();
   }
@@ -72,9 +73,7 @@ export class Files {
   // Writes where the person has said, else downloads.
   async write({ name, content: bytes }: WrittenFile): Promise<void> {
     const content = new Blob([bytes.slice()], { type: mediaType });
-    // What the person has picked is for this once: a script that uses the name again gets no say over it.
     const handle = this.#handles.get(name);
-    this.#handles.delete(name);
     if (!handle) return download(tableauName(name), content);
     try {
       const file = await handle.createWritable();
