@@ -186,8 +186,12 @@ struct basSafeCtl {
   int rows() const { return NrKleinerGelijkVglen + NrGroterGelijkVglen + NrGelijkVglen; }
   int columns() const { return NrBeslisVar + NrSpelingsVar + NrSurplusVar + NrKunstmatigeVar; }
   ProblemSize size() const { return {NrBeslisVar, NrKleinerGelijkVglen, NrGroterGelijkVglen, NrGelijkVglen}; }
-  // Whether the tableau is one of the counts' size; a script may have set others since.
-  bool is_laid_out() const { return laid_out_for == size(); }
+  // Whether the tableau is one of the counts' size; a script may have set others since, and laid it out
+  // without the counts that follow from them.
+  bool is_laid_out() const {
+    return laid_out_for == size() && NrSpelingsVar == NrKleinerGelijkVglen &&
+           NrSurplusVar == NrGroterGelijkVglen && NrKunstmatigeVar == NrGelijkVglen + NrGroterGelijkVglen;
+  }
   // Rows and columns of the problem; error 9 when the counts ask for more than the storage holds.
   Result<Shape> shape() const;
   // Slack, surplus and artificial counts from the row counts. Error 6, and nothing written, beyond 16 bits.

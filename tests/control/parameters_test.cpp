@@ -531,6 +531,19 @@ TEST_F(ListsWithoutShow, ShowTheProblemOfTheCountsThatWereSet) {
   EXPECT_EQ(model.columns(), 6);
 }
 
+TEST_F(ListsWithoutShow, ShowTheProblemThatAScriptHasLaidOutItself) {
+  open(two_products);
+  set("prmNrKleinerGelijkVglen", 4.0);
+  EXPECT_TRUE(control.InitTableau().has_value());
+  set("prmRL", std::string(" 10, 20, 30, 40"));
+  EXPECT_EQ(model.columns(), 6);
+  EXPECT_EQ(text("txtRL", 4), " 40");
+  EXPECT_EQ(text("lblBasis", 4), "x  6");
+  EXPECT_EQ(text("lblKolom", 5), "x  5");
+  EXPECT_EQ(cell(3, 5), " 1");
+  EXPECT_EQ(bar("HScroll").max(), 2);
+}
+
 TEST_F(ListsWithoutShow, ThatGiveMoreVariablesMoveTheSlackColumns) {
   open(two_products);
   set("prmNrBeslisVar", 3.0);
