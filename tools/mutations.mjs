@@ -228,7 +228,7 @@ const changes = {
     ["* this.#steps) * direction;", "* this.#steps) * -direction;"],
     ["this.#handles.clear();", ""],
     ['error.name === "AbortError"', 'error.name !== "AbortError"'],
-    ['raster === Raster.And ? "multiply" : "source-over"', '"source-over"'],
+    ['raster === Raster.And ? "multiply" : "source-over"', 'raster === Raster.And ? "source-over" : "multiply"'],
     ["if (byte > 127)", "if (byte > 255)"],
     ["if (texts.has(name.toLowerCase()))", "if (texts.has(name))"],
     ["this.#menuOpenedBy = this.#clicked;", ""],
