@@ -40,6 +40,8 @@ target_compile_options(tabulon_options INTERFACE
 if(TABULON_WEB)
   target_compile_options(tabulon_options INTERFACE
     -fvisibility=hidden -fwhole-program-vtables -fvirtual-function-elimination)
+  # In a page nobody reads what the C++ library has to say before it gives up.
+  target_compile_options(tabulon_options INTERFACE "-D_LIBCPP_VERBOSE_ABORT(...)=__builtin_trap()")
 endif()
 
 # What 32-bit programs compute with otherwise has more digits than a Double, or fewer, as the program around it says.

@@ -5,6 +5,15 @@ set(TABULON_WEB_STACK_BYTES 1048576)
 
 find_program(TABULON_WASM_OPT wasm-opt REQUIRED)
 
+# What is lower than 1024 is the end of the stack, for the stack stands first: nothing there is found by an offset
+# from another place. What is said of alignment is a hint that no browser takes, and takes room.
+function(tabulon_make_small target)
+  add_custom_command(TARGET ${target} POST_BUILD VERBATIM
+    COMMAND ${TABULON_WASM_OPT} --enable-bulk-memory --enable-nontrapping-float-to-int --enable-sign-ext
+      --dealign -Os --always-inline-max-function-size=6 --converge --low-memory-unused --strip-target-features
+      $<TARGET_FILE:${target}> -o $<TARGET_FILE:${target}>)
+endfunction()
+
 # tabulon_wasm(<target> <name> [LIBRARY_FUNCTIONS] [FUNCTIONS <source>] [ROOM <room>] <source>...)
 #
 # A module of these sources and a room, tabulon_control unless another is given: <name>.wasm, on what stands in for the
@@ -32,14 +41,12 @@ function(tabulon_wasm target name)
     LINKER:--gc-sections LINKER:--strip-all LINKER:--fatal-warnings
     # The stack stands first, so that running out of it traps instead of writing over the data.
     LINKER:--stack-first LINKER:-z,stack-size=${TABULON_WEB_STACK_BYTES}
+    # Loops that count in several variables at a time are longer, and packed longer still. Without them expressions are
+    # read 3 to 12 % faster, and sweeps take 10 % more.
+    LINKER:-mllvm,-disable-lsr
     # The driver would run wasm-opt in a way of its own; linking itself optimises as before.
     -O0)
-  add_custom_command(TARGET ${target} POST_BUILD VERBATIM
-    COMMAND ${TABULON_WASM_OPT} --enable-bulk-memory --enable-nontrapping-float-to-int --enable-sign-ext
-      # What is lower than 1024 is the end of the stack, for the stack stands first: nothing there is found by an
-      # offset from another place.
-      -Oz --converge --low-memory-unused
-      $<TARGET_FILE:${target}> -o $<TARGET_FILE:${target}>)
+  tabulon_make_small(${target})
 endfunction()
 
 # The arithmetic for the benchmarks of node and the browsers; built when it is asked for.
@@ -65,6 +72,7 @@ function(tabulon_web)
   tabulon_wasm(tabulon_web tabulon ${sources})
 
   tabulon_web_lesson()
+  tabulon_unpacker()
 endfunction()
 
 # lesson.wasm, what thinks for the lesson around the control: a module by itself, so that a page without a lesson does
@@ -79,4 +87,17 @@ function(tabulon_web_lesson)
   file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/hosts/web/lesson/*.cpp)
   tabulon_wasm(tabulon_web_lesson lesson
     ROOM tabulon_lesson FUNCTIONS ${PROJECT_SOURCE_DIR}/hosts/web/lesson/build/page_functions.cpp ${sources})
+endfunction()
+
+# unpack.wasm, by which a page unpacks the others. It has nothing under it, not even the C library.
+function(tabulon_unpacker)
+  add_executable(tabulon_unpacker ${PROJECT_SOURCE_DIR}/hosts/web/unpack/unpack.cpp)
+  # A page waits for it: a hundred bytes more than with -Oz, and a quarter less time.
+  target_compile_options(tabulon_unpacker PRIVATE -Os)
+  set_target_properties(tabulon_unpacker PROPERTIES OUTPUT_NAME unpack SUFFIX .wasm)
+  target_link_libraries(tabulon_unpacker PRIVATE tabulon_room_options)
+  target_link_options(tabulon_unpacker PRIVATE
+    -nostartfiles LINKER:--no-entry LINKER:--export=unpack LINKER:--export=packed LINKER:--export=unpacked
+    LINKER:--gc-sections LINKER:--strip-all LINKER:--fatal-warnings LINKER:--stack-first LINKER:-z,stack-size=4096 -O0)
+  tabulon_make_small(tabulon_unpacker)
 endfunction()

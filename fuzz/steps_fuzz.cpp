@@ -143,8 +143,8 @@ void check_quotients(const basSafeCtl& model, const Reasons& reasons) {
     require((each.reason == RowReason::Smallest) == (each.row == reasons.choice.pivot.row));
 }
 
-// A remainder in row F can be too small to be swept away and large enough to be chosen: then the column that is
-// found is its row's own, and sweeping it brings nothing.
+// A remainder in row F can be too small to be swept away and large enough to be chosen: then the column that
+// is found is its row's own, and sweeping it brings nothing.
 bool is_own_column(const basSafeCtl& model, Pivot pivot) {
   return model.current.basis(pivot.row) == pivot.column;
 }

@@ -20,6 +20,7 @@ import * as esbuild from "esbuild";
 import { attributesOf, describeElements } from "./describe-element.mjs";
 import { makePictures } from "./handbook-pictures.mjs";
 import { makeContract, namesOf } from "./make-contract.mjs";
+import { asSigns, pack, unpack } from "./pack.mjs";
 
 const root = fileURLToPath(new URL("..", import.meta.url));
 export const { version } = JSON.parse(readFileSync(join(root, "package.json"), "utf8"));
@@ -61,18 +62,16 @@ export function breaches(
 
 const run = promisify(execFile);
 
-// Without a header. Everyone who opens a page loads it, so it is packed as well as deflating can be.
-async function deflated(path) {
-  const { stdout } = await run("zopfli", ["--deflate", "-c", path], { encoding: "buffer", maxBuffer: 2 ** 26 });
-  return stdout.toString("base64");
-}
-
-// `import deflated from "own.wasm"` gives the script's module, deflated, as base64.
-const embedWasm = (contents) => ({
-  name: "embed-wasm",
+// `import packed from "own.packed"` gives the script's style sheet and module, packed, and "unpack.wasm" what unpacks
+// them, as signs.
+const embedPacked = (texts) => ({
+  name: "embed-packed",
   setup(build) {
-    build.onResolve({ filter: /^own\.wasm$/ }, ({ path }) => ({ path, namespace: "embed-wasm" }));
-    build.onLoad({ filter: /.*/, namespace: "embed-wasm" }, () => ({ contents, loader: "text" }));
+    build.onResolve({ filter: /^(own\.packed|unpack\.wasm)$/ }, ({ path }) => ({ path, namespace: "embed-packed" }));
+    build.onLoad({ filter: /.*/, namespace: "embed-packed" }, ({ path }) => ({
+      contents: texts[path],
+      loader: "text",
+    }));
   },
 });
 
@@ -85,12 +84,12 @@ const minifiedCss = (css) =>
     .replace(/ (!important)/g, "$1")
     .replaceAll(";}", "}");
 
-// The style sheet is the template in styles.ts.
+// A style sheet is the template in a source that is named so.
 const minifyStyles = {
   name: "minify-styles",
   setup(build) {
-    build.onLoad({ filter: /[\\/]styles\.ts$/ }, async ({ path }) => ({
-      contents: (await readFile(path, "utf8")).replace(/`[^`]*`/, minifiedCss),
+    build.onLoad({ filter: /[\\/]style(s|_sheet)\.ts$/ }, async ({ path }) => ({
+      contents: (await readFile(path, "utf8")).replace(/`[^`]*`/g, minifiedCss),
       loader: "ts",
     }));
   },
@@ -179,18 +178,38 @@ async function writeDescription(made) {
 
 const kilobytes = (bytes) => `${Math.ceil(bytes.length / 1024)} kB`;
 
-// The plugins for a script that has this module in it, which must be as the tables say.
-async function pluginsFor(name, itsTables) {
-  const path = join(root, "build/web", name);
-  const found = breaches(await readFile(path), itsTables);
+// The text of hosts/web/style_sheet.ts.
+async function styleSheet() {
+  const { outputFiles } = await esbuild.build({
+    entryPoints: [join(root, "hosts/web/style_sheet.ts")],
+    bundle: true,
+    format: "esm",
+    write: false,
+    plugins: [minifyStyles],
+    logLevel: "warning",
+  });
+  const { css } = await import(
+    `data:text/javascript;base64,${Buffer.from(outputFiles[0].contents).toString("base64")}`
+  );
+  return css.trim();
+}
+
+// The plugins for a script that has this module in it, which must be as the tables say, and this style sheet.
+async function pluginsFor(name, itsTables, style = "") {
+  const module = await readFile(join(root, "build/web", name));
+  const unpacker = await readFile(join(root, "build/web/unpack.wasm"));
+  const found = breaches(module, itsTables);
   if (found.length) throw new Error(`${name} and its page do not agree: ${found.join("; ")}`);
-  return [embedWasm(await deflated(path)), minifyStyles];
+  const whole = Buffer.concat([Buffer.from(style), module]);
+  const packed = pack(whole);
+  if (!whole.equals(unpack(packed, unpacker))) throw new Error(`${name} is not what it was when it is unpacked`);
+  return [embedPacked({ "own.packed": packed, "unpack.wasm": asSigns(unpacker) }), minifyStyles];
 }
 
 async function packageWeb() {
-  const plugins = await pluginsFor("tabulon.wasm", tables);
-  const lessonPlugins = await pluginsFor("lesson.wasm", lessonTables);
   makeContract();
+  const plugins = await pluginsFor("tabulon.wasm", tables, await styleSheet());
+  const lessonPlugins = await pluginsFor("lesson.wasm", lessonTables);
 
   // Made aside and put in place when it is whole, so that a page that is being served is never half there.
   const made = join(root, `build/package-${process.pid}`);

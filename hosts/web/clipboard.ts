@@ -3,7 +3,7 @@ import { Measure } from "#shared";
 import type { CopiedPicture } from "#wire";
 import { paint } from "./drawing.js";
 import { download } from "./files.js";
-import { letters } from "./styles.js";
+import { letters } from "./look.js";
 
 const density = 2;
 const paper = "white"; // whatever it is pasted on

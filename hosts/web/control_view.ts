@@ -47,7 +47,7 @@ const alignments = { [Align.Left]: "left", [Align.Right]: "right", [Align.Centre
   string
 >;
 
-// By which styles.ts knows a role.
+// By which style_sheet.ts knows a role.
 const roles = {
   [Role.None]: undefined,
   [Role.Number]: "number",

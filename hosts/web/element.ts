@@ -1,9 +1,11 @@
 // The custom element: the control as a page and its script see it.
+import { Look, Measure } from "#shared";
 import { type Exports, Given, Method } from "#wire";
 import { version } from "../../package.json";
 import { make } from "./dom.js";
 import type { ElementView } from "./element_view.js";
 import { TabulonError } from "./errors.js";
+import { letters } from "./look.js";
 import type { Texts } from "./module.js";
 import { loadPage, type Page } from "./page.js";
 import { readParameters, whenGiven } from "./parameters.js";
@@ -13,6 +15,12 @@ import { toLatin } from "./tableau_record.js";
 
 /** A whole number of 16 bits (-32768 to 32767), or a text that is one. */
 export type Count = number | string;
+
+// Of what stands where there is no control: the style sheet may be missing too.
+const failureStyle =
+  `all:initial;display:inline-block;box-sizing:border-box;width:${Measure.controlWidth}px;` +
+  `height:${Measure.controlHeight}px;padding:16px 20px;border:1px solid ${Look.edge};border-radius:3px;` +
+  `background:${Look.ground};font:14px/1.5 ${letters};color:${Look.ink};vertical-align:top`;
 
 // Where a page is only written, on a server, there are no elements to be one of.
 const PageElement: typeof HTMLElement = globalThis.HTMLElement ?? class {};
@@ -335,8 +343,9 @@ export class TabulonLPctrl extends PageElement {
   #fail(error: Error): void {
     console.error(error);
     this.removeAttribute("aria-busy");
-    const words = make("p", "failure", error.message);
+    const words = make("p", "", error.message);
     words.role = "alert";
+    words.style.cssText = failureStyle;
     this.#root.append(words);
     this.#settleReady.reject(error);
   }

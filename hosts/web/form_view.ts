@@ -8,7 +8,7 @@ import type { Send } from "./module.js";
 import { moveTo, scaleOf } from "./place.js";
 import { holdPointer } from "./pointer.js";
 import type { RecordReader } from "./record.js";
-import { Around } from "./styles.js";
+import { Around } from "./look.js";
 import { SurfaceView } from "./surface_view.js";
 
 const leastMargin = 8;

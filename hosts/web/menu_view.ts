@@ -5,7 +5,7 @@ import { plainCaption, writeCaption } from "./captions.js";
 import { make, setAttribute } from "./dom.js";
 import type { Send } from "./module.js";
 import { moveTo } from "./place.js";
-import { Around } from "./styles.js";
+import { Around } from "./look.js";
 
 const leastMargin = 4;
 // A submenu lies over the edge of the menu that it belongs to.

@@ -1,7 +1,6 @@
 // The WebAssembly module, and how texts go into it and out of it.
-import deflated from "own.wasm";
 import type { Exports } from "#wire";
-import { inflate } from "./inflate.js";
+import { unpackModule } from "./unpack.js";
 
 const encoder = new TextEncoder();
 const decoder = new TextDecoder();
@@ -66,38 +65,6 @@ export class Module<Own extends TextExports = Exports> implements Texts {
   }
 }
 
-interface NativeBase64 {
-  fromBase64?(text: string): Uint8Array<ArrayBuffer>;
-}
-
-// By the browser itself where it can, which is much faster.
-function decodeBase64(text: string): Uint8Array<ArrayBuffer> {
-  const native = Uint8Array as NativeBase64;
-  return native.fromBase64?.(text) ?? Uint8Array.from(atob(text), (byte) => byte.charCodeAt(0));
-}
-
-const canInflate = () => {
-  try {
-    return Boolean(new DecompressionStream("deflate-raw"));
-  } catch {
-    return false;
-  }
-};
-
-// As a response, so that the browser compiles what is inflated while the rest is being inflated.
-function inflated(): Response {
-  const { readable, writable } = new DecompressionStream("deflate-raw");
-  const writer = writable.getWriter();
-  void writer.write(decodeBase64(deflated));
-  void writer.close();
-  return new Response(readable, { headers: { "Content-Type": "application/wasm" } });
-}
-
-const instantiated = (imports: WebAssembly.Imports) =>
-  canInflate()
-    ? WebAssembly.instantiateStreaming(inflated(), imports)
-    : WebAssembly.instantiate(inflate(decodeBase64(deflated)), imports);
-
 // What a person reads where the control would stand.
 function reason(error: unknown): string {
   if (typeof WebAssembly === "undefined") return "deze browser heeft geen WebAssembly, of het staat uit";
@@ -109,7 +76,7 @@ function reason(error: unknown): string {
 // Rejects with a Dutch sentence that says what stands in the way.
 export async function loadModule<Own extends TextExports>(imports: object): Promise<Module<Own>> {
   try {
-    const { instance } = await instantiated({ tabulon: { ...imports } });
+    const { instance } = await WebAssembly.instantiate(unpackModule(), { tabulon: { ...imports } });
     const module = new Module(instance.exports as Own);
     module.exports._initialize();
     return module;

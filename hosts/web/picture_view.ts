@@ -2,7 +2,7 @@
 import type { DrawingValue, Scale } from "#wire";
 import { make } from "./dom.js";
 import { paint } from "./drawing.js";
-import { letters } from "./styles.js";
+import { letters } from "./look.js";
 
 // Pictures are painted again, sharp, when the window has moved to another screen or is zoomed. The page listens
 // once for all of them, and holds none that is gone.

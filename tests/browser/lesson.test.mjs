@@ -2,10 +2,8 @@
 import assert from "node:assert/strict";
 import { readFileSync } from "node:fs";
 import { createRequire } from "node:module";
-import { join } from "node:path";
 import { after, afterEach, before, describe, test } from "node:test";
 import { setTimeout as sleep } from "node:timers/promises";
-import { gzipSync } from "node:zlib";
 import { control, idle, launch, noise, problem, text } from "./browser.mjs";
 
 const twoProducts = {
@@ -543,9 +541,4 @@ describe("a pupil", () => {
     await page.click(inLesson(".back"));
     await eventually(() => text(page, "txtRL", 2), " 1");
   });
-});
-
-test("the lesson stays under 60 kB on its way to a page", () => {
-  const script = readFileSync(join(process.env.TABULON_WEB ?? "dist/web", "tabulon-les.js"));
-  assert.ok(gzipSync(script, { level: 9 }).length < 60_000, `${gzipSync(script, { level: 9 }).length} bytes`);
 });

@@ -2,7 +2,7 @@
 // taking away. The control stays what it is, and the page stays usable.
 import assert from "node:assert/strict";
 import { after, afterEach, before, describe, test } from "node:test";
-import { control, idle, launch, noise, problem, text } from "./browser.mjs";
+import { control, idle, launch, problem, text } from "./browser.mjs";
 
 let browser;
 let page;
@@ -96,19 +96,6 @@ describe("where a browser lacks something", () => {
     const call = page.evaluate(() => LPctrl1.ShowAboutBox().catch(({ message }) => message));
     assert.equal(await call, shown, "what a script asks for ends too");
   });
-
-  for (const [what, expression] of [
-    ["DecompressionStream", "delete globalThis.DecompressionStream;"],
-    [
-      "this kind of DecompressionStream",
-      "globalThis.DecompressionStream = class { constructor() { throw new TypeError(); } };",
-    ],
-  ])
-    test(`without ${what} the control is shown all the same`, async () => {
-      await openWithout(expression);
-      assert.equal(await text(page, "txtRL", 2), " 6");
-      assert.deepEqual(noise(page), []);
-    });
 
   test("without popovers menus open in their place, and choose", async () => {
     await openWithout("delete HTMLElement.prototype.showPopover;");
