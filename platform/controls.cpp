@@ -53,6 +53,12 @@ Rendering Control::rendering() const {
   return can_take_focus() ? Rendering::Aside : Rendering::None;
 }
 
+// Where a control stands decides whether it is seen.
+void Control::set_bounds(const Bounds& bounds) {
+  const Rendering before = rendering();
+  if (change(bounds_, bounds, Property::Bounds) && rendering() != before) mark(Property::Visible);
+}
+
 bool Control::can_take_focus() const {
   if (kind_ == Kind::Frame || kind_ == Kind::Label || kind_ == Kind::Line || kind_ == Kind::Image ||
       kind_ == Kind::Menu)

@@ -125,7 +125,7 @@ class Control {
   // How a host shows it, as it stands in its container.
   Rendering rendering() const;
 
-  void set_bounds(const Bounds& bounds) { change(bounds_, bounds, Property::Bounds); }
+  void set_bounds(const Bounds& bounds);
   void set_left(Twips left) { set_bounds({left, bounds_.top, bounds_.width, bounds_.height}); }
   void set_text(std::string_view text);
   void set_back_colour(Colour colour) { change(back_colour_, colour, Property::Colours); }

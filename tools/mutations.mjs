@@ -166,6 +166,7 @@ const changes = {
     ["letter >= 'a' && letter <= 'z'", "letter > 'a' && letter <= 'z'"],
   ],
   platform: [
+    ["&& rendering() != before) mark(Property::Visible);", ") {}"],
     ["if (&target == active_) co_return true;  // somebody moved the focus while Validate waited", ""],
     ["if (!target.can_take_focus()) co_return false;\n  }", "}"],
     ["if (has_focus_ && active_ == &target) co_await on_got_focus", "if (has_focus_) co_await on_got_focus"],
@@ -231,11 +232,10 @@ const changes = {
     ['raster === Raster.And ? "multiply" : "source-over"', 'raster === Raster.And ? "source-over" : "multiply"'],
     ["if (byte > 127)", "if (byte > 255)"],
     ["if (texts.has(name.toLowerCase()))", "if (texts.has(name))"],
-    ["this.#menuOpenedBy = this.#clicked;", ""],
+    ["this.#menuOpenedBy = this.#clicked;", "this.#menuOpenedBy ??= this.#clicked;"],
     ["if (!goesOn && event.button === 0)", "if (!goesOn)"],
   ],
   module: [
-    ["if (marked.has(Property::Bounds)) marked.add(Property::Visible);", ""],
     ["is_box(control) && control.surface().active() == &control", "is_box(control)"],
     ["if (is_hidden == is_new) marked.add(Property::Visible);", ""],
     [".checkable = item->checkable()", ".checkable = item->checked()"],

@@ -127,8 +127,6 @@ consteval bool writers_follow_the_table() {
 static_assert(writers_follow_the_table());
 
 Properties present(const Control& control, Properties marked, bool is_new) {
-  // Where a control stands decides whether it is seen.
-  if (marked.has(Property::Bounds)) marked.add(Property::Visible);
   Properties kept;
   for (const Writer& writer : writers) {
     if (!marked.has(writer.property) || !writer.has(control)) continue;

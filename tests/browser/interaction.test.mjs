@@ -87,6 +87,15 @@ describe("focus", () => {
     assert.equal(await focused(), "txtTableau 2");
   });
 
+  test("stays where it is when a cell is pressed by another button of the mouse", async () => {
+    await open(between);
+    await page.click(control("txtTableau", 2));
+    for (const button of ["right", "middle"]) {
+      await page.click(control("txtTableau", 3), { button });
+      assert.equal(await focused(), "txtTableau 2", button);
+    }
+  });
+
   test("comes to the control when its empty ground is clicked", async () => {
     await open(between);
     await page.focus("#last");

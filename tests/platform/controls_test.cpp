@@ -45,6 +45,21 @@ TEST_F(Marking, BesideTheSurfaceStandsOnlyWhatTakesTheFocus) {
   EXPECT_EQ(sheet.first.rendering(), Rendering::None);
 }
 
+TEST_F(Marking, AControlThatComesOrGoesByMovingIsMarkedAsSeenOrNot) {
+  TextBox& box = sheet.first;
+  box.set_visible(true);
+  box.set_bounds({15, 30, 45, 60});
+  box.take_changes();
+  const auto marked_by = [&](Twips left) {
+    box.set_left(left);
+    return box.take_changes();
+  };
+  EXPECT_FALSE(marked_by(30).has(Property::Visible));
+  EXPECT_TRUE(marked_by(sheet.width() + 15).has(Property::Visible));
+  EXPECT_FALSE(marked_by(sheet.width() + 30).has(Property::Visible));
+  EXPECT_TRUE(marked_by(15).has(Property::Visible));
+}
+
 TEST_F(Marking, ANewControlIsMarkedWhole) {
   Label label(sheet, "label");
   EXPECT_EQ(label.take_changes().bits(), Properties::all().bits());
@@ -96,6 +111,7 @@ TEST_F(Marking, PicturesBarsAndMenusMarkTheirOwn) {
 
 TEST_F(Marking, ALineStandsWhereItsEndsAre) {
   Line line(sheet, "line");
+  line.set_ends({15, 15}, {45, 60});
   expect_marked_once(line, {Property::Ends, Property::Bounds}, [&] { line.set_ends({330, 90}, {30, 45}); });
   EXPECT_EQ(line.bounds(), (Bounds{30, 45, 300, 45}));
 }
