@@ -16,8 +16,8 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 # A kernel of 2024 or later puts the heap anywhere in a gigabyte above Wine's loader; once in some two thousand
 # starts that is where Wine's own shared page belongs, and the program ends before it began. A heap that always
 # stands at the same place does not.
-if ! ((0x$(</proc/self/personality) & 0x40000)) && setarch --addr-no-randomize true 2>/dev/null; then
-  exec setarch --addr-no-randomize "${BASH_SOURCE[0]}" "$@"
+if [[ -z ${TABULON_FIXED_HEAP:-} ]] && setarch --addr-no-randomize true 2>/dev/null; then
+  TABULON_FIXED_HEAP=1 exec setarch --addr-no-randomize "${BASH_SOURCE[0]}" "$@"
 fi
 
 # Of somebody's own Windows nothing is ended but what was started here, and there is no second one.
