@@ -58,6 +58,24 @@ const filesScript = `
   HTMLAnchorElement.prototype.click = function () {
     void keep(this.download, contents.get(this.href));
   };
+  // How many questions for a file to open have been answered, and the page has done what it does then. A browser tells
+  // the page some time after the file has been given to it.
+  window.scenarioAnswers = 0;
+  const macrotask = () => new Promise((resume) => {
+    const { port1, port2 } = new MessageChannel();
+    port1.onmessage = resume;
+    port2.postMessage(0);
+  });
+  const { click } = HTMLInputElement.prototype;
+  HTMLInputElement.prototype.click = function () {
+    const answered = async () => {
+      await this.files[0]?.arrayBuffer();
+      await macrotask();
+      ++window.scenarioAnswers;
+    };
+    if (this.type === "file") for (const answer of ["change", "cancel"]) this.addEventListener(answer, answered);
+    click.call(this);
+  };
 `;
 
 // What is seen when the page has handled what was waiting, and a control that let it paint meanwhile has gone on.
@@ -179,6 +197,14 @@ class Player {
   asksToOpen = () => this.chooser ?? this.page.fileChooser?.();
   answerToOpen = () =>
     this.eventually(async () => (await this.asksToOpen()) ?? assert.fail("nothing asks for a file to open"));
+  answers = () => this.page.evaluate(() => window.scenarioAnswers);
+  // Answers what asks for a file to open.
+  async answer(give) {
+    const before = await this.answers();
+    this.awaitChooser();
+    await give();
+    await this.eventually(async () => assert.notEqual(await this.answers(), before, "the page knows of no file"));
+  }
   asksToSave = () => this.page.evaluate(() => "answerSave" in window);
   answerSave = (name) => this.page.evaluate((given) => window.answerSave(given ?? undefined), name);
 
@@ -352,8 +378,7 @@ export const sentences = {
 
   async "open file PATH"(path) {
     const chooser = await this.answerToOpen();
-    this.awaitChooser();
-    await chooser.accept([projectFile(path)]);
+    await this.answer(() => chooser.accept([projectFile(path)]));
   },
 
   async "cancel file"() {
@@ -362,8 +387,7 @@ export const sentences = {
       return (await this.asksToOpen()) ?? assert.fail("nothing asks for a file");
     });
     if (asked === "save") return this.answerSave(undefined);
-    this.awaitChooser();
-    await asked.cancel();
+    await this.answer(() => asked.cancel());
   },
 
   async "wait SECONDS"(given) {
