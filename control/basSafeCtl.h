@@ -88,17 +88,18 @@ class CellRow {
   template <class Operation>
   void change_and_rewrite(int columns, bool fractions, Operation operation);
 
-  // Inline, and in pairs as every processor has them: nearly all of the time of a sweep is spent here.
+  // Inline, and in pairs as every processor has them: nearly all of the time of a sweep is spent here. The
+  // page's module is made without the compiler's own change of counting into pointers (cmake/web.cmake), so
+  // they stand here.
   [[gnu::always_inline]] void add_values(double factor, const CellRow& other, int columns) {
     const double* __restrict from = other.values_.data();
     double* __restrict to = values_.data();
-    int at = 0;
-    for (; at + 1 < columns; at += 2) {
-      to[at] += factor * from[at];
-      to[at + 1] += factor * from[at + 1];
+    for (const double* const end = from + (columns - columns % 2); from != end; from += 2, to += 2) {
+      to[0] += factor * from[0];
+      to[1] += factor * from[1];
     }
-    if (at < columns) to[at] += factor * from[at];
-    to[most_columns] += factor * from[most_columns];
+    if (columns % 2 != 0) to[0] += factor * from[0];
+    values_[most_columns] += factor * other.values_[most_columns];
   }
 
   alignas(16) std::array<double, most_columns + 2> values_{};
