@@ -54,8 +54,8 @@ void copy_cells(CellRow& to, const CellRow& from, int columns) {
 }  // namespace
 
 std::string CellRow::text(int column) const {
-  if ((derived_ & bit(column)) == 0) return texts_[place(column)];
-  if ((fraction_ & bit(column)) == 0) return numbers::GetalNaarDecimaal(value(column));
+  if ((decimal_ & bit(column)) != 0) return numbers::GetalNaarDecimaal(value(column));
+  if ((fraction_ & bit(column)) == 0) return texts_[place(column)];
   double asked = asked_[place(column)];
   return numbers::strSoortGetal(numbers::kFractions, asked);
 }
@@ -67,20 +67,19 @@ void CellRow::write(int column, double value, std::string_view text) {
 
 void CellRow::clear(int columns) {
   std::fill_n(values_.begin(), columns, 0.0);
-  make_decimal(bits(columns));
+  decimal_ |= bits(columns);
   write(right_hand_side, 0.0);
 }
 
 void CellRow::write_value(int column, double value) {
   // A text that is not made yet belongs to the value that is about to go.
-  if ((derived_ & bit(column)) != 0) write_text(column, text(column));
+  if (((decimal_ | fraction_) & bit(column)) != 0) write_text(column, text(column));
   values_[place(column)] = value;
-  stable_ &= ~bit(column);
 }
 
 void CellRow::write_text(int column, std::string_view text) {
   texts_[place(column)] = text;
-  derived_ &= ~bit(column);
+  decimal_ &= ~bit(column);
   fraction_ &= ~bit(column);
   stable_ &= ~bit(column);
 }
@@ -95,17 +94,21 @@ void CellRow::rewrite_row(int columns, bool fractions) {
   rewrite_cells(row_bits(columns), fractions);
 }
 
-// Settled cells are passed over: one sweep asks for the same text up to ten times, and most of the time of
-// a sweep in fractions goes into the search for fractions.
 void CellRow::rewrite_cells(Mask cells, bool fractions) {
-  if (!fractions) {
-    make_decimal(cells);
-    return;
-  }
+  if (fractions)
+    rewrite_in_fractions(cells);
+  else
+    decimal_ |= cells;
+}
+
+// Stable cells are passed over: one sweep asks for the same text up to ten times, and most of the time of
+// a sweep in fractions goes into the search for fractions.
+void CellRow::rewrite_in_fractions(Mask cells) {
   std::array<std::size_t, most_columns + 1> places;
   std::array<double, most_columns + 1> asked;
   std::array<numbers::Snapped, most_columns + 1> snapped;
   std::size_t count = 0;
+  stable_ &= ~decimal_;
   for (Mask left = cells & ~stable_; left != 0; left &= left - 1) {
     places[count] = static_cast<std::size_t>(std::countr_zero(left));
     asked[count] = values_[places[count]];
@@ -118,36 +121,34 @@ void CellRow::rewrite_cells(Mask cells, bool fractions) {
     asked_[places[at]] = asked[at];
     if (snapped[at].settled) stable_ |= cell;
   }
-  derived_ |= cells;
+  decimal_ &= ~cells;
   fraction_ |= cells;
 }
 
 // Cells whose value stays the same stay stable.
 template <class Operation>
-void CellRow::change_and_rewrite(int columns, bool fractions, Operation operation) {
-  if (stable_ == 0) {
-    operation();
-    return rewrite_row(columns, fractions);
-  }
+void CellRow::change_in_fractions(int columns, Operation operation) {
   const auto before = values_;
   operation();
   for (Mask cells = stable_ & row_bits(columns); cells != 0; cells &= cells - 1) {
     const auto at = static_cast<std::size_t>(std::countr_zero(cells));
     if (values_[at] != before[at]) stable_ &= ~(cells & -cells);
   }
-  rewrite_row(columns, fractions);
+  rewrite_in_fractions(row_bits(columns));
 }
 
-void CellRow::add_multiple_and_rewrite(double factor, const CellRow& other, int columns, bool fractions) {
-  change_and_rewrite(columns, fractions, [&] { add_values(factor, other, columns); });
+void CellRow::add_multiple_in_fractions(double factor, const CellRow& other, int columns) {
+  change_in_fractions(columns, [&] { add_values(factor, other, columns); });
 }
 
 void CellRow::divide(double divisor, int columns, bool fractions) {
-  if (divisor == 1.0) return rewrite_row(columns, fractions);
-  change_and_rewrite(columns, fractions, [=, this] {
+  const auto divide_values = [=, this] {
     for (int at = 0; at < columns; ++at) values_[static_cast<std::size_t>(at)] /= divisor;
     values_[most_columns] /= divisor;
-  });
+  };
+  if (fractions && divisor != 1.0) return change_in_fractions(columns, divide_values);
+  if (divisor != 1.0) divide_values();
+  rewrite_row(columns, fractions);
 }
 
 // Two lanes, because a compiler may not reorder a maximum by itself.

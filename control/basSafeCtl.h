@@ -40,7 +40,7 @@ class CellRow {
   // Writes a number with its own decimal text.
   void write(int column, double value) {
     values_[place(column)] = value;
-    make_decimal(bit(column));
+    decimal_ |= bit(column);
   }
   // Writes 0 in columns 1..columns and in the right-hand side.
   void clear(int columns);
@@ -58,9 +58,9 @@ class CellRow {
   // ---- Arithmetic on columns 1..columns and the right-hand side, which are rewritten with it.
   // Adds a multiple of another row.
   void add_multiple(double factor, const CellRow& other, int columns, bool fractions) {
-    if (fraction_ != 0 || fractions) return add_multiple_and_rewrite(factor, other, columns, fractions);
+    if (fractions) return add_multiple_in_fractions(factor, other, columns);
     add_values(factor, other, columns);
-    derived_ |= row_bits(columns);
+    decimal_ |= row_bits(columns);
   }
   void divide(double divisor, int columns, bool fractions);
   // Of finite values.
@@ -78,15 +78,11 @@ class CellRow {
   static constexpr Mask bits(int columns) { return (Mask{1} << static_cast<unsigned>(columns)) - 1; }
   static constexpr Mask row_bits(int columns) { return bits(columns) | bit(right_hand_side); }
 
-  void make_decimal(Mask cells) {
-    derived_ |= cells;
-    fraction_ &= ~cells;
-    stable_ &= ~cells;
-  }
   void rewrite_cells(Mask cells, bool fractions);
-  void add_multiple_and_rewrite(double factor, const CellRow& other, int columns, bool fractions);
+  void rewrite_in_fractions(Mask cells);
+  void add_multiple_in_fractions(double factor, const CellRow& other, int columns);
   template <class Operation>
-  void change_and_rewrite(int columns, bool fractions, Operation operation);
+  void change_in_fractions(int columns, Operation operation);
 
   // Inline, and in pairs as every processor has them: nearly all of the time of a sweep is spent here. The
   // page's module is made without the compiler's own change of counting into pointers (cmake/web.cmake), so
@@ -103,9 +99,11 @@ class CellRow {
   }
 
   alignas(16) std::array<double, most_columns + 2> values_{};
-  Mask derived_ = 0;   // the text is not made yet: a fraction, or else the decimal text of the value
-  Mask fraction_ = 0;  // the text is the fraction text of the number that was asked for last
-  Mask stable_ = 0;    // and asking again would leave value and text as they are
+  // Which text a cell has; `texts_` where no mask says so. The first mask goes before the others, so that
+  // arithmetic in decimals changes that one alone.
+  Mask decimal_ = 0;   // the decimal text of the value
+  Mask fraction_ = 0;  // the fraction text of the number that was asked for last
+  Mask stable_ = 0;    // that too, and asking again would leave value and text as they are
   std::array<double, most_columns + 1> asked_{};
   std::array<std::string, most_columns + 1> texts_;
 };

@@ -1,6 +1,5 @@
 #include "numbers/conversions.h"
 
-#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <string>
@@ -121,8 +120,8 @@ std::string digits(int number) {
 }
 
 double Val(std::string_view text) {
-  const double largest = std::numeric_limits<double>::max();
-  return std::clamp(leading_number(text), -largest, largest);
+  const double number = leading_number(text);
+  return std::isfinite(number) ? number : std::copysign(std::numeric_limits<double>::max(), number);
 }
 
 Result<> fits_double(std::string_view text) {
