@@ -256,8 +256,7 @@ class Scanner {
     return push_binary(kJoin, kPrefixPriority);  // whatever stands here is read again, as an operand
   }
 
-  // The two that most of a scan goes through are inlined also where the compiler counts bytes.
-  [[gnu::always_inline]] std::int16_t push_binary(std::int16_t code, std::int16_t priority) {
+  std::int16_t push_binary(std::int16_t code, std::int16_t priority) {
     const std::int16_t released = release(priority);
     if (released != kNoError) return released;
     operand_expected_ = true;
@@ -280,7 +279,7 @@ class Scanner {
   }
 
   // Moves the waiting operators that bind at least as strongly as `priority` to the postfix list.
-  [[gnu::always_inline]] std::int16_t release(std::int16_t priority) {
+  std::int16_t release(std::int16_t priority) {
     while (list_.operator_count > 0) {
       if (list_.operator_priorities[static_cast<std::size_t>(list_.operator_count - 1)] < priority) break;
       if (release_top() != kNoError) return kTooLong;

@@ -98,7 +98,9 @@ WideNumber coarse_times_small(const WideNumber& coarse, std::uint64_t small) {
 
 }  // namespace
 
-PowerOfTen power_of_ten(int k) {
+// Where the whole program is linked at once, as the page's module is, what is called for every text
+// is inlined; the linker that counts bytes would not.
+[[gnu::always_inline]] PowerOfTen power_of_ten(int k) {
   assert(k >= kLowestPowerOfTen && k <= kHighestPowerOfTen);
   const int exponent = binary_exponent(k) - 127;
   const auto shifted = static_cast<unsigned>(k - kLowestPowerOfTen);
@@ -107,7 +109,7 @@ PowerOfTen power_of_ten(int k) {
   return {coarse_times_small(kCoarsePowersOfFive[shifted / kStep], small), exponent, false};
 }
 
-WideNumber scaled_product(std::uint64_t number, const PowerOfTen& power) {
+[[gnu::always_inline]] WideNumber scaled_product(std::uint64_t number, const PowerOfTen& power) {
   const WideNumber top = wide_product(number, power.significand.high);
   if (power.significand.low == 0) return top;
   return sum(top, wide_product(number, power.significand.low).high);
