@@ -67,7 +67,7 @@ const changes = {
     ["if (operand_required_) return kRefused;", ""],
   ],
   control: [
-    ["if (at < columns) to[at] += factor * from[at];", ""],
+    ["if (columns % 2 != 0) to[0] += factor * from[0];", ""],
     ["odd = std::max(odd, std::fabs(values[columns - 1]))", "odd = std::max(odd, 0.0)"],
     [" && finite(right())", ""],
     ["if (snapped[at].settled) stable_ |= cell;", "stable_ |= cell;"],
