@@ -40,8 +40,11 @@ export class FormView extends SurfaceView {
   readonly #middle: readonly [number, number];
   // Where the person has put it.
   #put: { left: number; top: number } | undefined;
-  #listening = new AbortController();
+  #listenedTo: Window | undefined;
   readonly #unseen: () => void;
+  readonly #root: ShadowRoot;
+  // Whether the focus was in the element when the form opened.
+  #cameFromInside = false;
   #hasClosed = false;
 
   // `unseen` is called when the page hides the form together with its element.
@@ -54,6 +57,7 @@ export class FormView extends SurfaceView {
     unseen: () => void,
   ) {
     super(opened, send, introduced);
+    this.#root = root;
     this.#below = below;
     this.#middle = [
       opened.left / Measure.twipsPerPixel + this.width / 2,
@@ -101,17 +105,16 @@ export class FormView extends SurfaceView {
 
   show(): void {
     if (this.dialog.open || !this.dialog.isConnected) return;
+    this.#cameFromInside = this.#root.activeElement !== null;
     this.dialog.showModal();
-    this.#listening.abort();
-    this.#listening = new AbortController();
-    this.#window.addEventListener("resize", () => this.#stayInWindow(), this.#listening);
+    this.#listenTo(this.#window);
     this.#placeOverControl();
     this.#lookWhetherSeen();
   }
 
   // A modal dialog that is not rendered would keep the person from everything else.
   #lookWhetherSeen(): void {
-    if (this.dialog.open && this.dialog.getClientRects().length === 0) this.#unseen();
+    if (this.dialog.open && !this.#hasClosed && this.dialog.getClientRects().length === 0) this.#unseen();
   }
 
   // After its element has moved in the page the dialog stands no longer above it.
@@ -122,8 +125,9 @@ export class FormView extends SurfaceView {
 
   close(): void {
     this.#hasClosed = true;
-    this.#listening.abort();
-    this.dialog.close();
+    this.#listenTo(undefined);
+    // Closing gives the focus back to what had it. Where that is the control, it is put there anyhow.
+    if (!this.#cameFromInside) this.dialog.close();
     this.dialog.remove();
   }
 
@@ -132,6 +136,12 @@ export class FormView extends SurfaceView {
   // The window that it is in; an element may be moved into another page than its script's.
   get #window(): Window {
     return this.dialog.ownerDocument.defaultView ?? window;
+  }
+
+  #listenTo(window: Window | undefined): void {
+    this.#listenedTo?.removeEventListener("resize", this.#stayInWindow);
+    window?.addEventListener("resize", this.#stayInWindow);
+    this.#listenedTo = window;
   }
 
   #placeOverControl(): void {
@@ -154,13 +164,13 @@ export class FormView extends SurfaceView {
   }
 
   // A window that was small for a while, as under a keyboard on the screen, gets the form back where it was.
-  #stayInWindow(): void {
+  readonly #stayInWindow = (): void => {
     if (!this.dialog.open) return;
     if (!this.#put) return this.#placeOverControl();
     const { width, height } = this.dialog.getBoundingClientRect();
     const { innerWidth, innerHeight } = this.#window;
     this.#moveTo(within(this.#put.left, width, innerWidth), within(this.#put.top, height, innerHeight));
-  }
+  };
 
   #putAt(left: number, top: number): void {
     this.#moveTo(left, top);

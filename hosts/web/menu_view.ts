@@ -41,30 +41,28 @@ interface Opener {
 
 export class MenuView {
   readonly #levels: Level[] = [];
-  readonly #listening = new AbortController();
   readonly #opener: Opener;
   readonly #send: Send;
+  // An element may have been moved into another page than its script's.
+  readonly #page: Document;
   // What has the focus while the menu is open.
   #resting: HTMLElement | undefined;
 
   constructor(opener: Opener, send: Send) {
     this.#opener = opener;
     this.#send = send;
-    const { signal } = this.#listening;
-    const dismiss = () => send((module) => module.menu_dismiss());
-    const pressed = (event: Event) => {
-      if (event.composedPath().some((node) => this.#levels.some((level) => level.node === node))) return;
-      opener.pressedOutsideMenu(event);
-      dismiss();
-    };
-    this.#page.addEventListener("pointerdown", pressed, { capture: true, signal });
-    this.#page.defaultView?.addEventListener("blur", dismiss, { signal });
+    this.#page = opener.root.ownerDocument;
+    this.#page.addEventListener("pointerdown", this.#pressed, true);
+    this.#page.defaultView?.addEventListener("blur", this.#dismiss);
   }
 
-  // An element may be moved into another page than its script's.
-  get #page(): Document {
-    return this.#opener.root.ownerDocument;
-  }
+  readonly #dismiss = () => this.#send((module) => module.menu_dismiss());
+
+  readonly #pressed = (event: Event) => {
+    if (event.composedPath().some((node) => this.#levels.some((level) => level.node === node))) return;
+    this.#opener.pressedOutsideMenu(event);
+    this.#dismiss();
+  };
 
   // The focus stays where it rests, for to move it there and back is most of what a choice would cost. From there a
   // screen reader follows what is highlighted.
@@ -87,7 +85,8 @@ export class MenuView {
   }
 
   close(): void {
-    this.#listening.abort();
+    this.#page.removeEventListener("pointerdown", this.#pressed, true);
+    this.#page.defaultView?.removeEventListener("blur", this.#dismiss);
     this.#closeFrom(0);
     for (const name of ["aria-controls", "aria-activedescendant"]) this.#resting?.removeAttribute(name);
   }

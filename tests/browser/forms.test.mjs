@@ -243,3 +243,44 @@ describe("in a window of 320 by 200", () => {
     await makeSmallAndLargeAgain();
   });
 });
+
+describe("where a form has closed, the focus is", () => {
+  const focused = () =>
+    page.evaluate(() => {
+      const { activeElement } = document;
+      return activeElement.shadowRoot?.activeElement?.dataset.name ?? activeElement.id;
+    });
+  const formsAre = (count) =>
+    page.waitForFunction(
+      (wanted) => document.querySelector("tabulon-lpctrl").shadowRoot.querySelectorAll("dialog").length === wanted,
+      {},
+      count,
+    );
+
+  test("in the form below it, and then in the cell, also in a dialog of the page itself", async () => {
+    await open(`<dialog id="own">${problem()}</dialog>`);
+    await page.evaluate(() => own.showModal());
+    await page.click(control("txtTableau", 1));
+    await page.evaluate(() => {
+      void LPctrl1.ShowAboutBox();
+      void LPctrl1.ShowAboutBox();
+    });
+    await formsAre(2);
+    await page.keyboard.press("Enter");
+    await formsAre(1);
+    assert.equal(await focused(), "cmdOK");
+    await page.keyboard.press("Enter");
+    await formsAre(0);
+    assert.equal(await focused(), "txtTableau");
+  });
+
+  test("where it was on the page, for a form that a script has opened", async () => {
+    await open(`<input id="other" autofocus>${problem()}`);
+    await page.focus("#other");
+    await page.evaluate(() => void LPctrl1.ShowAboutBox());
+    await formsAre(1);
+    await page.keyboard.press("Enter");
+    await formsAre(0);
+    assert.equal(await focused(), "other");
+  });
+});
