@@ -2,8 +2,8 @@
 #
 #   tests/<room>/*_test.cpp        one executable <room>_tests; other .cpp of the folder are its helpers
 #   tests/support/*.cpp            helpers of every room from control upwards
-#   fuzz/<name>_fuzz.cpp           one fuzzer <name>_fuzz, with first inputs in fuzz/seeds/<name>/, and words in
-#                                  fuzz/dictionaries/<name>.dict
+#   fuzz/<name>_fuzz.cpp           one fuzzer <name>_fuzz, with first inputs in fuzz/seeds/<name>/ and fuzz/found/<name>/,
+#                                  and words in fuzz/dictionaries/<name>.dict
 #   benchmarks/*_benchmark.cpp     one executable, benchmarks, built for ./bench
 #
 # The text TABULON_SOURCE_DIR is the folder of this project, for tests that read files of it.
@@ -88,6 +88,11 @@ function(tabulon_tests)
       WORKING_DIRECTORY ${scratch}
       DISCOVERY_TIMEOUT 60
       PROPERTIES ENVIRONMENT "${environment}" LABELS ${room})
+    # All of them in one process, as ./test runs them: most of what a test takes is starting it.
+    add_test(NAME all.${room}
+      COMMAND ${room}_tests --gtest_brief=1 --gtest_output=xml:${CMAKE_BINARY_DIR}/reports/${room}.xml
+      WORKING_DIRECTORY ${scratch})
+    set_tests_properties(all.${room} PROPERTIES ENVIRONMENT "${environment}" LABELS all TIMEOUT 600)
   endforeach()
 endfunction()
 
@@ -109,6 +114,8 @@ function(tabulon_fuzzers)
       set(seeds ${PROJECT_SOURCE_DIR}/tests/files/golden)
       set(words ${PROJECT_SOURCE_DIR}/fuzz/dictionaries/tableau.dict)
     endif()
+    # Few of the inputs that long runs have found reach all that those runs reached.
+    list(APPEND seeds ${PROJECT_SOURCE_DIR}/fuzz/found/${name})
     file(MAKE_DIRECTORY ${folder}/corpus)
     add_executable(${target} ${source})
     target_link_options(${target} PRIVATE -fsanitize=fuzzer)

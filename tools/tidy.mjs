@@ -1,8 +1,8 @@
 // Runs clang-tidy over every C++ source that a configured preset compiles: node tools/tidy.mjs
 //
 // Most of its time goes to the headers of the standard library, so the sources of a part are read as one. Where
-// two of them have a name of their own alike, it gets a number; what still does not go together is read by halves. A
-// part that was found clean is not read again as long as nothing in it changes: build/tidy/ has a mark
+// two of them have a name of their own alike, it gets a number. Where that is not enough, the compiler is asked which
+// names are in the way, and what still does not go together is read by halves. A part that was found clean is not read again as long as nothing in it changes: build/tidy/ has a mark
 // for each text that passed.
 import { execFile } from "node:child_process";
 import { createHash } from "node:crypto";
@@ -105,6 +105,32 @@ function together(sources, renamed = new Map()) {
   return path;
 }
 
+// The names of a source that those of others may be like: what is in its unnamed namespaces, and what is known to the
+// system. What is a member somewhere in it cannot have another name.
+function ownNames(source) {
+  const text = readFileSync(source, "utf8");
+  const apart =
+    /^namespace \{$.*?^\} {2}\/\/ namespace$|^extern "C" \{$.*?^\} {2}\/\/ extern "C"$|^extern "C" [^{\n]*\{$/gms;
+  const definition =
+    /^(?:(?:class|struct|enum class) (\w+)|(?!class|struct|enum|using|namespace)\w[^\n;(={]*[ *&](\w+)(?:[(;[{]| =))/gm;
+  const names = (text.match(apart) ?? []).flatMap((part) =>
+    [...part.replaceAll('extern "C" ', "").matchAll(definition)].map(([, type, other]) => type ?? other),
+  );
+  return new Set(names.filter((name) => !new RegExp(`(\\.|->|::)${name}\\b`).test(text)));
+}
+
+// By source, the names that one before it has too.
+function namesAlike(sources) {
+  const seen = new Set();
+  const alike = new Map();
+  for (const source of sources) {
+    const names = ownNames(source);
+    alike.set(source, new Set([...names].filter((name) => seen.has(name))));
+    for (const name of names) seen.add(name);
+  }
+  return alike;
+}
+
 // The sources in which the compiler finds an error when all are read as one, each with the names that it is about.
 async function atOdds(path, flags) {
   const { stderr } = await output(compiler, [...flags, "-w", "-ferror-limit=0", "-fsyntax-only", path]);
@@ -140,15 +166,22 @@ async function findingsIn(path, flags) {
   return failed ? stdout || stderr : "";
 }
 
+// What clang-tidy finds in all of them, which most often can be read together as they are.
+async function read(sources, flags) {
+  const found = await findingsIn(together(sources, namesAlike(sources)), flags);
+  if (!found.includes("clang-diagnostic-error")) return found;
+  const said = [];
+  for (const path of await rounds(sources, flags)) said.push(await findingsIn(path, flags));
+  return said.join("");
+}
+
 // What clang-tidy has to say of a part, as text; empty when all is well.
 export async function findings({ sources, flags }) {
   const { stdout: text } = await output(compiler, [...flags, "-w", "-E", "-CC", together(sources)]);
   const rules = readFileSync(join(root, ".clang-tidy"));
   const passed = join(folder, `${digest(rules, ...flags, text)}.passed`);
   if (existsSync(passed)) return "";
-  const said = [];
-  for (const path of await rounds(sources, flags)) said.push(await findingsIn(path, flags));
-  const found = said.join("");
+  const found = await read(sources, flags);
   if (!found) writeFileSync(passed, "");
   return found;
 }

@@ -20,7 +20,7 @@ void PrintTo(const Paints& paints, std::ostream* out) {
   *out << paints.paints << " paints, " << paints.erases << " erases";
 }
 
-constexpr Paints nothing{};
+constexpr Paints unpainted{};
 
 // Counts the paint messages of a window while it exists.
 class Counted {
@@ -67,24 +67,24 @@ class RepaintInAContainer : public SampleView {
 TEST_F(RepaintInAContainer, AToolTipPaintsNothing) {
   for (Control* const control : sample_.controls())
     if (control->kind() != Kind::Line)
-      EXPECT_EQ(painted(*control, [&] { control->set_tool_tip("tip"); }), nothing) << control->name();
+      EXPECT_EQ(painted(*control, [&] { control->set_tool_tip("tip"); }), unpainted) << control->name();
 }
 
 TEST_F(RepaintInAContainer, ASpokenNamePaintsNothing) {
   for (Control* const control : sample_.controls())
     if (control->kind() != Kind::Line)
-      EXPECT_EQ(painted(*control, [&] { control->set_spoken_name("name"); }), nothing) << control->name();
+      EXPECT_EQ(painted(*control, [&] { control->set_spoken_name("name"); }), unpainted) << control->name();
 }
 
 TEST_F(RepaintInAContainer, ASelectionErasesNothing) {
-  EXPECT_EQ(painted(sample_.box, [&] { sample_.box.select_all(); }), nothing);
+  EXPECT_EQ(painted(sample_.box, [&] { sample_.box.select_all(); }), unpainted);
 }
 
 TEST_F(RepaintInAContainer, ATextPaintsItsControlAndNoOther) {
   for (Control* const control :
        {static_cast<Control*>(&sample_.label), static_cast<Control*>(&sample_.button)})
     EXPECT_EQ(painted(*control, [&] { control->set_text("text"); }).paints, 1) << control->name();
-  EXPECT_EQ(painted(sample_.box, [&] { sample_.label.set_text("another"); }), nothing);
+  EXPECT_EQ(painted(sample_.box, [&] { sample_.label.set_text("another"); }), unpainted);
 }
 
 TEST_F(RepaintInAContainer, AColourErasesTheBoxThatHasIt) {
@@ -98,7 +98,7 @@ TEST_F(RepaintInAContainer, APicturePressedIsPaintedAsItIs) {
     send(sample_.picture, WM_MOUSEMOVE, MK_LBUTTON, {500, 5});
     send(sample_.picture, WM_LBUTTONUP, 0, {500, 5});
   });
-  EXPECT_EQ(paints, nothing);
+  EXPECT_EQ(paints, unpainted);
 }
 
 TEST_F(RepaintInAContainer, AButtonPressedIsPainted) {
