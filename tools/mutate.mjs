@@ -23,7 +23,7 @@ const isSource = (path) => /\.(cpp|h|ts)$/.test(path);
 const stands = (file, text) => readFileSync(join(root, file), "utf8").includes(text);
 
 // A text that is gone, or stands more than once, is a change that nobody has thought about.
-export function locate({ room, find }, files) {
+function locate({ room, find }, files) {
   const { sources, of } = rooms[room];
   const inRoom = files.filter((path) => isSource(path) && sources.includes(dirname(path)) && (!of || of.test(path)));
   const found = inRoom.filter((path) => stands(path, find));
@@ -39,7 +39,8 @@ const onOneLine = (text) => text.replace(/\s+/g, " ").trim() || "nothing";
 const told = ({ room, file, line, find, becomes }) =>
   `${room}: ${file}:${line}: ${onOneLine(find)} -> ${onOneLine(becomes)}`;
 
-function chosen(words) {
+// Every change with its place.
+export function placed() {
   const files = allFiles();
   const faults = [];
   const all = mutations.flatMap((mutation) => {
@@ -51,8 +52,12 @@ function chosen(words) {
     }
   });
   if (faults.length) throw new Error(`These changes no longer fit:\n${faults.join("\n")}`);
+  return all;
+}
+
+function chosen(words) {
   const has = (mutation) => (word) => (word in rooms ? word === mutation.room : told(mutation).includes(word));
-  return all.filter((mutation) => !words.length || words.some(has(mutation)));
+  return placed().filter((mutation) => !words.length || words.some(has(mutation)));
 }
 
 // ---- The copy
