@@ -221,7 +221,7 @@ void Person::repeat_what_is_lost() {
 }
 
 bool Person::wait_until_idle() {
-  constexpr int tries = 3;  // where nothing of ours takes it, nothing comes
+  constexpr int tries = 10;  // where nothing of ours takes it, nothing comes
   for (int tried = 1;; ++tried) {
     if (!marker_passes()) return false;
     nothing_is_under_way = true;
