@@ -142,13 +142,14 @@ void CellRow::add_multiple_in_fractions(double factor, const CellRow& other, int
 }
 
 void CellRow::divide(double divisor, int columns, bool fractions) {
+  if (divisor == 1.0) return rewrite_row(columns, fractions);
   const auto divide_values = [=, this] {
     for (int at = 0; at < columns; ++at) values_[static_cast<std::size_t>(at)] /= divisor;
     values_[most_columns] /= divisor;
   };
-  if (fractions && divisor != 1.0) return change_in_fractions(columns, divide_values);
-  if (divisor != 1.0) divide_values();
-  rewrite_row(columns, fractions);
+  if (fractions) return change_in_fractions(columns, divide_values);
+  divide_values();
+  decimal_ |= row_bits(columns);
 }
 
 // Two lanes, because a compiler may not reorder a maximum by itself.

@@ -2,8 +2,8 @@
 //
 // Most of its time goes to the headers of the standard library, so the sources of a part are read as one. Where
 // two of them have a name of their own alike, it gets a number. Where that is not enough, the compiler is asked which
-// names are in the way, and what still does not go together is read by halves. A part that was found clean is not read again as long as nothing in it changes: build/tidy/ has a mark
-// for each text that passed.
+// names are in the way, and what still does not go together is read by halves. A part that was found clean is not read
+// again as long as nothing in it changes: build/tidy/ has a mark for each text that passed.
 import { execFile } from "node:child_process";
 import { createHash } from "node:crypto";
 import { existsSync, mkdirSync, readFileSync, writeFileSync } from "node:fs";
