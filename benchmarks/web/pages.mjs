@@ -6,6 +6,7 @@
 // A page marks where something begins and ends, and the trace has the thread's time at each mark.
 import { cp, writeFile } from "node:fs/promises";
 import { join } from "node:path";
+import { setTimeout as pause } from "node:timers/promises";
 import { launch } from "../../tests/browser/browser.mjs";
 import { beside } from "../../tools/bench-table.mjs";
 
@@ -31,8 +32,21 @@ function marks() {
   };
 }
 
+// Until the browser has done what it does around a window that it has opened; whoever starts a page has one open.
+async function atRest(session) {
+  const computed = async () => {
+    const { processInfo } = await session.send("SystemInfo.getProcessInfo");
+    return processInfo.reduce((seconds, { cpuTime }) => seconds + cpuTime, 0);
+  };
+  for (let before = 0, now = await computed(); now - before > 0.015; now = await computed()) {
+    before = now;
+    await pause(150);
+  }
+}
+
 export async function launchTimed() {
   const browser = await launch({ engine: "chromium", whole: true });
+  const session = await browser.browser.target().createCDPSession();
   if (process.env.TABULON_BESIDE)
     await cp(process.env.TABULON_BESIDE, join(browser.folder, "beside"), { recursive: true });
   let count = 0;
@@ -53,6 +67,7 @@ export async function launchTimed() {
     await page.evaluateOnNewDocument(marks);
     await page.setViewport({ width: 900, height: 700 });
     await visit(page, html, folder);
+    if (cold) await atRest(session);
     return page;
   }
   return { ...browser, openPage, visit };
