@@ -9,7 +9,8 @@ export class OwnBox {
   readonly #host: HTMLElement;
   readonly #root: ShadowRoot;
   readonly #changes = new MutationObserver(() => this.#look());
-  #listening = new AbortController();
+  // While the element is made a box: the style that does it, and what ends the listening.
+  #made: { readonly sheet: CSSStyleSheet; readonly listening: AbortController } | undefined;
 
   // `content` is as large as the element is to be.
   constructor(host: HTMLElement, root: ShadowRoot, content: HTMLElement) {
@@ -22,22 +23,28 @@ export class OwnBox {
   }
 
   #look(): void {
-    const { ownerDocument: page } = this.#host;
-    const ours = boxSheetOf(page);
-    const others = this.#root.adoptedStyleSheets.filter((sheet) => sheet !== ours);
-    this.#root.adoptedStyleSheets = others;
-    const isInLine = getComputedStyle(this.#host).display === "inline";
-    if (isInLine) this.#root.adoptedStyleSheets = [...others, ours];
-    this.#watch(isInLine ? page : undefined);
+    this.#leave();
+    if (getComputedStyle(this.#host).display === "inline") this.#make(this.#host.ownerDocument);
   }
 
-  #watch(page: Document | undefined): void {
-    this.#changes.disconnect();
-    this.#listening.abort();
-    if (!page) return;
+  #make(page: Document): void {
+    const sheet = boxSheetOf(page);
+    const listening = new AbortController();
+    this.#made = { sheet, listening };
+    this.#root.adoptedStyleSheets = [...this.#root.adoptedStyleSheets, sheet];
     for (const tree of new Set([page, this.#host.getRootNode()])) this.#changes.observe(tree, everything);
-    const { signal } = (this.#listening = new AbortController());
+    const { signal } = listening;
     page.defaultView?.addEventListener("resize", () => this.#look(), { signal });
     page.addEventListener("load", () => this.#look(), { capture: true, signal }); // of a style sheet
+  }
+
+  // What is as it was is not set again: the browser would look at every style anew.
+  #leave(): void {
+    if (!this.#made) return;
+    const { sheet, listening } = this.#made;
+    this.#made = undefined;
+    this.#root.adoptedStyleSheets = this.#root.adoptedStyleSheets.filter((each) => each !== sheet);
+    this.#changes.disconnect();
+    listening.abort();
   }
 }
