@@ -20,8 +20,10 @@ import { launchWebKit, listening } from "./webkit.mjs";
 
 const packageFolder = process.env.TABULON_WEB ?? fileURLToPath(new URL("../../dist/web", import.meta.url));
 
-// Chromium without its windows, which costs half as much; it knows no icons of pages.
+// Chromium without its windows, which costs half as much; it knows no icons of pages. One process shows all pages, so
+// that what one has compiled serves the next.
 const shell = "/usr/bin/chromium-headless-shell";
+const shellArgs = ["--renderer-process-limit=1", "--in-process-gpu"];
 
 const engines = {
   chromium: {
@@ -48,6 +50,8 @@ const engines = {
     variable: "FIREFOX",
     usual: ["/usr/bin/firefox", "/usr/bin/firefox-esr", "/Applications/Firefox.app/Contents/MacOS/firefox"],
     args: [],
+    // Without processes for the pages that a person might open next.
+    extraPrefsFirefox: { "dom.ipc.processCount": 1, "dom.ipc.processPrelaunch.enabled": false },
   },
 };
 
@@ -145,12 +149,13 @@ async function listenToNoise(page) {
 
 function launchEngine(engine, whole) {
   if (engine === "webkit") return launchWebKit();
-  const { args, variable } = engines[engine];
+  const { args, variable, extraPrefsFirefox } = engines[engine];
   const inShell = engine === "chromium" && !whole && !process.env[variable] && existsSync(shell);
   return puppeteer.launch({
     browser: engine === "firefox" ? "firefox" : "chrome",
     executablePath: inShell ? shell : executable(engines[engine]),
-    args,
+    args: inShell ? [...args, ...shellArgs] : args,
+    extraPrefsFirefox,
     headless: inShell ? "shell" : true,
   });
 }

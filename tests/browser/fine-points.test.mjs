@@ -222,7 +222,7 @@ test("a clock set back while a second is counted leaves a page that lives, and a
 
   await page.evaluate(() => LPctrl1.remove());
   await page.click(control("cmd_Help", undefined, "#other"));
-  await page.waitForSelector('#other >>> [role="menu"]');
+  await page.waitForSelector('#other >>> [role="menu"]', { visible: true });
   assert.deepEqual(noise(page), []);
 });
 

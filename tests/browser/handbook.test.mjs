@@ -226,7 +226,7 @@ describe("for pupils", () => {
       const found = [];
       for (const button of ["cmd_Bestand", "cmd_Bewerken", "cmd_Opties", "cmd_Help"]) {
         await page.click(control(button));
-        await page.waitForSelector('tabulon-lpctrl >>> [role^="menuitem"]');
+        await page.waitForSelector('tabulon-lpctrl >>> [role^="menuitem"]', { visible: true });
         found.push(await items());
         if (button === "cmd_Bestand") {
           await page.click(control("mnu_Nieuw"));
@@ -317,7 +317,7 @@ const keys = {
   "Alt+B, Alt+W, Alt+O, Alt+H": async (page) => {
     for (const [key, menu] of Object.entries({ b: "Bestand", w: "Bewerken", o: "Opties", h: "Help" })) {
       await press(page, `Alt+${key}`);
-      await page.waitForSelector(`tabulon-lpctrl >>> [role="menu"][aria-label="${menu}"]`);
+      await page.waitForSelector(`tabulon-lpctrl >>> [role="menu"][aria-label="${menu}"]`, { visible: true });
       await press(page, "Escape");
     }
   },
@@ -326,7 +326,7 @@ const keys = {
     await press(page, "b");
     await shows(page, "lblFRL", " 0");
     await press(page, "Alt+o");
-    await page.waitForSelector('tabulon-lpctrl >>> [data-name="mnu_Breuken"][aria-checked="true"]');
+    await page.waitForSelector('tabulon-lpctrl >>> [data-name="mnu_Breuken"][aria-checked="true"]', { visible: true });
   },
   "Enter in een venster": async (page) => {
     await press(page, "Alt+w");

@@ -223,6 +223,7 @@ describe("a pupil", () => {
       await open(browser);
       await sweep(2, row);
       await eventually(async () => (await steps()).length, 1);
+      await eventually(() => page.$$eval("tabulon-les >>> li .figure", ({ length }) => length), 1);
       looks.push(
         await page.$eval("tabulon-les", ({ shadowRoot }) =>
           shadowRoot

@@ -110,7 +110,7 @@ describe("a long run in the browser", () => {
 
   test("the run ends where it would have ended", async () => {
     await opened.evaluate(() => window.goOn());
-    await opened.waitForSelector("tabulon-lpctrl >>> dialog[open]");
+    await opened.waitForSelector("tabulon-lpctrl >>> dialog[open]", { visible: true });
     assert.equal(await text(opened, "lblMelding"), "Optimale oplossing gevonden!");
     assert.equal(await text(opened, "lblNRTableau"), "256-e Simplex-tableau");
     assert.equal(await isBusy(), null);
