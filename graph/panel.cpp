@@ -148,13 +148,18 @@ void GraphPanel::show_point(graph::PlanePoint point) {
   lblDoelfunctie.set_text(shown(graph::objective_value(objective, point)));
   lblValX1.set_text(shown(point.x1));
   lblValX2.set_text(shown(point.x2));
-  PictureLN.set_spoken_name("Grafiek, x 1 = " + std::string(trimmed(lblValX1.text())) +
-                            ", x 2 = " + std::string(trimmed(lblValX2.text())) +
-                            ", F = " + std::string(trimmed(lblDoelfunctie.text())));
+  if (m_lngGrabY == no_drag) name_point();
   const auto line = graph::level_line(objective, point, m_dblMaxX1);
   if (!line) return;
   lineNiveau.set_ends(line->segment.from, line->segment.to);
   lineNiveau.set_visible(line->visible);
+}
+
+// To be spoken; nobody can follow it while the cross is dragged.
+void GraphPanel::name_point() {
+  PictureLN.set_spoken_name("Grafiek, x 1 = " + std::string(trimmed(lblValX1.text())) +
+                            ", x 2 = " + std::string(trimmed(lblValX2.text())) +
+                            ", F = " + std::string(trimmed(lblDoelfunctie.text())));
 }
 
 // ---- The pointer. Both drags share the place at which the pointer was pressed.
@@ -167,24 +172,29 @@ Task<> GraphPanel::pointer_moved(Control& control, Pointer pointer) {
       grab(pointer, handle ? graph::handle_height : graph::cross_size);
       break;
     case Pointer::Action::Move:
-      if (!pointer.left_button) m_lngGrabY = no_drag;
+      if (!pointer.left_button) let_go();
       handle ? cmdFrame_MouseMove(pointer) : imgCross_MouseMove(pointer);
       break;
     case Pointer::Action::Up:
-      m_lngGrabY = no_drag;
+      let_go();
       if (handle) co_await around_.surface.set_focus(around_.txtFocus);
       break;
     case Pointer::Action::Lost:
-      m_lngGrabY = no_drag;
+      let_go();
       break;
   }
 }
 
 void GraphPanel::grab(Pointer pointer, Twips height) {
-  m_lngGrabY = no_drag;
+  let_go();
   if (!pointer.left_button || pointer.y <= 0 || pointer.y >= height) return;
   m_lngGrabY = whole(pointer.y);
   m_lngGrabX = whole(pointer.x);
+}
+
+void GraphPanel::let_go() {
+  m_lngGrabY = no_drag;
+  if (imgCross.visible()) name_point();
 }
 
 void GraphPanel::cmdFrame_MouseMove(Pointer pointer) {

@@ -57,9 +57,11 @@ class GraphPanel : public GraphView {
   std::int16_t number_mode() const;
   void place_cross(platform::Point place);
   void show_point(graph::PlanePoint point);
+  void name_point();
 
   // ---- Moving
   void grab(platform::Pointer pointer, platform::Twips height);
+  void let_go();
   void cmdFrame_MouseMove(platform::Pointer pointer);
   void imgCross_MouseMove(platform::Pointer pointer);
   void move_panel(platform::Twips right, platform::Twips down);

@@ -506,6 +506,18 @@ TEST_F(Panel, ADragInManyMovesEndsWhereOneMoveEnds) {
   EXPECT_EQ(values(), " 3; 4; 29");
 }
 
+TEST_F(Panel, ThePictureHearsOfANewPointWhenTheCrossIsLetGo) {
+  open_solved();
+  for (const Action end : {Action::Up, Action::Lost, Action::Move, Action::Down}) {
+    click("cmdReset");
+    point("imgCross", Action::Down, 112, 112);
+    point("imgCross", Action::Move, 112 + 300, 112 + 600);
+    EXPECT_EQ(picture().spoken_name(), "Grafiek, x 1 = 2, x 2 = 6, F = 36");
+    point("imgCross", end, 112, 112, false);
+    EXPECT_EQ(picture().spoken_name(), "Grafiek, x 1 = 3, x 2 = 4, F = 29");
+  }
+}
+
 TEST_F(Panel, TheCrossStopsAtEachEdgeAndGlidesAlongIt) {
   open_solved();
   drag("imgCross", -5000, 0);
