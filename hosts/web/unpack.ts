@@ -11,15 +11,19 @@ interface Unpacker {
 }
 
 // A byte is a sign from "#" on; one of 90 or more has a "}" before it, and one of 180 or more a "~".
-function byteOf(signs: string): number {
-  const own = signs.charCodeAt(signs.length - 1) - 35;
-  return signs.length > 1 ? own + 90 * (signs.charCodeAt(0) - 124) : own;
+function bytesOf(signs: string): Uint8Array<ArrayBuffer> {
+  const bytes: number[] = [];
+  let more = 0;
+  for (let at = 0; at < signs.length; ++at) {
+    const sign = signs.charCodeAt(at) - 35;
+    if (sign < 90) bytes.push(sign + more);
+    more = sign < 90 ? 0 : 90 * (sign - 89);
+  }
+  return Uint8Array.from(bytes);
 }
 
 function unpack(): Uint8Array<ArrayBuffer> {
-  const { exports } = new WebAssembly.Instance(
-    new WebAssembly.Module(Uint8Array.from(unpacker.match(/[}~]?./g)!, byteOf)),
-  );
+  const { exports } = new WebAssembly.Instance(new WebAssembly.Module(bytesOf(unpacker)));
   const own = exports as unknown as Unpacker;
   new TextEncoder().encodeInto(packed, new Uint8Array(own.memory.buffer, own.packed.value));
   return new Uint8Array(own.memory.buffer, own.unpacked.value, own.unpack());
