@@ -7,10 +7,12 @@ import { Kind, afterCopy, stateAfter, stepsOf } from "./lz-steps.mjs";
 
 // ---- The choices that a text tells, and the odds for each
 
+// All of these as in unpack.cpp.
 const whole = 2 ** 15;
 const least = 16;
+const rateOfBytes = 3;
+const rateOfCopies = 5;
 
-// What unpack.cpp calls so.
 class Odds {
   quick = Int32Array.from({ length: 16 }, (_, at) => (at * whole) / 16);
   slow = this.quick.slice();
@@ -64,7 +66,7 @@ class Model {
 
   tell({ kind, length = 0, distance = this.#distance }) {
     const before = 16 * afterCopy(this.#state) + (this.#back(1) >> 4);
-    this.#choose(kind, 3, `step ${this.#state}`, `step by byte ${before}`);
+    this.#choose(kind, rateOfBytes, `step ${this.#state}`, `step by byte ${before}`);
     if (kind === Kind.byte) this.#tellByte(this.#bytes[this.#at]);
     else if (kind === Kind.copy) this.#tellCopy(length, distance);
     else if (kind >= Kind.known && kind < Kind.end) this.#tellLength(1, length);
@@ -79,30 +81,30 @@ class Model {
     const one = this.#back(1) >> 5;
     const two = (this.#back(2) >> 5) * 8 + one;
     const likely = this.#back(this.#distance + 1);
-    if (afterCopy(this.#state)) this.#choose(high, 3, `likely high ${(likely >> 4) * 8 + one}`);
-    else this.#choose(high, 3, `high ${one}`, `high by two ${two}`);
+    if (afterCopy(this.#state)) this.#choose(high, rateOfBytes, `likely high ${(likely >> 4) * 8 + one}`);
+    else this.#choose(high, rateOfBytes, `high ${one}`, `high by two ${two}`);
     if (afterCopy(this.#state) && high === likely >> 4)
-      this.#choose(low, 3, `likely low ${likely & 15}`, `likely byte ${likely}`);
-    else this.#choose(low, 3, `low ${one} ${high}`, `low by two ${two} ${high}`);
+      this.#choose(low, rateOfBytes, `likely low ${likely & 15}`, `likely byte ${likely}`);
+    else this.#choose(low, rateOfBytes, `low ${one} ${high}`, `low by two ${two} ${high}`);
   }
 
   #tellCopy(length, distance) {
     this.#tellLength(0, length);
     const size = Math.max(0, 28 - Math.clz32(distance)); // bits behind the highest five; below 16 there are four alone
     const rest = Math.max(0, size - 1);
-    this.#choose(size, 5, `size ${Math.min(length - 2, 3)}`);
-    this.#choose((distance >> rest) & 15, 5, `highest ${size}`, `highest by step ${size} ${this.#state}`);
+    this.#choose(size, rateOfCopies, `size ${Math.min(length - 2, 3)}`);
+    this.#choose((distance >> rest) & 15, rateOfCopies, `highest ${size}`, `highest by step ${size} ${this.#state}`);
     const lowest = Math.min(rest, 4);
     if (rest > 4) this.#chooseEvenly((distance >> 4) & (2 ** (rest - 4) - 1), rest - 4);
-    if (rest > 0) this.#choose(distance & (2 ** lowest - 1), 5, `lowest ${lowest}`);
+    if (rest > 0) this.#choose(distance & (2 ** lowest - 1), rateOfCopies, `lowest ${lowest}`);
   }
 
   #tellLength(kind, length) {
     const [first, rest] = [Math.min(length - 2, 15), length - 17];
-    this.#choose(first, 5, `length ${kind}`, `length by step ${kind} ${this.#state}`);
+    this.#choose(first, rateOfCopies, `length ${kind}`, `length by step ${kind} ${this.#state}`);
     if (rest < 0) return;
-    this.#choose(rest >> 4, 5, `long ${kind}`);
-    this.#choose(rest & 15, 5, `longer ${kind} ${rest >> 4}`);
+    this.#choose(rest >> 4, rateOfCopies, `long ${kind}`);
+    this.#choose(rest & 15, rateOfCopies, `longer ${kind} ${rest >> 4}`);
   }
 }
 
