@@ -5,14 +5,9 @@
 //   unpack()    answers how many bytes it was
 //   unpacked    where they stand
 //
-// The text tells steps, each a byte or a copy of what was before, and a step is a few choices of one of
-// sixteen. Every choice has odds, which learn from what is chosen, so that what is likely costs little;
-// asymmetric numerals (rANS, 15 bits of odds, words of 16) tell it. With sixteen odds in two vectors a choice
-// is hardly dearer than a bit would be. Each sign stands for 6 or 7 bits: so many that a server or an archive
-// that codes signs by how often they come finds nothing that could be shorter. A text that is damaged ends in
-// a trap or in bytes that are no module.
-#include <wasm_simd128.h>
-
+// The text is an LZMA stream (lc 3, lp 0, pb 0, with its end mark, without a header), each sign of which
+// stands for 6 or 7 bits: so many that a server or an archive that codes signs by how often they come finds
+// nothing that could be shorter. A text that is damaged ends in a trap or in bytes that are no module.
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -43,220 +38,189 @@ unsigned number_of(unsigned sign) {
   return sign - ' ' - (sign > '"') - (sign > '<') - (sign > '\\');
 }
 
-unsigned next_word() {
-  while (waiting_count < 16) {
+unsigned next_byte() {
+  while (waiting_count < 8) {
     const unsigned number = number_of(*next_sign++);
     const bool short_one = number < signs_of_six_bits;
     const unsigned bits = short_one ? 6 : 7;
     waiting = waiting << bits | (short_one ? number : number + signs_of_six_bits);
     waiting_count += bits;
   }
-  waiting_count -= 16;
-  return waiting >> waiting_count & 0xFFFF;
+  waiting_count -= 8;
+  return waiting >> waiting_count & 0xFF;
 }
 
-// ---- The choices
+// ---- The bits of the stream
 
-constexpr std::size_t lanes = 8;
-constexpr unsigned whole_bits = 15, whole = 1U << whole_bits;
-constexpr std::uint16_t least = 16;  // never learnt to be less
+// Of a 0, in 2048ths, less a half: so that all begin as even odds.
+using Odds = std::int16_t;
+constexpr int half = 1024;
+constexpr unsigned shift_of_change = 5;
 
-using Starts = std::array<std::uint16_t, 16>;
+std::uint32_t range = 0xFFFFFFFF, place = 0;
 
-// Where the share of each of sixteen in the whole begins, as it is learnt quickly and slowly.
-struct alignas(16) Odds {
-  Starts quick, slow;
-};
-
-constexpr Starts steps_of(unsigned width) {
-  Starts starts{};
-  for (unsigned at = 0; at < starts.size(); ++at) starts[at] = static_cast<std::uint16_t>(at * width);
-  return starts;
-}
-constexpr Starts beginnings = steps_of(least);
-
-std::uint32_t place;
-
-// What was told of the whole is used up.
-void go_on(unsigned start, unsigned size) {
-  place = size * (place >> whole_bits) + (place & (whole - 1)) - start;
-  if (place >> 16 == 0) place = place << 16 | next_word();
+void fill_up() {
+  if (range >> 24) return;
+  range <<= 8;
+  place = place << 8 | next_byte();
 }
 
-v128_t load(const Starts& starts, std::size_t from) {
-  return wasm_v128_load(starts.data() + from);
-}
-
-v128_t middle(v128_t one, v128_t other) {
-  return wasm_u16x8_shr(wasm_i16x8_add(one, other), 1);
-}
-
-void learn(Starts& starts, std::size_t from, v128_t now, v128_t wanted, unsigned rate) {
-  wasm_v128_store(starts.data() + from,
-                  wasm_i16x8_add(now, wasm_i16x8_shr(wasm_i16x8_sub(wanted, now), rate)));
-}
-
-// One of sixteen, by the mean of two odds, which may be the same. They learn it by a part of 2 to the power
-// of `rate`.
-[[gnu::noinline]] unsigned choose(unsigned rate, Odds& one, Odds& other) {
-  const v128_t told = wasm_i16x8_splat(static_cast<std::int16_t>(place & (whole - 1)));
-  std::array<std::uint16_t, 17> starts;
-  starts[16] = whole;
-  unsigned begun = 0;
-#pragma clang loop unroll(disable)
-  for (std::size_t from = 0; from < 2 * lanes; from += lanes) {
-    const v128_t quick = load(one.quick, from), slow = load(one.slow, from);
-    const v128_t other_quick = load(other.quick, from), other_slow = load(other.slow, from);
-    const v128_t start = middle(middle(quick, slow), middle(other_quick, other_slow));
-    wasm_v128_store(starts.data() + from, start);
-    const v128_t has_begun = wasm_i16x8_le(start, told);
-    begun += static_cast<unsigned>(__builtin_popcount(wasm_i16x8_bitmask(has_begun)));
-    const v128_t end = wasm_v128_andnot(wasm_i16x8_const_splat(whole - 16 * least), has_begun);
-    const v128_t wanted = wasm_i16x8_add(load(beginnings, from), end);
-    learn(one.quick, from, quick, wanted, rate);
-    learn(one.slow, from, slow, wanted, rate + 3);
-    learn(other.quick, from, other_quick, wanted, rate);
-    learn(other.slow, from, other_slow, wanted, rate + 3);
+unsigned bit(Odds& odds) {
+  fill_up();
+  const std::uint32_t bound = (range >> 11) * static_cast<unsigned>(half + odds);
+  if (place < bound) {
+    range = bound;
+    odds = static_cast<Odds>(odds + ((half - odds) >> shift_of_change));
+    return 0;
   }
-  go_on(starts[begun - 1], starts[begun] - starts[begun - 1]);
-  return begun - 1;
+  range -= bound;
+  place -= bound;
+  odds = static_cast<Odds>(odds - ((half + odds) >> shift_of_change));
+  return 1;
 }
 
-unsigned choose(unsigned rate, Odds& odds) {
-  return choose(rate, odds, odds);
+unsigned even_bit() {
+  fill_up();
+  range >>= 1;
+  const bool one = place >= range;
+  if (one) place -= range;
+  return one;
 }
 
-unsigned even_bits(unsigned count) {
-  const unsigned size_bits = whole_bits - count, chosen = (place & (whole - 1)) >> size_bits;
-  go_on(chosen << size_bits, 1U << size_bits);
-  return chosen;
+// The highest bit first, each with odds of its own by those before it.
+unsigned bits(Odds* odds, unsigned count) {
+  unsigned number = 1;
+  while (!(number >> count)) number = number * 2 + bit(odds[number]);
+  return number - (1U << count);
+}
+
+unsigned bits_lowest_first(Odds* odds, unsigned count) {
+  unsigned number = 0, branch = 1;
+  for (unsigned at = 0; at < count; ++at) {
+    const unsigned one = bit(odds[branch]);
+    branch = branch * 2 + one;
+    number |= one << at;
+  }
+  return number;
 }
 
 // ---- What they tell
 
-constexpr unsigned rate_of_bytes = 3, rate_of_copies = 5;
-constexpr unsigned state_count = 12, first_state_after_copy = 7;
+struct Lengths {
+  Odds beyond_low, beyond_middle;
+  std::array<Odds, 8> low, middle;
+  std::array<Odds, 256> high;
 
-// Odds by what is known: the state, which is what the last few steps were, and the highest bits of bytes
-// before.
-struct Model {
-  template <std::size_t count>
-  using Row = std::array<Odds, count>;
-
-  Row<state_count> step;
-  Row<32> step_by_byte;
-  Row<8> high;
-  Row<64> high_by_two;
-  std::array<Row<16>, 8> low;
-  std::array<Row<16>, 64> low_by_two;
-  // After a copy, by the byte that would have gone on with it.
-  std::array<Row<8>, 16> likely_high;
-  Row<16> likely_low;
-  Row<256> likely_byte;
-  struct Lengths {
-    Odds first, rest_high;
-    Row<state_count> first_by_step;
-    Row<16> rest_low;
-  };
-  std::array<Lengths, 2> lengths;
-  Row<4> size;
-  Row<16> highest;
-  std::array<Row<state_count>, 16> highest_by_step;
-  Row<5> lowest;
+  unsigned read() {
+    if (!bit(beyond_low)) return 2 + bits(low.data(), 3);
+    if (!bit(beyond_middle)) return 10 + bits(middle.data(), 3);
+    return 18 + bits(high.data(), 8);
+  }
 };
 
-Model model;
+constexpr unsigned state_count = 12, first_state_after_copy = 7;
+constexpr std::uint32_t end_mark = 0xFFFFFFFF;
 
-enum Step : unsigned { byte, copy, same, known, end = 7 };
+// By the state: what the last few steps were.
+std::array<Odds, state_count> is_copy, is_known, is_not_first, is_not_second, is_not_third, is_longer;
+Lengths lengths, lengths_of_known;
+std::array<std::array<Odds, 64>, 4> slots;
+std::array<Odds, 128> middle_bits;
+std::array<Odds, 16> lowest_bits;
+// By the byte before: without a likely byte, and with one by its next bit.
+std::array<std::array<std::array<Odds, 256>, 3>, 8> literals;
+
+// How far back, less 1.
+std::uint32_t read_distance(unsigned length) {
+  const unsigned slot = bits(slots[length < 6 ? length - 2 : 3].data(), 6);
+  if (slot < 4) return slot;
+  unsigned count = slot / 2 - 1;
+  std::uint32_t distance = (2 | slot % 2) << count;
+  if (slot < 14) return distance + bits_lowest_first(middle_bits.data() + distance - slot, count);
+  while (count > 4) distance += even_bit() << --count;
+  return distance + bits_lowest_first(lowest_bits.data(), 4);
+}
 
 class Unpacker {
  public:
   // Answers the size.
   std::size_t run() {
-    // As even odds.
-    auto* const starts = reinterpret_cast<std::uint16_t*>(&model);
-    for (std::size_t at = 0; at < sizeof(Model) / sizeof *starts; ++at) starts[at] = at % 16 * (whole / 16);
-    place = next_word() << 16;
-    place |= next_word();
-    while (take(choose(rate_of_bytes, model.step[state_],
-                       model.step_by_byte[after_copy() * 16U + (last_two_ >> 4 & 15)])));
-    return size_;
+    next_byte();  // every stream begins with a 0
+    for (int byte = 0; byte < 4; ++byte) place = place << 8 | next_byte();
+    for (;;) {
+      if (!bit(is_copy[state_])) {
+        read_byte();
+      } else if (bit(is_known[state_])) {
+        read_known_copy();
+      } else if (!read_copy()) {
+        return size_;
+      }
+    }
   }
 
  private:
   bool after_copy() const { return state_ >= first_state_after_copy; }
-  unsigned byte_back() const { return unpacked[size_ - distances_[0] - 1]; }
+  unsigned char byte_back() const { return unpacked[size_ - distance_ - 1]; }
+
+  void read_byte() {
+    auto& by_likely = literals[size_ ? unpacked[size_ - 1] >> 5 : 0];
+    unsigned number = 1;
+    // After a copy the byte is not the one that would have gone on with it.
+    for (unsigned likely = after_copy() ? byte_back() | 0x100U : 0; likely && number < 256;) {
+      const unsigned expected = likely >> 7 & 1, one = bit(by_likely[1 + expected][number]);
+      number = number * 2 + one;
+      likely = one == expected ? likely << 1 : 0;
+    }
+    while (number < 256) number = number * 2 + bit(by_likely[0][number]);
+    unpacked[size_++] = static_cast<unsigned char>(number);
+    state_ = state_ < 4 ? 0 : state_ - (state_ < 10 ? 3 : 6);
+  }
 
   // False at the end.
-  bool take(unsigned step) {
-    if (step >= end) return false;
-    if (step == byte) {
-      put(read_byte());
-      state_ = state_ < 4 ? 0 : state_ - (state_ < 10 ? 3 : 6);
-      return true;
-    }
-    unsigned length = 1;
-    if (step == copy) {
-      length = read_length(model.lengths[0]);
-      bring_forward(3, read_distance(length));
-    } else if (step >= known) {
-      bring_forward(step - known, distances_[step - known]);
-      length = read_length(model.lengths[1]);
-    }
-    if (after_copy())
-      state_ = step == copy ? 10 : 11;
-    else
-      state_ = step == copy ? 7 : step == same ? 9 : 8;
-    for (; length; --length) put(byte_back());
+  bool read_copy() {
+    fourth_ = third_;
+    third_ = second_;
+    second_ = distance_;
+    const unsigned length = lengths.read();
+    distance_ = read_distance(length);
+    if (distance_ == end_mark) return false;
+    state_ = after_copy() ? 10 : 7;
+    copy(length);
     return true;
   }
 
-  void put(unsigned value) {
-    unpacked[size_++] = static_cast<unsigned char>(value);
-    last_two_ = last_two_ << 8 | value;
+  // From as far back as one of the last four.
+  void read_known_copy() {
+    if (!bit(is_not_first[state_])) {
+      if (!bit(is_longer[state_])) {
+        state_ = after_copy() ? 11 : 9;
+        return copy(1);
+      }
+    } else {
+      std::uint32_t chosen = second_;
+      if (bit(is_not_second[state_])) {
+        chosen = third_;
+        if (bit(is_not_third[state_])) {
+          chosen = fourth_;
+          fourth_ = third_;
+        }
+        third_ = second_;
+      }
+      second_ = distance_;
+      distance_ = chosen;
+    }
+    const unsigned length = lengths_of_known.read();
+    state_ = after_copy() ? 11 : 8;
+    copy(length);
   }
 
-  // Its high half, then its low one.
-  unsigned read_byte() {
-    const unsigned one = last_two_ >> 5 & 7, two = (last_two_ >> 13 & 7) * 8 + one;
-    const unsigned likely = after_copy() ? byte_back() : 0;
-    const unsigned high = after_copy() ? choose(rate_of_bytes, model.likely_high[likely >> 4][one])
-                                       : choose(rate_of_bytes, model.high[one], model.high_by_two[two]);
-    const bool goes_on = after_copy() && high == likely >> 4;
-    return high << 4 |
-           (goes_on ? choose(rate_of_bytes, model.likely_low[likely & 15], model.likely_byte[likely])
-                    : choose(rate_of_bytes, model.low[one][high], model.low_by_two[two][high]));
-  }
-
-  unsigned read_length(Model::Lengths& lengths) const {
-    const unsigned first = choose(rate_of_copies, lengths.first, lengths.first_by_step[state_]);
-    if (first < 15) return 2 + first;
-    const unsigned high = choose(rate_of_copies, lengths.rest_high);
-    return 17 + high * 16 + choose(rate_of_copies, lengths.rest_low[high]);
-  }
-
-  // How far back, less 1: its five highest bits, and of more than nine those in the middle as they are.
-  std::uint32_t read_distance(unsigned length) const {
-    const unsigned size = choose(rate_of_copies, model.size[length < 5 ? length - 2 : 3]);
-    std::uint32_t distance = choose(rate_of_copies, model.highest[size], model.highest_by_step[size][state_]);
-    if (size == 0) return distance;
-    distance += 16;
-    unsigned rest = size - 1;
-    if (rest > 4) distance = distance << (rest - 4) | even_bits(rest - 4);
-    if (rest > 4) rest = 4;
-    return rest ? distance << rest | choose(rate_of_copies, model.lowest[rest]) : distance;
-  }
-
-  // The distance that was the last but `which` is the last one now.
-  void bring_forward(unsigned which, std::uint32_t distance) {
-    for (; which; --which) distances_[which] = distances_[which - 1];
-    distances_[0] = distance;
+  void copy(unsigned length) {
+    for (; length; --length, ++size_) unpacked[size_] = byte_back();
   }
 
   std::size_t size_ = 0;
   unsigned state_ = 0;
-  unsigned last_two_ = 0;  // bytes, the last one lowest
-  std::array<std::uint32_t, 4> distances_{};
+  std::uint32_t distance_ = 0, second_ = 0, third_ = 0, fourth_ = 0;  // the last four, the last one first
 };
 
 }  // namespace
