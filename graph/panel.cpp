@@ -96,7 +96,9 @@ void GraphPanel::problem_changed() {
 
 // The cross stays where the person has dragged it.
 void GraphPanel::numbers_rewritten() {
-  if (open_ && draw_problem() && imgCross.visible()) show_point(shown_point_);
+  if (!open_ || !draw_problem() || !imgCross.visible()) return;
+  show_point(shown_point_);
+  name_point();
 }
 
 // ---- Drawing
@@ -118,6 +120,7 @@ void GraphPanel::draw() {
   imgCross.set_visible(true);
   PictureLN.set_tab(PictureLN.tab_index(), true);
   show_point(*point);
+  name_point();
 }
 
 bool GraphPanel::draw_problem() {
@@ -148,14 +151,13 @@ void GraphPanel::show_point(graph::PlanePoint point) {
   lblDoelfunctie.set_text(shown(graph::objective_value(objective, point)));
   lblValX1.set_text(shown(point.x1));
   lblValX2.set_text(shown(point.x2));
-  if (m_lngGrabY == no_drag) name_point();
   const auto line = graph::level_line(objective, point, m_dblMaxX1);
   if (!line) return;
   lineNiveau.set_ends(line->segment.from, line->segment.to);
   lineNiveau.set_visible(line->visible);
 }
 
-// To be spoken; nobody can follow it while the cross is dragged.
+// To be spoken; while the cross is dragged nobody could follow it.
 void GraphPanel::name_point() {
   PictureLN.set_spoken_name("Grafiek, x 1 = " + std::string(trimmed(lblValX1.text())) +
                             ", x 2 = " + std::string(trimmed(lblValX2.text())) +
@@ -232,6 +234,7 @@ bool GraphPanel::key_pressed(KeyPress press) {
   const auto now = graph::point_under_cross(cross_place(), m_dblMaxX1);
   const auto next = graph::stepped(now, direction->right, direction->up, m_dblMaxX1);
   move_cross(graph::cross_place(next, m_dblMaxX1));
+  name_point();
   return true;
 }
 

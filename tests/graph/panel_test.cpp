@@ -518,6 +518,14 @@ TEST_F(Panel, ThePictureHearsOfANewPointWhenTheCrossIsLetGo) {
   }
 }
 
+TEST_F(Panel, ThePictureHearsOfAnArrowKeyAlsoWhereADragNeverEnded) {
+  open_solved();
+  click("imgCross");
+  point("imgCross", Action::Down, 112, 112);
+  press("Right");
+  EXPECT_EQ(picture().spoken_name(), "Grafiek, x 1 = 2.1, x 2 = 6, F = 36.3");
+}
+
 TEST_F(Panel, TheCrossStopsAtEachEdgeAndGlidesAlongIt) {
   open_solved();
   drag("imgCross", -5000, 0);
