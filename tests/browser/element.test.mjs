@@ -304,6 +304,8 @@ describe("life in the page", () => {
     assert.equal(await page.evaluate(() => document.activeElement.id), "LPctrl1");
     await page.close();
     await open('<input id="own" autofocus>' + problem());
+    // The browser gives the focus with its next frame.
+    await until(() => document.activeElement !== document.body);
     assert.equal(await page.evaluate(() => document.activeElement.id), "own");
   });
 
