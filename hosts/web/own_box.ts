@@ -9,7 +9,7 @@ export class OwnBox {
   readonly #host: HTMLElement;
   readonly #root: ShadowRoot;
   readonly #changes = new MutationObserver(() => this.#look());
-  // While the element is made a box: the style that does it, and what ends the listening.
+  // While the element is a part of a line by the page: the style that makes it a box, and what ends the listening.
   #made: { readonly sheet: CSSStyleSheet; readonly listening: AbortController } | undefined;
 
   // `content` is as large as the element is to be.
@@ -23,15 +23,18 @@ export class OwnBox {
   }
 
   #look(): void {
+    const wasMade = this.#made;
     this.#leave();
-    if (getComputedStyle(this.#host).display === "inline") this.#make(this.#host.ownerDocument);
+    const { display } = getComputedStyle(this.#host);
+    // One that hides is listened for: shown again before the next frame, it has the size that it had.
+    if (display === "inline" || (wasMade && display === "none")) this.#make(this.#host.ownerDocument, display);
   }
 
-  #make(page: Document): void {
+  #make(page: Document, display: string): void {
     const sheet = boxSheetOf(page);
     const listening = new AbortController();
     this.#made = { sheet, listening };
-    this.#root.adoptedStyleSheets = [...this.#root.adoptedStyleSheets, sheet];
+    if (display === "inline") this.#root.adoptedStyleSheets = [...this.#root.adoptedStyleSheets, sheet];
     for (const tree of new Set([page, this.#host.getRootNode()])) this.#changes.observe(tree, everything);
     const { signal } = listening;
     page.defaultView?.addEventListener("resize", () => this.#look(), { signal });

@@ -299,6 +299,24 @@ describe("a page's style", () => {
         assert.deepEqual(await size(), [600, 296]);
       });
 
+    test("can hide it and show it again within a frame", async () => {
+      await openInLine(`${line} .gone { display: none }`);
+      await page.evaluate(async () => {
+        const frame = () => new Promise((resume) => requestAnimationFrame(() => setTimeout(resume)));
+        LPctrl1.className = "gone";
+        await frame();
+        await frame();
+        LPctrl1.className = "";
+        // The frame that shows it ends with the style that makes it a box; its size then is told with the next one.
+        await frame();
+        LPctrl1.className = "gone";
+        await Promise.resolve();
+        LPctrl1.className = "";
+      });
+      await untilBox();
+      assert.deepEqual(await size(), [600, 296]);
+    });
+
     test("can hide it in a narrow window, and on paper", async () => {
       await openInLine(`${line} @media print, (max-width: 700px) { tabulon-lpctrl { display: none } }`);
       await page.setViewport({ width: 650, height: 700 });
