@@ -17,6 +17,7 @@ import { basename, dirname, join } from "node:path";
 import { fileURLToPath } from "node:url";
 import { promisify } from "node:util";
 import * as esbuild from "esbuild";
+import { minify } from "terser";
 import { attributesOf, describeElements } from "./describe-element.mjs";
 import { makePictures } from "./handbook-pictures.mjs";
 import { makeContract, namesOf } from "./make-contract.mjs";
@@ -95,20 +96,34 @@ const minifyStyles = {
   },
 };
 
-const bundle = (entry, outfile, { format = "iife", plugins = [] } = {}) =>
-  esbuild.build({
+// Bundled and made small, and once more by a tool that names what comes most by the signs that come most: together
+// 2 % smaller than by either.
+async function bundle(entry, outfile, { format = "iife", plugins = [] } = {}) {
+  const { outputFiles } = await esbuild.build({
     entryPoints: [join(root, entry)],
-    outfile,
     bundle: true,
     format,
-    // Nearly all of it runs at the start: the browser compiles it while it loads, beside its main thread.
-    banner: { js: `//# allFunctionsCalledOnLoad\n${banner}` },
     target: "es2022",
     minify: true,
     legalComments: "none",
+    write: false,
     plugins,
     logLevel: "warning",
   });
+  const { code } = await minify(outputFiles[0].text, {
+    ecma: 2022,
+    module: format === "esm",
+    // What is read and not used is read for what that does.
+    compress: { passes: 2, pure_getters: false },
+    format: {
+      // A page says in which encoding its scripts are, also where it is not ours.
+      ascii_only: true,
+      // Nearly all of it runs at the start: the browser compiles it while it loads, beside its main thread.
+      preamble: `//# allFunctionsCalledOnLoad\n${banner}`,
+    },
+  });
+  await writeFile(outfile, `${code}\n`);
+}
 
 // `import files from "page-files"` gives the texts of the exercises and of what they name, by name.
 const embedPages = (folder) => ({
