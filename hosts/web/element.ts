@@ -351,6 +351,7 @@ export class TabulonLPctrl extends PageElement {
   }
 
   #comeBack(view: ElementView): void {
+    view.box.look();
     for (const form of view.forms) form.showAgain();
     this.#doWhatWaits();
   }

@@ -32,6 +32,7 @@ const isActivation = ({ key }: KeyboardEvent) => key === "Enter" || key === " ";
 export class ElementView {
   readonly surface: SurfaceView;
   readonly forms: FormView[] = [];
+  readonly box: OwnBox;
   readonly #controlOf = new WeakMap<Node, ControlView>();
   // As the module knows it: the focus is in here.
   hasFocus = false;
@@ -51,7 +52,7 @@ export class ElementView {
     opened: OpenedSurface,
   ) {
     this.surface = new SurfaceView(opened, page.send, this.#introduced);
-    new OwnBox(host, root, this.surface.ground);
+    this.box = new OwnBox(host, root, this.surface.ground);
     this.#listen();
   }
 

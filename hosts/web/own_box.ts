@@ -8,45 +8,47 @@ const everything: MutationObserverInit = { subtree: true, childList: true, chara
 export class OwnBox {
   readonly #host: HTMLElement;
   readonly #root: ShadowRoot;
-  readonly #changes = new MutationObserver(() => this.#look());
-  // While the element is a part of a line by the page: the style that makes it a box, and what ends the listening.
-  #made: { readonly sheet: CSSStyleSheet; readonly listening: AbortController } | undefined;
+  readonly #changes = new MutationObserver(() => this.look());
+  // Once the page has made the element a part of a line: the style that makes it a box, while it is needed, and what ends
+  // the listening. That goes on when the page makes something else of it: what changes back within a frame has for the
+  // observer of sizes the size that it had.
+  #inLine: { readonly sheet: CSSStyleSheet | undefined; readonly listening: AbortController } | undefined;
 
   // `content` is as large as the element is to be.
   constructor(host: HTMLElement, root: ShadowRoot, content: HTMLElement) {
     this.#host = host;
     this.#root = root;
     // A part of a line has no size to an observer; where it comes out of hiding, its content gets one.
-    const sizes = new ResizeObserver(() => this.#look());
+    const sizes = new ResizeObserver(() => this.look());
     sizes.observe(host);
     sizes.observe(content);
   }
 
-  #look(): void {
-    const wasMade = this.#made;
+  // Whoever puts the element into a page asks for it: no change there is heard of while it stands in none.
+  look(): void {
+    const wasInLine = this.#inLine;
     this.#leave();
-    const { display } = getComputedStyle(this.#host);
-    // One that hides is listened for: shown again before the next frame, it has the size that it had.
-    if (display === "inline" || (wasMade && display === "none")) this.#make(this.#host.ownerDocument, display);
+    const isInLine = getComputedStyle(this.#host).display === "inline";
+    if (isInLine || (wasInLine && this.#host.isConnected)) this.#listen(this.#host.ownerDocument, isInLine);
   }
 
-  #make(page: Document, display: string): void {
-    const sheet = boxSheetOf(page);
+  #listen(page: Document, isInLine: boolean): void {
+    const sheet = isInLine ? boxSheetOf(page) : undefined;
     const listening = new AbortController();
-    this.#made = { sheet, listening };
-    if (display === "inline") this.#root.adoptedStyleSheets = [...this.#root.adoptedStyleSheets, sheet];
+    this.#inLine = { sheet, listening };
+    if (sheet) this.#root.adoptedStyleSheets = [...this.#root.adoptedStyleSheets, sheet];
     for (const tree of new Set([page, this.#host.getRootNode()])) this.#changes.observe(tree, everything);
     const { signal } = listening;
-    page.defaultView?.addEventListener("resize", () => this.#look(), { signal });
-    page.addEventListener("load", () => this.#look(), { capture: true, signal }); // of a style sheet
+    page.defaultView?.addEventListener("resize", () => this.look(), { signal });
+    page.addEventListener("load", () => this.look(), { capture: true, signal }); // of a style sheet
   }
 
   // What is as it was is not set again: the browser would look at every style anew.
   #leave(): void {
-    if (!this.#made) return;
-    const { sheet, listening } = this.#made;
-    this.#made = undefined;
-    this.#root.adoptedStyleSheets = this.#root.adoptedStyleSheets.filter((each) => each !== sheet);
+    if (!this.#inLine) return;
+    const { sheet, listening } = this.#inLine;
+    this.#inLine = undefined;
+    if (sheet) this.#root.adoptedStyleSheets = this.#root.adoptedStyleSheets.filter((each) => each !== sheet);
     this.#changes.disconnect();
     listening.abort();
   }

@@ -299,23 +299,28 @@ describe("a page's style", () => {
         assert.deepEqual(await size(), [600, 296]);
       });
 
-    test("can hide it and show it again within a frame", async () => {
-      await openInLine(`${line} .gone { display: none }`);
-      await page.evaluate(async () => {
-        const frame = () => new Promise((resume) => requestAnimationFrame(() => setTimeout(resume)));
-        LPctrl1.className = "gone";
-        await frame();
-        await frame();
-        LPctrl1.className = "";
-        // The frame that shows it ends with the style that makes it a box; its size then is told with the next one.
-        await frame();
-        LPctrl1.className = "gone";
-        await Promise.resolve();
-        LPctrl1.className = "";
+    // In the frame that makes it a box, whose size is told with the next one.
+    for (const [what, change, back] of [
+      ["hide it and show it again", () => element.classList.add("gone"), () => element.classList.remove("gone")],
+      ["turn the text around it", () => (around.className = "turned"), () => (around.className = "")],
+      ["take it out and put it back", () => element.remove(), () => around.append(element)],
+    ])
+      test(`can ${what} within a frame`, async () => {
+        await openStyled(
+          ".in-line { display: inline } .gone { display: none } .turned { writing-mode: vertical-rl }",
+          `<p id="around">voor ${problem()} na</p>`,
+        );
+        await page.evaluate(`(async () => {
+          globalThis.element = LPctrl1;
+          element.className = "in-line";
+          await new Promise((resume) => requestAnimationFrame(() => setTimeout(resume)));
+          (${change})();
+          await null;
+          (${back})();
+        })()`);
+        await untilBox();
+        assert.deepEqual(await size(), [600, 296]);
       });
-      await untilBox();
-      assert.deepEqual(await size(), [600, 296]);
-    });
 
     test("can hide it in a narrow window, and on paper", async () => {
       await openInLine(`${line} @media print, (max-width: 700px) { tabulon-lpctrl { display: none } }`);
