@@ -49,6 +49,7 @@ export class Page implements Surroundings {
   #menuOwner: ElementView | undefined;
   // The element that has the focus, or had it when the window last had it.
   #focused: ElementView | undefined;
+  #focusWaits = false;
 
   // The elements by the numbers of their surfaces. Held weakly: an element that its page has forgotten goes with
   // all that it shows.
@@ -143,11 +144,18 @@ export class Page implements Surroundings {
     this.send((module) => module.enter(element.surface.id));
   }
 
+  // Also told of an element that is being taken out of the page, while it still stands there. What took the focus then
+  // the browser would hold for good, and all that hangs on it: the focus goes to its place a moment later.
   left(element: ElementView): void {
     this.#loseFocus(element);
+    this.#focusWaits = true;
     this.send((module) => {
       if (this.#menuOwner === element) module.menu_dismiss();
       module.leave(element.surface.id);
+    });
+    queueMicrotask(() => {
+      this.#focusWaits = false;
+      this.#showFocus();
     });
   }
 
@@ -166,7 +174,7 @@ export class Page implements Surroundings {
   // Puts the page's focus where the control on top has its own.
   #showFocus(): void {
     const element = this.#withForms.at(-1) ?? this.#focused;
-    if (!element?.host.isConnected) return;
+    if (this.#focusWaits || !element?.host.isConnected) return;
     this.#turns.apply(() => {
       for (const form of element.forms) form.show();
       const menu = this.#menuOwner === element ? this.menu : undefined;
