@@ -6,7 +6,8 @@
 //   await walk.nodes();                          // of the page, those of its shadow trees too
 //   await walk.end();
 //
-// With `comeAndGo` there are more elements than one, and they are made, moved and removed too.
+// With `comeAndGo` there are more elements than one, and they are made, moved and removed too, and their page's style
+// changes.
 import assert from "node:assert/strict";
 import { noise, problem } from "./browser.mjs";
 
@@ -110,14 +111,15 @@ function targets() {
     .filter(([x, y]) => x > 0 && y > 0 && x < innerWidth && y < innerHeight);
 }
 
-// In the page: what is wrong with an element. Nothing may be, ever.
-function faultsOf(element) {
+// In the page: what is wrong with an element. Nothing may be, ever. `isAlone`: it always was the only one.
+function faultsOf(element, isAlone) {
   const root = element.shadowRoot;
   const found = [];
   const anyForm = [...document.querySelectorAll("tabulon-lpctrl")].some(({ shadowRoot }) =>
     shadowRoot.querySelector("dialog[open]"),
   );
   const expect = (holds, what) => holds || found.push(what);
+  expect(isBox(element), `${element.offsetWidth} by ${element.offsetHeight}`);
   const nodes = {};
   for (const node of root.querySelector(".surface").querySelectorAll("[data-name]"))
     (nodes[node.dataset.name] ??= []).push(node);
@@ -154,10 +156,14 @@ function faultsOf(element) {
     `txtTableau ${shown("txtTableau").map(place)}, not ${expected}`,
   );
 
-  // Headings that follow each other, from where the scroll bars stand; without a bar from the first.
-  const [first, top] = ["HScroll", "VScroll"].map((name) =>
-    shown(name).length ? Number(all(name)[0].ariaValueNow) : 1,
-  );
+  // Headings that follow each other, from where the scroll bars stand; without a bar from the first. Where another
+  // element has scrolled, the tableau that they share has, and not the bars of this one.
+  const start = (bar, heading) => {
+    if (!isAlone) return Number(shown(heading)[0]?.textContent);
+    return shown(bar).length ? Number(all(bar)[0].ariaValueNow) : 1;
+  };
+  const first = start("HScroll", "lblKLM");
+  const top = start("VScroll", "lblRij");
   for (const [at, label] of shown("lblKLM").entries())
     expect(Number(label.textContent) === first + at, `column ${label.textContent} at ${at}, from ${first}`);
   for (const [at, label] of shown("lblRij").entries())
@@ -205,19 +211,30 @@ const inPage = `{
     static now() { return ten + (Real.now() - begin) * 100; }
   };
 }
+document.adoptedStyleSheets = [new CSSStyleSheet()];
+document.adoptedStyleSheets[0].replaceSync(\`
+  .in-line { display: inline }
+  .flexible { display: flex }
+  .gone { display: none }
+  .turned { writing-mode: vertical-rl }
+\`);
 globalThis.elements = () => [...document.querySelectorAll("tabulon-lpctrl")];
+globalThis.isBox = (element) => {
+  const { offsetWidth, offsetHeight } = element;
+  return !element.checkVisibility() || (offsetWidth === 600 && offsetHeight === 296);
+};
 globalThis.waitForThePerson = (limit) => new Promise((resolve) => {
   const end = performance.now() + limit;
   const look = () => {
-    if (!elements().some((element) => element.hasAttribute("aria-busy"))) resolve(true);
+    if (!elements().some((element) => element.hasAttribute("aria-busy") || !isBox(element))) resolve(true);
     else if (performance.now() > end) resolve(false);
     else setTimeout(look, 100);
   };
   look();
 });
-globalThis.afterwards = async (limit) => {
+globalThis.afterwards = async (limit, isAlone) => {
   if (!(await waitForThePerson(limit))) return { found: ["a control works on and on"], forms: [], menus: [] };
-  const all = elements().map(${faultsOf});
+  const all = elements().map((element) => (${faultsOf})(element, isAlone));
   return Object.fromEntries(["found", "forms", "menus"].map((name) => [name, all.flatMap((each) => each[name])]));
 };`;
 
@@ -253,6 +270,19 @@ function changeElements(what, at, most) {
   else if (what === "remove" && all.length > 1) element.remove();
   else place.prepend(element);
   return `${what} ${at}`;
+}
+
+// In the page: styles of one of the elements, and of what is around it, come and go; some in the same frame.
+async function restyle(at, changes) {
+  const all = document.querySelectorAll("tabulon-lpctrl");
+  const element = all[at % all.length];
+  const frame = () => new Promise((resume) => requestAnimationFrame(() => setTimeout(resume)));
+  for (const [style, wait] of changes) {
+    (style === "turned" ? element.parentNode : element).classList.toggle(style);
+    await (wait ? frame() : null);
+  }
+  element.classList.remove("gone");
+  return `${at}: ${changes.map(([style, wait]) => style + wait)}`;
 }
 
 // In the page.
@@ -294,6 +324,7 @@ class Walk {
   constructor(page, seed, comeAndGo) {
     this.page = page;
     this.seed = seed;
+    this.isAlone = !comeAndGo;
     this.#random = randomNumbers(seed);
     const often = (times, doing) => Array(times).fill(doing);
     this.#doings = [
@@ -303,7 +334,7 @@ class Walk {
       this.chooseSomething,
       ...often(2, this.answerSomething),
       this.scriptSomething,
-      ...(comeAndGo ? [this.comeOrGo] : []),
+      ...(comeAndGo ? [this.comeOrGo, this.changeStyle] : []),
     ];
   }
 
@@ -313,7 +344,7 @@ class Walk {
     this.#begun = doing.name;
     try {
       this.#done.push(await doing.call(this));
-      const { found, ...open } = await this.page.evaluate(`afterwards(${patience})`);
+      const { found, ...open } = await this.page.evaluate(`afterwards(${patience}, ${this.isAlone})`);
       assert.deepEqual(found, []);
       assert.deepEqual(noise(this.page), []);
       return open;
@@ -399,6 +430,12 @@ class Walk {
       this.#random(mostElements),
       mostElements,
     );
+
+  changeStyle() {
+    const change = () => [this.#one(["in-line", "in-line", "flexible", "gone", "turned"]), this.#random(2)];
+    const changes = Array.from({ length: 1 + this.#random(5) }, change);
+    return this.page.evaluate(restyle, this.#random(mostElements), changes);
+  }
 }
 
 export async function startWalk(browser, { seed, comeAndGo = false }) {
