@@ -9,6 +9,8 @@ export class OwnBox {
   readonly #host: HTMLElement;
   readonly #root: ShadowRoot;
   readonly #changes = new MutationObserver(() => this.look());
+  // A part of a line has no size to it; where the element comes out of hiding, its content gets one.
+  readonly #sizes = new ResizeObserver(() => this.look());
   // Once the page has made the element a part of a line: the style that makes it a box, while it is needed, and what ends
   // the listening. That goes on when the page makes something else of it: what changes back within a frame has for the
   // observer of sizes the size that it had.
@@ -18,10 +20,8 @@ export class OwnBox {
   constructor(host: HTMLElement, root: ShadowRoot, content: HTMLElement) {
     this.#host = host;
     this.#root = root;
-    // A part of a line has no size to an observer; where it comes out of hiding, its content gets one.
-    const sizes = new ResizeObserver(() => this.look());
-    sizes.observe(host);
-    sizes.observe(content);
+    this.#sizes.observe(host);
+    this.#sizes.observe(content);
   }
 
   // Whoever puts the element into a page asks for it: no change there is heard of while it stands in none.
@@ -36,7 +36,11 @@ export class OwnBox {
     const sheet = isInLine ? boxSheetOf(page) : undefined;
     const listening = new AbortController();
     this.#inLine = { sheet, listening };
-    if (sheet) this.#root.adoptedStyleSheets = [...this.#root.adoptedStyleSheets, sheet];
+    if (sheet) {
+      // The size that it gets is our doing: told of it, the page would hear of a loop.
+      this.#sizes.unobserve(this.#host);
+      this.#root.adoptedStyleSheets = [...this.#root.adoptedStyleSheets, sheet];
+    }
     for (const tree of new Set([page, this.#host.getRootNode()])) this.#changes.observe(tree, everything);
     const { signal } = listening;
     page.defaultView?.addEventListener("resize", () => this.look(), { signal });
@@ -48,7 +52,10 @@ export class OwnBox {
     if (!this.#inLine) return;
     const { sheet, listening } = this.#inLine;
     this.#inLine = undefined;
-    if (sheet) this.#root.adoptedStyleSheets = this.#root.adoptedStyleSheets.filter((each) => each !== sheet);
+    if (sheet) {
+      this.#sizes.observe(this.#host);
+      this.#root.adoptedStyleSheets = this.#root.adoptedStyleSheets.filter((each) => each !== sheet);
+    }
     this.#changes.disconnect();
     listening.abort();
   }

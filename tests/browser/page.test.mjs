@@ -332,6 +332,18 @@ describe("a page's style", () => {
       assert.equal(await page.$eval("tabulon-lpctrl", (element) => getComputedStyle(element).display), "none");
     });
 
+    test("hears of no error when it makes it so", async () => {
+      await openStyled("tabulon-lpctrl.in-line { display: inline }", `<p>voor ${problem()} na</p>`);
+      await page.evaluate(() => {
+        globalThis.errors = [];
+        addEventListener("error", ({ message }) => errors.push(message));
+        LPctrl1.className = "in-line";
+      });
+      await untilBox();
+      await page.evaluate(() => new Promise((resume) => requestAnimationFrame(() => setTimeout(resume))));
+      assert.deepEqual(await page.evaluate(() => errors), []);
+    });
+
     test("may make another box of it", async () => {
       await openInLine();
       await page.evaluate(() => (LPctrl1.style.display = "block"));
