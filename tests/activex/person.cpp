@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <atomic>
+#include <chrono>
+#include <thread>
 #include <utility>
 #include <vector>
 
@@ -139,13 +141,25 @@ void expect_to_come(unsigned what, const Person::Stroke& stroke) {
   expected = alone ? what : nothing;
 }
 
+// Two presses at the same place are two clicks, however fast the test runs: the second comes later than
+// within the shortest time that makes them one.
+constexpr UINT double_click_milliseconds = 1;
+std::chrono::steady_clock::time_point last_press;
+
+void wait_for_another_click() {
+  constexpr std::chrono::milliseconds longer{double_click_milliseconds + 1};
+  std::this_thread::sleep_until(last_press + longer);
+}
+
 void send_mouse(POINT at, unsigned buttons) {
   std::vector<INPUT> all{mouse_event(0, at)};
   if (buttons & a_press) all.push_back(mouse_event(MOUSEEVENTF_LEFTDOWN, at));
   if (buttons & a_release) all.push_back(mouse_event(MOUSEEVENTF_LEFTUP, at));
   mouse_place = at;
   expect_to_come(buttons, {});
+  if (buttons & a_press) wait_for_another_click();
   send(std::move(all));
+  if (buttons & a_press) last_press = std::chrono::steady_clock::now();
 }
 
 bool marker_passes() {
@@ -160,8 +174,7 @@ Person::Person(const WindowThread& windows)
     : hook_(SetWindowsHookExW(WH_GETMESSAGE, see_message, nullptr, windows.id())) {
   marker_seen = CreateEventW(nullptr, false, false, nullptr);
   nothing_is_under_way = true;
-  // Two clicks at the same place are two clicks, however fast the test runs.
-  SetDoubleClickTime(1);
+  SetDoubleClickTime(double_click_milliseconds);
 }
 
 Person::~Person() {
