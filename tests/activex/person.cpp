@@ -141,8 +141,8 @@ void expect_to_come(unsigned what, const Person::Stroke& stroke) {
   expected = alone ? what : nothing;
 }
 
-// Two presses at the same place are two clicks, however fast the test runs: the second comes later than
-// within the shortest time that makes them one.
+// Two presses at the same place are two clicks, however fast the test runs: the second comes when the
+// shortest time in which they would be one is over.
 constexpr UINT double_click_milliseconds = 1;
 std::chrono::steady_clock::time_point last_press;
 

@@ -1,4 +1,4 @@
-// What the scripts weigh on their way to a page, in thousands of bytes, and that they are the same when they are there.
+// What the scripts weigh on their way to a page, in thousands of bytes, and that every page reads them alike.
 import assert from "node:assert/strict";
 import { existsSync, readFileSync, readdirSync } from "node:fs";
 import { join } from "node:path";
